@@ -1,0 +1,26 @@
+#pragma once
+
+#include <stylereader/stylereader_export.h>
+
+#include <QHash>
+#include <QList>
+#include <QString>
+
+/// Turns style resource files into a map from id to value text.
+///
+/// Grammar, UTF-8, one entry per line: `@ID: value`, optionally ending in `;`. The value is
+/// trimmed and may hold blanks and quotes. Blank lines, `// ...` lines and `/* ... */` blocks are
+/// ignored. A value that is exactly another `@ID` resolves to that entry's value once every file
+/// is read; later files override earlier ones. Palette files hold `[PaletteName]` sections, each
+/// followed by entries. Problems (missing file, malformed line, unknown or cyclic reference,
+/// unknown palette) are warned about and the rest is still read. Ids are returned without the @.
+class STYLEREADER_EXPORT StyleReader
+{
+public:
+    StyleReader() = default;
+
+    QHash<QString, QString> convertFilesToStyleMap(const QList<QString>& files);
+    /// The entries of one palette section; an unknown palette gives a warning and an empty map.
+    QHash<QString, QString> convertFilesToStyleMap(const QString& paletteName,
+                                                   const QString& paletteFile);
+};
