@@ -172,7 +172,8 @@ QFont StyleManager::getCompleteFont(const QString& fontId) const
     }
     QFont font;
     font.setFamily(match.captured(2));
-    // An empty digit run converts to 0 and is passed on unchanged: QFont ignores it.
+    // An empty digit run converts to 0 and is passed on unchanged; QFont then warns and keeps
+    // its default size, which is what styles that give a family alone have always got.
     font.setPixelSize(match.captured(1).toInt(nullptr, 10));
     return font;
 }
