@@ -14,12 +14,12 @@ namespace {
 class TestStyleManager : public StyleManager
 {
 public:
+    using StyleManager::getDateTimeFormats;
+    using StyleManager::getSizes;
     using StyleManager::setColorPalette;
     using StyleManager::setDateTimeFormats;
     using StyleManager::setFonts;
     using StyleManager::setSizes;
-    using StyleManager::getDateTimeFormats;
-    using StyleManager::getSizes;
 };
 
 using StyleMap = QHash<QString, QString>;
@@ -91,10 +91,8 @@ void tst_StyleManager::cleanup()
 
 void tst_StyleManager::colors()
 {
-    manager.setColorPalette({{"@RED", "#ff0000"},
-                             {"@HALF", "#80102030"},
-                             {"@NAMED", "steelblue"},
-                             {"@EMPTY", ""}});
+    manager.setColorPalette(
+        {{"@RED", "#ff0000"}, {"@HALF", "#80102030"}, {"@NAMED", "steelblue"}, {"@EMPTY", ""}});
     QCOMPARE(manager.getColor("@RED"), QColor(255, 0, 0));
     QCOMPARE(manager.getColor("@HALF"), QColor(0x10, 0x20, 0x30, 0x80));
     QCOMPARE(manager.getColor("@NAMED"), QColor("steelblue"));
@@ -181,8 +179,7 @@ void tst_StyleManager::fontBoolValue_data()
     QTest::newRow("one") << "1" << false
                          << "StyleManager : could not properly convert property value \"1\" "
                             "for id \"@B\"";
-    QTest::newRow("empty") << "" << false
-                           << "StyleManager : font property not found for id \"@B\"";
+    QTest::newRow("empty") << "" << false << "StyleManager : font property not found for id \"@B\"";
 }
 
 void tst_StyleManager::fontBoolValue()
@@ -240,14 +237,12 @@ void tst_StyleManager::lineHeight_data()
 
     QTest::newRow("present") << QHash<QString, QString> {{"@F-line-height", "1.25"}} << 1.25
                              << QString();
-    QTest::newRow("font entry alone is not a line height")
-        << QHash<QString, QString> {{"@F", "1.5"}} << 0.1
-        << "StyleManager : line-height not found for font id \"@F\"";
+    QTest::newRow("font entry alone is not a line height") << QHash<QString, QString> {
+        {"@F", "1.5"}} << 0.1 << "StyleManager : line-height not found for font id \"@F\"";
     QTest::newRow("empty") << QHash<QString, QString> {{"@F-line-height", ""}} << 0.1
                            << "StyleManager : line-height not found for font id \"@F\"";
-    QTest::newRow("not a number")
-        << QHash<QString, QString> {{"@F-line-height", "normal"}} << 0.1
-        << "StyleManager : Invalid line-height format for id \"@F\"";
+    QTest::newRow("not a number") << QHash<QString, QString> {{"@F-line-height", "normal"}} << 0.1
+                                  << "StyleManager : Invalid line-height format for id \"@F\"";
 }
 
 void tst_StyleManager::lineHeight()
@@ -266,10 +261,14 @@ void tst_StyleManager::fontFamilies_data()
     QTest::addColumn<QString>("value");
     QTest::addColumn<QString>("forQFont");
 
-    QTest::newRow("quoted") << "\"DejaVu Sans\"" << "DejaVu Sans";
-    QTest::newRow("unquoted") << "DejaVu Sans" << "DejaVu Sans";
-    QTest::newRow("opening quote only loses last character") << "\"DejaVu Sans" << "DejaVu San";
-    QTest::newRow("just a quote") << "\"" << "";
+    QTest::newRow("quoted") << "\"DejaVu Sans\""
+                            << "DejaVu Sans";
+    QTest::newRow("unquoted") << "DejaVu Sans"
+                              << "DejaVu Sans";
+    QTest::newRow("opening quote only loses last character") << "\"DejaVu Sans"
+                                                             << "DejaVu San";
+    QTest::newRow("just a quote") << "\""
+                                  << "";
 }
 
 void tst_StyleManager::fontFamilies()
@@ -293,16 +292,15 @@ void tst_StyleManager::fontFamilies()
 void tst_StyleManager::deprecatedGetFontWarns()
 {
     manager.setFonts({{"@F", "\"Serif\""}});
-    QTest::ignoreMessage(QtWarningMsg,
-                         "StyleManager::getFont  is deprecated. Use getFontFamily instead.");
+    QTest::ignoreMessage(
+        QtWarningMsg, "StyleManager::getFont  is deprecated. Use getFontFamily instead.");
     QCOMPARE(manager.getFont("@F"), QString("\"Serif\""));
 }
 
 void tst_StyleManager::dateFormatFallsBackToGenericFormat()
 {
-    manager.setDateTimeFormats(QHash<QString, QString> {{"@DATE_FORMAT", "dd.MM.yyyy"},
-                                                        {"@SHORT_DATE_FORMAT", "d.M.yy"},
-                                                        {"@EMPTY", ""}});
+    manager.setDateTimeFormats(QHash<QString, QString> {
+        {"@DATE_FORMAT", "dd.MM.yyyy"}, {"@SHORT_DATE_FORMAT", "d.M.yy"}, {"@EMPTY", ""}});
     QCOMPARE(manager.getDateFormat("@SHORT_DATE_FORMAT"), QString("d.M.yy"));
 
     QTest::ignoreMessage(QtWarningMsg, "StyleManager : format not found for id \"@UNKNOWN\"");
@@ -321,9 +319,8 @@ void tst_StyleManager::formatting()
 {
     const QDateTime when(QDate(2024, 3, 5), QTime(14, 7, 9));
     manager.setDateTimeFormats(QHash<QString, QString> {{"@DATE_FORMAT", "yyyy/MM/dd"},
-                                                        {"@DATE_TIME_FORMAT", "dd.MM.yyyy HH:mm"},
-                                                        {"@LONG_DATE_TIME_FORMAT", "yyyy HH"},
-                                                        {"@TIME_FORMAT", "HH:mm:ss"}});
+        {"@DATE_TIME_FORMAT", "dd.MM.yyyy HH:mm"}, {"@LONG_DATE_TIME_FORMAT", "yyyy HH"},
+        {"@TIME_FORMAT", "HH:mm:ss"}});
     QCOMPARE(manager.formatDateTime(when), QString("05.03.2024 14:07"));
     QCOMPARE(manager.formatLongDateTime(when), QString("2024 14"));
     QCOMPARE(manager.formatTime(when.time()), QString("14:07:09"));
@@ -335,28 +332,23 @@ void tst_StyleManager::formatting()
     QTest::ignoreMessage(QtWarningMsg, "StyleManager : format not found for id \"@TIME_FORMAT\"");
     QCOMPARE(manager.formatTime(when.time()), QString("14-07"));
 
-    QTest::ignoreMessage(QtWarningMsg,
-                         "StyleManager : format not found for id \"@DATE_TIME_FORMAT\"");
+    QTest::ignoreMessage(
+        QtWarningMsg, "StyleManager : format not found for id \"@DATE_TIME_FORMAT\"");
     QCOMPARE(manager.formatDateTime(when), QString());
-    QTest::ignoreMessage(QtWarningMsg,
-                         "StyleManager : format not found for id \"@LONG_DATE_TIME_FORMAT\"");
+    QTest::ignoreMessage(
+        QtWarningMsg, "StyleManager : format not found for id \"@LONG_DATE_TIME_FORMAT\"");
     QCOMPARE(manager.formatLongDateTime(when), QString());
 }
 
 void tst_StyleManager::commonFormatsOverwriteEvenWhenEmpty()
 {
-    manager.setDateTimeFormats(QHash<QString, QString> {
-        {"@SHORT_DATE_FORMAT", "dd.MM.yyyy"},
-        {"@DATE_TIME_WITH_SECONDS_FORMAT", "ss"},
-        {"@TIME_FORMAT", "HH:mm"}});
+    manager.setDateTimeFormats(QHash<QString, QString> {{"@SHORT_DATE_FORMAT", "dd.MM.yyyy"},
+        {"@DATE_TIME_WITH_SECONDS_FORMAT", "ss"}, {"@TIME_FORMAT", "HH:mm"}});
     manager.setDateTimeFormats(CommonDateTimeFormats {"d/M/yy", "long", "dt", "ldt", ""});
     QCOMPARE(manager.getDateTimeFormats(),
-             (QHash<QString, QString> {{"@SHORT_DATE_FORMAT", "d/M/yy"},
-                                       {"@LONG_DATE_FORMAT", "long"},
-                                       {"@DATE_TIME_FORMAT", "dt"},
-                                       {"@LONG_DATE_TIME_FORMAT", "ldt"},
-                                       {"@TIME_FORMAT", ""},
-                                       {"@DATE_TIME_WITH_SECONDS_FORMAT", "ss"}}));
+        (QHash<QString, QString> {{"@SHORT_DATE_FORMAT", "d/M/yy"}, {"@LONG_DATE_FORMAT", "long"},
+            {"@DATE_TIME_FORMAT", "dt"}, {"@LONG_DATE_TIME_FORMAT", "ldt"}, {"@TIME_FORMAT", ""},
+            {"@DATE_TIME_WITH_SECONDS_FORMAT", "ss"}}));
 }
 
 void tst_StyleManager::createTwiceSecondWins()
@@ -377,10 +369,10 @@ void tst_StyleManager::createTwiceSecondWins()
     QVERIFY(StyleManager::hasManager());
     QCOMPARE(StyleManager::manager().getColor("@WHICH"), QColor(1, 1, 1));
 
-    QTest::ignoreMessage(QtWarningMsg,
-                         "Trying to create the StyleManager twice. This is a flow issue.");
-    StyleManager::createManager(provider(second),
-                                CommonDateTimeFormats {"s", "l", "dt", "ldt", "t"});
+    QTest::ignoreMessage(
+        QtWarningMsg, "Trying to create the StyleManager twice. This is a flow issue.");
+    StyleManager::createManager(
+        provider(second), CommonDateTimeFormats {"s", "l", "dt", "ldt", "t"});
     QCOMPARE(StyleManager::manager().getColor("@WHICH"), QColor(2, 2, 2));
     QCOMPARE(StyleManager::manager().getDateFormat("@TIME_FORMAT"), QString("t"));
 
@@ -392,8 +384,8 @@ void tst_StyleManager::createTwiceSecondWins()
 void tst_StyleManager::lazyManagerLoadsDefaultStyle()
 {
     QVERIFY(!StyleManager::hasManager());
-    QTest::ignoreMessage(QtWarningMsg,
-                         "Trying to get the StyleManager before calling createManager");
+    QTest::ignoreMessage(
+        QtWarningMsg, "Trying to get the StyleManager before calling createManager");
     StyleManager& lazy = StyleManager::manager();
     QVERIFY(StyleManager::hasManager());
     QCOMPARE(&StyleManager::manager(), &lazy); // warns only once
@@ -418,7 +410,7 @@ void tst_StyleManager::providerReadsAfreshEveryCall()
 
     QVERIFY(writeFile(more, "@B: 4;\n@C: 5;\n"));
     QCOMPARE(provider.getDimensions(),
-             (QHash<QString, QString> {{"@A", "1"}, {"@B", "4"}, {"@C", "5"}}));
+        (QHash<QString, QString> {{"@A", "1"}, {"@B", "4"}, {"@C", "5"}}));
 }
 
 void tst_StyleManager::paletteReplacesColorFiles()
@@ -433,7 +425,7 @@ void tst_StyleManager::paletteReplacesColorFiles()
     QVERIFY(lightColors.contains("@BACKGROUND_COLOR"));
     QCOMPARE(lightColors.keys().size(), darkColors.keys().size());
     QVERIFY(QColor(lightColors.value("@BACKGROUND_COLOR")).lightness()
-            > QColor(darkColors.value("@BACKGROUND_COLOR")).lightness());
+        > QColor(darkColors.value("@BACKGROUND_COLOR")).lightness());
 }
 
 void tst_StyleManager::defaultStyleHasEveryIdTheLibraryUses()
@@ -452,13 +444,11 @@ void tst_StyleManager::defaultStyleHasEveryIdTheLibraryUses()
     QCOMPARE(style.formatDateTime(when), QString("05.03.2024 14:07"));
     QVERIFY(!style.formatLongDateTime(when).isEmpty());
     QCOMPARE(style.formatTime(when.time()), QString("14:07"));
-    for (const QString& id :
-         {StyleManager::SHORT_DATE_FORMAT, StyleManager::LONG_DATE_FORMAT,
-          StyleManager::DATE_TIME_FORMAT, StyleManager::LONG_DATE_TIME_FORMAT,
-          StyleManager::DATE_TIME_WITH_SECONDS_FORMAT, StyleManager::TIME_FORMAT,
-          StyleManager::DATE_FORMAT}) {
-        // Empty ids are treated as missing, so a present id would still pass a fallback check:
-        // compare against what the fallback would give instead.
+    for (const QString& id : {StyleManager::SHORT_DATE_FORMAT, StyleManager::LONG_DATE_FORMAT,
+             StyleManager::DATE_TIME_FORMAT, StyleManager::LONG_DATE_TIME_FORMAT,
+             StyleManager::DATE_TIME_WITH_SECONDS_FORMAT, StyleManager::TIME_FORMAT,
+             StyleManager::DATE_FORMAT}) {
+        // A missing id would warn (and fall back), and any warning fails this test.
         QVERIFY2(!style.getDateFormat(id).isEmpty(), qPrintable(id));
     }
     QVERIFY(style.getDateFormat("@DATE_TIME_WITH_SECONDS_FORMAT").contains("ss"));
@@ -476,8 +466,8 @@ void tst_StyleManager::palettesHoldEveryDefaultColor()
     QFETCH(QString, palette);
     const QHash<QString, QString> defaults = StyleManagerDataProvider().getColorPalette();
     QVERIFY(!defaults.isEmpty());
-    StyleManager::createManager(StyleManagerDataProvider(
-        StyleManagerDataProvider::Data({}, {}, {}, {}, palette)));
+    StyleManager::createManager(
+        StyleManagerDataProvider(StyleManagerDataProvider::Data({}, {}, {}, {}, palette)));
     for (auto it = defaults.cbegin(); it != defaults.cend(); ++it) {
         QVERIFY2(QColor(it.value()).isValid(), qPrintable(it.key()));
         QVERIFY2(StyleManager::manager().getColor(it.key()).isValid(), qPrintable(it.key()));
@@ -514,8 +504,8 @@ void tst_StyleManager::qmlInvokableGetters()
 
     QCOMPARE(StyleManager::pixelSize(17), 17);
     int size = 0;
-    QVERIFY(QMetaObject::invokeMethod(&manager, "pixelSize", Q_RETURN_ARG(int, size),
-                                      Q_ARG(int, 12)));
+    QVERIFY(
+        QMetaObject::invokeMethod(&manager, "pixelSize", Q_RETURN_ARG(int, size), Q_ARG(int, 12)));
     QCOMPARE(size, 12);
 }
 
