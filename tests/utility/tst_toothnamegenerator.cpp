@@ -288,7 +288,7 @@ void tst_ToothNameGenerator::rangeLists()
     QCOMPARE(
         ToothNameGenerator::getName(QList<Tooth> {tooth(1), tooth(32)}, "/"), QString("18/48"));
     QCOMPARE(ToothNameGenerator::getName(QList<Tooth> {tooth(1), tooth(32)}, "UNIV", " - "),
-        QString("1 - 32 "));
+        QString("1 - 32- "));
     QCOMPARE(ToothNameGenerator::getName(QList<Tooth>(), "/"), QString());
 }
 
