@@ -24,6 +24,26 @@ public:
 
 using StyleMap = QHash<QString, QString>;
 
+// Replaces the virtual hooks, as a derived manager may: the public getters must go through them.
+class OverridingStyleManager : public StyleManager
+{
+public:
+    QString getDateFormat(const QString& formatId) const override
+    {
+        return formatId == QLatin1String("@TIME_FORMAT") ? QStringLiteral("mm") : QString();
+    }
+
+private:
+    QString doGetFontFamily(const QString& fontId) const override
+    {
+        return QLatin1Char('"') + fontId + QLatin1Char('"');
+    }
+    int getIntegerFontProperty(const QString& fontPropertyId) const override
+    {
+        return int(fontPropertyId.size());
+    }
+};
+
 QString quoted(const QString& text)
 {
     return QLatin1Char('"') + text + QLatin1Char('"');
@@ -62,6 +82,7 @@ private Q_SLOTS:
     void dateFormatFallsBackToGenericFormat();
     void formatting();
     void commonFormatsOverwriteEvenWhenEmpty();
+    void gettersGoThroughVirtualHooks();
     void createTwiceSecondWins();
     void lazyManagerLoadsDefaultStyle();
     void providerReadsAfreshEveryCall();
@@ -349,6 +370,20 @@ void tst_StyleManager::commonFormatsOverwriteEvenWhenEmpty()
         (QHash<QString, QString> {{"@SHORT_DATE_FORMAT", "d/M/yy"}, {"@LONG_DATE_FORMAT", "long"},
             {"@DATE_TIME_FORMAT", "dt"}, {"@LONG_DATE_TIME_FORMAT", "ldt"}, {"@TIME_FORMAT", ""},
             {"@DATE_TIME_WITH_SECONDS_FORMAT", "ss"}}));
+}
+
+void tst_StyleManager::gettersGoThroughVirtualHooks()
+{
+    const OverridingStyleManager overriding;
+    QCOMPARE(overriding.formatTime(QTime(14, 7, 9)), QString("07"));
+    QCOMPARE(overriding.getFontFamily("@ABC"), QString("\"@ABC\""));
+    QCOMPARE(overriding.getFontFamilyForQml("@ABC"), QString("\"@ABC\""));
+    QCOMPARE(overriding.getFontFamilyForQFont("@ABC"), QString("@ABC"));
+    QCOMPARE(overriding.getFontSize("@ABC"), 4);
+    QCOMPARE(overriding.getFontWeight("@ABCDE"), 6);
+    QTest::ignoreMessage(
+        QtWarningMsg, "StyleManager::getFont  is deprecated. Use getFontFamily instead.");
+    QCOMPARE(overriding.getFont("@X"), QString("\"@X\""));
 }
 
 void tst_StyleManager::createTwiceSecondWins()
