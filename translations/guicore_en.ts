@@ -12,6 +12,10 @@
         <translation type="unfinished"></translation>
     </message>
     <message>
+        <source>March</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
         <source>April</source>
         <translation type="unfinished"></translation>
     </message>
@@ -45,10 +49,6 @@
     </message>
     <message>
         <source>December</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>March</source>
         <translation type="unfinished"></translation>
     </message>
 </context>
