@@ -75,7 +75,8 @@ void QImageHelper::removeAlphaChannel(QImage& image, const QColor& colour)
         const qsizetype bytesPerLine = image.bytesPerLine();
         uchar* bits = image.bits();
         // The loop runs over the linear pixel index; each task walks its index range row by row
-        // and writes only its own pixels, so the tasks need no synchronisation.
+        // and writes only its own pixels, so the tasks need no synchronisation. The same pass
+        // makes every pixel opaque, which turns the conversion to RGB32 into a relabelling.
         tbb::parallel_for(
             tbb::blocked_range<qint64>(0, pixelCount),
             [=](const tbb::blocked_range<qint64>& range) {
@@ -86,15 +87,17 @@ void QImageHelper::removeAlphaChannel(QImage& image, const QColor& colour)
                     const qint64 runEnd = qMin<qint64>(range.end(), (y + 1) * width);
                     auto* line = reinterpret_cast<QRgb*>(bits + y * bytesPerLine);
                     for (qint64 i = x, n = x + (runEnd - index); i < n; ++i) {
-                        if (qAlpha(line[i]) == 0)
-                            line[i] = fill;
+                        const QRgb pixel = line[i];
+                        line[i] = qAlpha(pixel) == 0 ? fill : (pixel | 0xff000000u);
                     }
                     index = runEnd;
                 }
             },
             tbb::auto_partitioner());
+        image.reinterpretAsFormat(QImage::Format_RGB32);
+        return;
     }
-    image = image.convertToFormat(QImage::Format_RGB32);
+    image.convertTo(QImage::Format_RGB32);
 }
 
 QString QImageHelper::streamToBase64(const QImage& image)
