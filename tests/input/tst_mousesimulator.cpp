@@ -7,35 +7,36 @@
 #include <QSignalSpy>
 #include <QTest>
 #include <QWheelEvent>
-#include <QWidget>
 
 namespace {
 
-QString buttonName(Qt::MouseButtons buttons)
+QString names(Qt::MouseButtons buttons)
 {
-    QStringList names;
+    QStringList list;
     if (buttons & Qt::LeftButton)
-        names << QStringLiteral("Left");
+        list << QStringLiteral("Left");
     if (buttons & Qt::RightButton)
-        names << QStringLiteral("Right");
-    return names.join(QLatin1Char('|'));
+        list << QStringLiteral("Right");
+    return list.join(QLatin1Char('|'));
 }
 
-// Logs the mouse events it receives, in order, as readable lines. The tests do not spin the
-// event loop after simulating, so the hover that the platform itself queues after
-// QCursor::setPos is not mixed in: the log shows exactly what the simulator delivered.
+// Logs the mouse events it receives as readable lines, in order. The tests do not spin the event
+// loop after simulating, so the hover that the platform itself queues after QCursor::setPos is
+// not mixed in: the log shows exactly what the simulator delivered.
 class MouseLog : public QWidget
 {
 public:
-    MouseLog() { setMouseTracking(true); }
-
+    using QWidget::QWidget;
     QStringList log;
 
 protected:
-    void mousePressEvent(QMouseEvent* event) override { record(QStringLiteral("press"), event); }
+    void mousePressEvent(QMouseEvent* event) override
+    {
+        record("press " + names(event->button()), event);
+    }
     void mouseReleaseEvent(QMouseEvent* event) override
     {
-        record(QStringLiteral("release"), event);
+        record("release " + names(event->button()), event);
     }
     void mouseMoveEvent(QMouseEvent* event) override { record(QStringLiteral("move"), event); }
     void wheelEvent(QWheelEvent* event) override
@@ -49,14 +50,11 @@ protected:
 private:
     void record(const QString& what, QMouseEvent* event)
     {
-        QString line = QStringLiteral("%1 at %2,%3 [%4]")
-                           .arg(what)
-                           .arg(event->position().x())
-                           .arg(event->position().y())
-                           .arg(buttonName(event->buttons()));
-        if (event->button() != Qt::NoButton)
-            line.insert(what.size(), QLatin1Char(' ') + buttonName(event->button()));
-        log << line;
+        log << QStringLiteral("%1 at %2,%3 [%4]")
+                   .arg(what)
+                   .arg(event->position().x())
+                   .arg(event->position().y())
+                   .arg(names(event->buttons()));
     }
 };
 
@@ -73,15 +71,17 @@ private Q_SLOTS:
     void moveWarpsPointer();
     void pressAndRelease_data();
     void pressAndRelease();
-    void pressWithoutButtonSendsNothing();
     void clickClicksButton();
-    void scroll_data();
     void scroll();
     void dragKeepsReceiver();
-    void nothingUnderPointer();
 
 private:
-    QPoint globalAt(int x, int y) const { return window->mapToGlobal(QPoint(x, y)); }
+    void moveTo(const QPoint& local)
+    {
+        const QPoint global = window->mapToGlobal(local);
+        simulator->move(global.x(), global.y());
+        target->log.clear();
+    }
 
     std::unique_ptr<QWidget> window;
     MouseLog* target = nullptr;
@@ -93,15 +93,15 @@ void tst_MouseSimulator::init()
 {
     QTest::failOnWarning(QRegularExpression(".*"));
 
-    // Plain geometries: a layout with fixed sizes makes the offscreen platform warn.
+    // A 200 x 100 logging area above a 200 x 50 button. Plain geometries: a layout with fixed
+    // sizes makes the offscreen platform warn.
     window = std::make_unique<QWidget>();
-    target = new MouseLog;
-    target->setParent(window.get());
+    target = new MouseLog(window.get());
+    target->setMouseTracking(true);
     target->setGeometry(0, 0, 200, 100);
     button = new QPushButton(QStringLiteral("Press"), window.get());
     button->setGeometry(0, 100, 200, 50);
-    window->resize(200, 150);
-    window->move(120, 90);
+    window->setGeometry(120, 90, 200, 150);
     window->show();
     QVERIFY(QTest::qWaitForWindowExposed(window.get()));
     QCoreApplication::processEvents();
@@ -119,11 +119,11 @@ void tst_MouseSimulator::cleanup()
 
 void tst_MouseSimulator::moveWarpsPointer()
 {
-    const QPoint point = globalAt(50, 60);
+    const QPoint point = window->mapToGlobal(QPoint(50, 60));
     simulator->move(point.x(), point.y());
 
     QCOMPARE(QCursor::pos(), point);
-    QCOMPARE(target->log, QStringList {QStringLiteral("move at 50,60 []")});
+    QCOMPARE(target->log, QStringList {"move at 50,60 []"});
 }
 
 void tst_MouseSimulator::pressAndRelease_data()
@@ -140,6 +140,7 @@ void tst_MouseSimulator::pressAndRelease_data()
                           << QStringList {"press Left at 30,40 [Left]",
                                  "press Right at 30,40 [Left|Right]",
                                  "release Left at 30,40 [Right]", "release Right at 30,40 []"};
+    QTest::newRow("none") << MouseSimulator::Buttons(MouseSimulator::NoButton) << QStringList();
 }
 
 void tst_MouseSimulator::pressAndRelease()
@@ -147,34 +148,17 @@ void tst_MouseSimulator::pressAndRelease()
     QFETCH(MouseSimulator::Buttons, buttons);
     QFETCH(QStringList, expected);
 
-    const QPoint point = globalAt(30, 40);
-    simulator->move(point.x(), point.y());
-    target->log.clear();
-
+    moveTo(QPoint(30, 40));
     simulator->press(buttons);
     simulator->release(buttons);
 
     QCOMPARE(target->log, expected);
 }
 
-void tst_MouseSimulator::pressWithoutButtonSendsNothing()
-{
-    const QPoint point = globalAt(30, 40);
-    simulator->move(point.x(), point.y());
-    target->log.clear();
-
-    simulator->press(MouseSimulator::NoButton);
-    simulator->release(MouseSimulator::NoButton);
-    simulator->scroll(0);
-
-    QCOMPARE(target->log, QStringList());
-}
-
 void tst_MouseSimulator::clickClicksButton()
 {
     QSignalSpy clicked(button, &QPushButton::clicked);
-    const QPoint point = button->mapToGlobal(QPoint(100, 25));
-    simulator->move(point.x(), point.y());
+    moveTo(QPoint(100, 125));
 
     simulator->press(MouseSimulator::LeftButton);
     QVERIFY(button->isDown());
@@ -185,57 +169,35 @@ void tst_MouseSimulator::clickClicksButton()
     QVERIFY(!button->isDown());
 }
 
-void tst_MouseSimulator::scroll_data()
-{
-    QTest::addColumn<int>("amount");
-    QTest::addColumn<int>("steps");
-    QTest::newRow("two steps away") << 240 << 2;
-    QTest::newRow("one step back") << -120 << -1;
-}
-
 void tst_MouseSimulator::scroll()
 {
-    QFETCH(int, amount);
-    QFETCH(int, steps);
+    // One notch is 120: 240 is two steps away from the user, -120 one step back, 0 nothing.
+    moveTo(QPoint(70, 20));
+    simulator->scroll(240);
+    simulator->scroll(0);
+    simulator->scroll(-120);
 
-    const QPoint point = globalAt(70, 20);
-    simulator->move(point.x(), point.y());
-    target->log.clear();
-
-    simulator->scroll(amount);
-
-    QCOMPARE(target->log, QStringList {QStringLiteral("wheel %1 at 70,20").arg(steps * 120)});
+    QCOMPARE(target->log, (QStringList {"wheel 240 at 70,20", "wheel -120 at 70,20"}));
 }
 
 void tst_MouseSimulator::dragKeepsReceiver()
 {
     // A drag that leaves the window keeps going to the widget it started on, as with a real
-    // mouse; without the grab the release would be lost and the widget would stay pressed.
-    const QPoint start = globalAt(10, 10);
-    simulator->move(start.x(), start.y());
-    target->log.clear();
-
+    // mouse; without that the release would be lost and the widget would stay pressed.
+    moveTo(QPoint(10, 10));
     simulator->press(MouseSimulator::LeftButton);
-    const QPoint outside = globalAt(-50, 300);
+    const QPoint outside = window->mapToGlobal(QPoint(-50, 300));
     simulator->move(outside.x(), outside.y());
     simulator->release(MouseSimulator::LeftButton);
+    // With no button held and no window of ours under the pointer, nothing is delivered.
     simulator->move(outside.x() + 1, outside.y());
-
-    QCOMPARE(target->log,
-        (QStringList {
-            "press Left at 10,10 [Left]", "move at -50,300 [Left]", "release Left at -50,300 []"}));
-}
-
-void tst_MouseSimulator::nothingUnderPointer()
-{
-    const QPoint outside = globalAt(-50, 300);
-    simulator->move(outside.x(), outside.y());
     simulator->press(MouseSimulator::BothButtons);
     simulator->scroll(120);
     simulator->release(MouseSimulator::BothButtons);
 
-    QCOMPARE(QCursor::pos(), outside);
-    QCOMPARE(target->log, QStringList());
+    QCOMPARE(target->log,
+        (QStringList {
+            "press Left at 10,10 [Left]", "move at -50,300 [Left]", "release Left at -50,300 []"}));
 }
 
 QTEST_MAIN(tst_MouseSimulator)

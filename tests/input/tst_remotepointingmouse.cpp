@@ -1,10 +1,7 @@
-#include <guicore/utility/input/ApplicationWindowDimensions.h>
 #include <guicore/utility/input/RemotePointingMouse.h>
 
-#include <QGuiApplication>
 #include <QQuaternion>
 #include <QRegularExpression>
-#include <QScreen>
 #include <QSignalSpy>
 #include <QTest>
 
@@ -42,7 +39,6 @@ private Q_SLOTS:
     void updateFromOrientation_data();
     void updateFromOrientation();
     void updateFromQuaternion();
-    void createDefault();
 };
 
 void tst_RemotePointingMouse::init()
@@ -111,18 +107,6 @@ void tst_RemotePointingMouse::updateFromQuaternion()
     mouse.updateFromQuaternion(QQuaternion::fromEulerAngles(5.0f, 10.0f, 40.0f));
 
     QCOMPARE(positions(spy), (QList<QPoint> {{499, 349}, {358, 279}}));
-}
-
-void tst_RemotePointingMouse::createDefault()
-{
-    const QScreen* screen = QGuiApplication::primaryScreen();
-    QVERIFY(screen);
-    const ApplicationWindowDimensions dimensions = ApplicationWindowDimensions::createDefault();
-    QCOMPARE(dimensions.widthPx, screen->geometry().width());
-    QCOMPARE(dimensions.heightPx, screen->geometry().height());
-    QCOMPARE(QPoint(dimensions.x, dimensions.y), screen->geometry().topLeft());
-    QCOMPARE(dimensions.widthCm, screen->physicalSize().width() / 10.0);
-    QCOMPARE(dimensions.heightCm, screen->physicalSize().height() / 10.0);
 }
 
 QTEST_MAIN(tst_RemotePointingMouse)
