@@ -72,8 +72,10 @@ void QImageHelper::removeAlphaChannel(QImage& image, const QColor& colour)
             image = image.convertToFormat(QImage::Format_ARGB32);
         const QRgb fill = QColor(colour.rgb()).rgba();
         const int width = image.width();
-        const qsizetype bytesPerLine = image.bytesPerLine();
+        // bits() detaches a shared image, and the copy may lay out its lines differently, so
+        // the line length is read only afterwards.
         uchar* bits = image.bits();
+        const qsizetype bytesPerLine = image.bytesPerLine();
         // The loop runs over the linear pixel index; each task walks its index range row by row
         // and writes only its own pixels, so the tasks need no synchronisation. The same pass
         // makes every pixel opaque, which turns the conversion to RGB32 into a relabelling.
