@@ -12,8 +12,8 @@ CenterDragger::CenterDragger(QGraphicsItem* parent)
     , QGraphicsEllipseItem(parent)
 {
     setFlag(ItemIsMovable);
-    QPen pen(QBrush(QColor(255, 255, 255, 255), Qt::SolidPattern), 0, Qt::SolidLine,
-        Qt::SquareCap, Qt::BevelJoin);
+    QPen pen(QBrush(QColor(255, 255, 255, 255), Qt::SolidPattern), 0, Qt::SolidLine, Qt::SquareCap,
+        Qt::BevelJoin);
     setPen(pen);
     // Practically invisible, yet an opacity of 0 would stop it from taking the mouse.
     setOpacity(0.001);

@@ -64,8 +64,8 @@ CrossDragger::CrossDragger(QGraphicsItem* parent)
         Qt::DirectConnection);
     connect(m_verticalDragger.get(), &LineDragger::moved, this, &CrossDragger::lineDraggerMoved,
         Qt::DirectConnection);
-    connect(m_centerDragger.get(), &CenterDragger::dragged, this,
-        &CrossDragger::centerDraggerMoved, Qt::DirectConnection);
+    connect(m_centerDragger.get(), &CenterDragger::dragged, this, &CrossDragger::centerDraggerMoved,
+        Qt::DirectConnection);
 }
 
 CrossDragger::~CrossDragger()

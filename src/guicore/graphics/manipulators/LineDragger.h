@@ -83,7 +83,7 @@ private:
 
     bool m_halfOffset = true;
     Qt::Orientation m_orientation;
-    QRectF m_boundingRect { -1000.0, -1000.0, 1000.0, 1000.0 };
+    QRectF m_boundingRect {-1000.0, -1000.0, 1000.0, 1000.0};
     InvisibleLineDragger m_invisibleLineDragger;
     float m_tick = 0.0f;
     bool m_leftDragging = false;

@@ -34,6 +34,15 @@ QVector3D normalisedDirection(const QVector3D& direction)
     return direction / length;
 }
 
+// Relative comparison, with an absolute one where either value is 0 (where a relative one
+// would never match).
+bool fuzzyEqual(qreal a, qreal b)
+{
+    if (a == 0.0 || b == 0.0)
+        return qFuzzyIsNull(a - b);
+    return qFuzzyCompare(a, b);
+}
+
 const QPixmap& rotateCursorPixmap()
 {
     // Loaded once, on first use, and deliberately never freed: cursors made from it may outlive
@@ -74,8 +83,9 @@ void LineManipulationGraphicsItem::setLine(const QPointF& point, const QVector2D
 
 void LineManipulationGraphicsItem::setViewportRectangle(const QRectF& rect)
 {
-    if (qFuzzyCompare(rect.topLeft(), m_viewportRectangle.topLeft())
-        && qFuzzyCompare(rect.size(), m_viewportRectangle.size()))
+    const QRectF& stored = m_viewportRectangle;
+    if (fuzzyEqual(rect.x(), stored.x()) && fuzzyEqual(rect.y(), stored.y())
+        && fuzzyEqual(rect.width(), stored.width()) && fuzzyEqual(rect.height(), stored.height()))
         return;
     m_viewportRectangle = rect;
     intersectLineWithRect();
@@ -122,8 +132,8 @@ void LineManipulationGraphicsItem::startManipulation(const QPointF& scenePos)
         return;
     const bool rotate = shouldRotateAt(scenePos);
     if (rotate)
-        m_manipulationMode = isRotatingParallelLine(scenePos) ? RotatingOnDirectionSide
-                                                              : RotatingOnOppositeSide;
+        m_manipulationMode
+            = isRotatingParallelLine(scenePos) ? RotatingOnDirectionSide : RotatingOnOppositeSide;
     else
         m_manipulationMode = Translating;
     // Replaces the hover cursor rather than pushing another one, so hover leave still pops
@@ -232,8 +242,8 @@ void LineManipulationGraphicsItem::intersectLineWithRect()
     QLineF drawn;
     if (const auto points
         = primitives::RayBoxIntersection::calculateIntersectionPoints(box, origin, direction)) {
-        drawn = QLineF(points->first.x(), points->first.y(), points->second.x(),
-            points->second.y());
+        drawn
+            = QLineF(points->first.x(), points->first.y(), points->second.x(), points->second.y());
     }
     // The bounding rectangle is the pick line's, which follows the drawn line.
     prepareGeometryChange();
