@@ -1,43 +1,16 @@
+#include "ManipulatorTestSupport.h"
+
 #include <guicore/graphics/manipulators/CenterDragger.h>
 #include <guicore/graphics/manipulators/CrossDragger.h>
 #include <guicore/graphics/manipulators/InvisibleLineDragger.h>
 #include <guicore/graphics/manipulators/LineDragger.h>
 
 #include <QGraphicsScene>
-#include <QGraphicsView>
-#include <QGuiApplication>
 #include <QPen>
 #include <QRegularExpression>
 #include <QSignalSpy>
-#include <QTest>
-
-#include <memory>
 
 namespace {
-
-// Counts the application's override cursors and leaves the stack as it found it.
-int overrideCursorDepth()
-{
-    QList<QCursor> stack;
-    while (const QCursor* cursor = QGuiApplication::overrideCursor()) {
-        stack.prepend(*cursor);
-        QGuiApplication::restoreOverrideCursor();
-    }
-    for (const QCursor& cursor : std::as_const(stack))
-        QGuiApplication::setOverrideCursor(cursor);
-    return int(stack.size());
-}
-
-template <typename T> T* childNamed(QGraphicsItem* parent, const QString& name)
-{
-    const QList<QGraphicsItem*> children = parent->childItems();
-    for (QGraphicsItem* child : children) {
-        auto* object = dynamic_cast<T*>(child);
-        if (object && object->objectName() == name)
-            return object;
-    }
-    return nullptr;
-}
 
 const QRectF testBounds(-100, -100, 200, 200);
 
@@ -69,6 +42,7 @@ private Q_SLOTS:
     void crossVisibility();
 
 private:
+    CrossDragger* addCross();
     QPoint toViewport(const QPointF& scenePos) const { return m_view->mapFromScene(scenePos); }
 
     std::unique_ptr<QGraphicsScene> m_scene;
@@ -79,21 +53,27 @@ void tst_Draggers::init()
 {
     QTest::failOnWarning(QRegularExpression(".*"));
     m_scene = std::make_unique<QGraphicsScene>(-150, -150, 300, 300);
-    m_view = std::make_unique<QGraphicsView>(m_scene.get());
-    m_view->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-    m_view->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-    m_view->setFrameShape(QFrame::NoFrame);
-    m_view->resize(300, 300);
-    m_view->show();
-    QVERIFY(QTest::qWaitForWindowExposed(m_view.get()));
+    m_view = showWholeScene(m_scene.get());
+    QVERIFY(m_view);
+}
+
+// A cross spanning the test bounds, without half offsets, its lines through the origin.
+CrossDragger* tst_Draggers::addCross()
+{
+    auto* cross = new CrossDragger();
+    m_scene->addItem(cross);
+    cross->setBoundingRect(testBounds);
+    cross->setRect(testBounds);
+    cross->setHorizontalHalfOffset(false);
+    cross->setVerticalHalfOffset(false);
+    return cross;
 }
 
 void tst_Draggers::cleanup()
 {
     m_view.reset();
     m_scene.reset();
-    while (QGuiApplication::overrideCursor())
-        QGuiApplication::restoreOverrideCursor();
+    clearOverrideCursors();
 }
 
 void tst_Draggers::lineConstraint_data()
@@ -325,33 +305,24 @@ void tst_Draggers::centerHoverAndRelease()
 
 void tst_Draggers::crossConstruction()
 {
-    CrossDragger cross;
-    LineDragger* horizontal = cross.getHorizontalDragger();
-    LineDragger* vertical = cross.getVerticalDragger();
-    auto* center = childNamed<CenterDragger>(&cross, "centerDragger");
+    CrossDragger* cross = addCross();
+    auto* center = childNamed<CenterDragger>(cross, "centerDragger");
     QVERIFY(center);
-    QCOMPARE(horizontal->objectName(), "horizontalDragger");
-    QCOMPARE(vertical->objectName(), "verticalDragger");
-    QCOMPARE(horizontal->parentItem(), &cross);
-    QCOMPARE(cross.zValue(), 9.0);
-    QCOMPARE(vertical->zValue(), 0.1);
-    QCOMPARE(horizontal->zValue(), 0.2);
-    QCOMPARE(center->zValue(), 0.3);
-    QCOMPARE(horizontal->pen().color(), QColor(Qt::red));
-    QCOMPARE(vertical->pen().color(), QColor(Qt::green));
-    QCOMPARE(center->rect(), QRectF(-3, -3, 6, 6));
-    QCOMPARE(
-        childNamed<InvisibleLineDragger>(horizontal, "invisibleLineDragger")->pen().width(), 2);
+    QCOMPARE(cross->getHorizontalDragger()->pen().color(), QColor(Qt::red));
+    QCOMPARE(cross->getVerticalDragger()->pen().color(), QColor(Qt::green));
+
+    // At the crossing the handle is on top, then the horizontal line, then the vertical one.
+    QCOMPARE(m_scene->itemAt(QPointF(0, 0), QTransform()), center);
+    center->hide();
+    QCOMPARE(m_scene->itemAt(QPointF(0, 0), QTransform()), cross->getHorizontalDragger());
+    // The pick lines are 2 wide.
+    QCOMPARE(m_scene->itemAt(QPointF(0.9, 50), QTransform()), cross->getVerticalDragger());
+    QCOMPARE(m_scene->itemAt(QPointF(1.1, 50), QTransform()), nullptr);
 }
 
 void tst_Draggers::moveHorizontalIsSilent()
 {
-    auto* cross = new CrossDragger();
-    m_scene->addItem(cross);
-    cross->setBoundingRect(testBounds);
-    cross->setRect(testBounds);
-    cross->setHorizontalHalfOffset(false);
-    cross->setVerticalHalfOffset(false);
+    CrossDragger* cross = addCross();
     cross->setHorizontalTick(10);
     auto* center = childNamed<CenterDragger>(cross, "centerDragger");
     QSignalSpy horizontalMoved(cross, &CrossDragger::horizontalMoved);
@@ -368,12 +339,7 @@ void tst_Draggers::moveHorizontalIsSilent()
 
 void tst_Draggers::draggingTheCenterEmitsVerticalThenHorizontal()
 {
-    auto* cross = new CrossDragger();
-    m_scene->addItem(cross);
-    cross->setBoundingRect(testBounds);
-    cross->setRect(testBounds);
-    cross->setHorizontalHalfOffset(false);
-    cross->setVerticalHalfOffset(false);
+    CrossDragger* cross = addCross();
     cross->moveHorizontal(QPointF(0, -10));
     cross->moveVertical(QPointF(-10, 0));
     auto* center = childNamed<CenterDragger>(cross, "centerDragger");
@@ -398,12 +364,8 @@ void tst_Draggers::draggingTheCenterEmitsVerticalThenHorizontal()
 
 void tst_Draggers::draggingALineMovesTheCenter()
 {
-    auto* cross = new CrossDragger();
-    m_scene->addItem(cross);
-    cross->setBoundingRect(testBounds);
-    cross->setRect(testBounds);
+    CrossDragger* cross = addCross();
     cross->setVerticalTick(10);
-    cross->setVerticalHalfOffset(false);
     auto* center = childNamed<CenterDragger>(cross, "centerDragger");
     cross->moveHorizontal(QPointF(0, -50));
     QSignalSpy verticalMoved(cross, &CrossDragger::verticalMoved);
@@ -442,37 +404,29 @@ void tst_Draggers::crossVisibility()
     LineDragger* horizontal = cross.getHorizontalDragger();
     LineDragger* vertical = cross.getVerticalDragger();
 
+    // The handle shows only while both lines do.
     cross.setHorizontalDraggerVisible(false);
-    QVERIFY(!horizontal->isVisible());
-    QVERIFY(!center->isVisible());
+    QVERIFY(!horizontal->isVisible() && !center->isVisible());
     cross.setHorizontalDraggerVisible(true);
     QVERIFY(center->isVisible());
-
     cross.setVerticalDraggerVisible(false);
-    QVERIFY(!vertical->isVisible());
-    QVERIFY(!center->isVisible());
+    QVERIFY(!vertical->isVisible() && !center->isVisible());
     cross.setDraggerVisible(true);
     QVERIFY(horizontal->isVisible() && vertical->isVisible() && center->isVisible());
 
-    // Disabling a side hides the handle but not the line, and the line then ignores
-    // visibility requests.
+    // Disabling a side hides the handle but not the line, which then ignores visibility
+    // requests; enabling it again shows nothing by itself.
     cross.enableHorizontalDragger(false);
-    QVERIFY(!cross.isHorizontalDraggerEnabled());
-    QVERIFY(!center->isVisible());
-    QVERIFY(horizontal->isVisible());
+    QVERIFY(!center->isVisible() && horizontal->isVisible());
     cross.setDraggerVisible(false);
-    QVERIFY(horizontal->isVisible());
-    QVERIFY(!vertical->isVisible());
-
-    // Enabling again shows nothing by itself; an unchanged value changes nothing either.
+    QVERIFY(horizontal->isVisible() && !vertical->isVisible());
     cross.enableHorizontalDragger(true);
+    QVERIFY(!center->isVisible());
     cross.setVerticalDraggerVisible(true);
-    QVERIFY(center->isVisible());
     cross.enableVerticalDragger(true);
     QVERIFY(center->isVisible());
     cross.enableVerticalDragger(false);
-    QVERIFY(!cross.isVerticalDraggerEnabled());
-    QVERIFY(!center->isVisible());
+    QVERIFY(!cross.isVerticalDraggerEnabled() && !center->isVisible());
 }
 
 QTEST_MAIN(tst_Draggers)

@@ -1,3 +1,5 @@
+#include "ManipulatorTestSupport.h"
+
 #include <guicore/graphics/manipulators/CenterDragger.h>
 #include <guicore/graphics/manipulators/CrossedLinesManipulationGraphicsItemGroup.h>
 #include <guicore/graphics/manipulators/InvisibleLineDragger.h>
@@ -6,29 +8,13 @@
 #include <QGraphicsScene>
 #include <QGraphicsSceneHoverEvent>
 #include <QGraphicsSceneMouseEvent>
-#include <QGraphicsView>
-#include <QGuiApplication>
 #include <QPen>
+#include <QPixmapCache>
 #include <QRegularExpression>
 #include <QSignalSpy>
-#include <QTest>
 #include <QVector2D>
 
-#include <memory>
-
 namespace {
-
-int overrideCursorDepth()
-{
-    QList<QCursor> stack;
-    while (const QCursor* cursor = QGuiApplication::overrideCursor()) {
-        stack.prepend(*cursor);
-        QGuiApplication::restoreOverrideCursor();
-    }
-    for (const QCursor& cursor : std::as_const(stack))
-        QGuiApplication::setOverrideCursor(cursor);
-    return int(stack.size());
-}
 
 Qt::CursorShape overrideShape()
 {
@@ -38,23 +24,7 @@ Qt::CursorShape overrideShape()
 
 InvisibleLineDragger* pickLineOf(QGraphicsItem* item)
 {
-    const QList<QGraphicsItem*> children = item->childItems();
-    for (QGraphicsItem* child : children) {
-        if (auto* pick = dynamic_cast<InvisibleLineDragger*>(child))
-            return pick;
-    }
-    return nullptr;
-}
-
-template <typename T> QList<T*> childrenOfType(QGraphicsItem* parent)
-{
-    QList<T*> result;
-    const QList<QGraphicsItem*> children = parent->childItems();
-    for (QGraphicsItem* child : children) {
-        if (auto* typed = dynamic_cast<T*>(child))
-            result << typed;
-    }
-    return result;
+    return childrenOfType<InvisibleLineDragger>(item).value(0);
 }
 
 // The group's lines by their stacking: the horizontal line lies above the vertical one.
@@ -100,10 +70,8 @@ private Q_SLOTS:
     void unchangedLineOrViewportDoesNotRecompute();
     void rotateOrTranslateZones_data();
     void rotateOrTranslateZones();
-    void rotationAndTranslationSwitches();
     void rotationModes();
     void translationAndDisabledManipulation();
-    void emitLineRotatedSkipsZero();
     void translationCursorFollowsTheAngle_data();
     void translationCursorFollowsTheAngle();
     void rotateCursorIsLoadedOnce();
@@ -119,6 +87,7 @@ private Q_SLOTS:
     void addLineManipulatorIsNotConnected();
 
 private:
+    CrossedLinesManipulationGraphicsItemGroup* addGroup();
     LineManipulationGraphicsItem* addLine(qreal rotationX, const QVector2D& direction = {1, 0});
     void sendHover(QGraphicsItem* item, QEvent::Type type, const QPointF& scenePos);
     void sendMove(QGraphicsItem* item, const QPointF& scenePos);
@@ -132,21 +101,15 @@ void tst_LineManipulation::init()
 {
     QTest::failOnWarning(QRegularExpression(".*"));
     m_scene = std::make_unique<QGraphicsScene>(-100, -100, 500, 300);
-    m_view = std::make_unique<QGraphicsView>(m_scene.get());
-    m_view->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-    m_view->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-    m_view->setFrameShape(QFrame::NoFrame);
-    m_view->resize(500, 300);
-    m_view->show();
-    QVERIFY(QTest::qWaitForWindowExposed(m_view.get()));
+    m_view = showWholeScene(m_scene.get());
+    QVERIFY(m_view);
 }
 
 void tst_LineManipulation::cleanup()
 {
     m_view.reset();
     m_scene.reset();
-    while (QGuiApplication::overrideCursor())
-        QGuiApplication::restoreOverrideCursor();
+    clearOverrideCursors();
 }
 
 LineManipulationGraphicsItem* tst_LineManipulation::addLine(
@@ -157,6 +120,17 @@ LineManipulationGraphicsItem* tst_LineManipulation::addLine(
     item->setViewportRectangle(viewport);
     item->setLine(QPointF(rotationX, 50), direction);
     return item;
+}
+
+// A group whose lines cross at (150, 50) in the viewport.
+CrossedLinesManipulationGraphicsItemGroup* tst_LineManipulation::addGroup()
+{
+    auto* group = new CrossedLinesManipulationGraphicsItemGroup();
+    m_scene->addItem(group);
+    group->setViewportRectangle(viewport);
+    group->setHorizontalLine(QPointF(150, 50), QVector2D(1, 0));
+    group->setVerticalLine(QPointF(150, 50), QVector2D(0, 1));
+    return group;
 }
 
 void tst_LineManipulation::sendHover(
@@ -243,24 +217,32 @@ void tst_LineManipulation::rotateOrTranslateZones_data()
     QTest::addColumn<qreal>("rotationX");
     QTest::addColumn<qreal>("pressX");
     QTest::addColumn<bool>("rotate");
+    QTest::addColumn<bool>("rotationEnabled");
+    QTest::addColumn<bool>("translationEnabled");
 
     // Rotation point at the start: the far third rotates.
-    QTest::newRow("start, far end") << 0.0 << 290.0 << true;
-    QTest::newRow("start, just inside the third") << 0.0 << 201.0 << true;
-    QTest::newRow("start, exactly at the third") << 0.0 << 200.0 << false;
-    QTest::newRow("start, near the point") << 0.0 << 10.0 << false;
-    QTest::newRow("before the viewport") << -100.0 << 250.0 << true;
-    QTest::newRow("before the viewport, near") << -100.0 << 50.0 << false;
+    QTest::newRow("start, far end") << 0.0 << 290.0 << true << true << true;
+    QTest::newRow("start, just inside the third") << 0.0 << 201.0 << true << true << true;
+    QTest::newRow("start, exactly at the third") << 0.0 << 200.0 << false << true << true;
+    QTest::newRow("start, near the point") << 0.0 << 10.0 << false << true << true;
+    QTest::newRow("before the viewport") << -100.0 << 250.0 << true << true << true;
+    QTest::newRow("before the viewport, near") << -100.0 << 50.0 << false << true << true;
     // Rotation point in the middle: the outer third of each side rotates.
-    QTest::newRow("middle, right end") << 150.0 << 251.0 << true;
-    QTest::newRow("middle, right third exactly") << 150.0 << 250.0 << false;
-    QTest::newRow("middle, left end") << 150.0 << 49.0 << true;
-    QTest::newRow("middle, left third exactly") << 150.0 << 50.0 << false;
-    QTest::newRow("middle, at the point") << 150.0 << 150.0 << false;
+    QTest::newRow("middle, right end") << 150.0 << 251.0 << true << true << true;
+    QTest::newRow("middle, right third exactly") << 150.0 << 250.0 << false << true << true;
+    QTest::newRow("middle, left end") << 150.0 << 49.0 << true << true << true;
+    QTest::newRow("middle, left third exactly") << 150.0 << 50.0 << false << true << true;
+    QTest::newRow("middle, at the point") << 150.0 << 150.0 << false << true << true;
     // Rotation point at the end: the near third of the segment start rotates.
-    QTest::newRow("end, start") << 300.0 << 99.0 << true;
-    QTest::newRow("end, third exactly") << 300.0 << 100.0 << false;
-    QTest::newRow("end, near the point") << 300.0 << 290.0 << false;
+    QTest::newRow("end, start") << 300.0 << 99.0 << true << true << true;
+    QTest::newRow("end, third exactly") << 300.0 << 100.0 << false << true << true;
+    QTest::newRow("end, near the point") << 300.0 << 290.0 << false << true << true;
+    // Without rotation everything translates; without translation everything rotates, even the
+    // rotation point itself.
+    QTest::newRow("rotation disabled, far end") << 150.0 << 295.0 << false << false << true;
+    QTest::newRow("rotation disabled, near end") << 150.0 << 5.0 << false << false << true;
+    QTest::newRow("translation disabled, at the point") << 150.0 << 150.0 << true << true << false;
+    QTest::newRow("translation disabled, middle") << 150.0 << 200.0 << true << true << false;
 }
 
 void tst_LineManipulation::rotateOrTranslateZones()
@@ -268,31 +250,15 @@ void tst_LineManipulation::rotateOrTranslateZones()
     QFETCH(qreal, rotationX);
     QFETCH(qreal, pressX);
     QFETCH(bool, rotate);
+    QFETCH(bool, rotationEnabled);
+    QFETCH(bool, translationEnabled);
 
     LineManipulationGraphicsItem* item = addLine(rotationX);
+    item->enableRotation(rotationEnabled);
+    item->enableTranslation(translationEnabled);
     QCOMPARE(item->shouldRotateAt(QPointF(pressX, 50)), rotate);
     // Only the projection onto the line counts.
     QCOMPARE(item->shouldRotateAt(QPointF(pressX, 80)), rotate);
-}
-
-void tst_LineManipulation::rotationAndTranslationSwitches()
-{
-    LineManipulationGraphicsItem* item = addLine(150);
-    item->enableRotation(false);
-    QVERIFY(!item->isRotationEnabled());
-    QVERIFY(!item->shouldRotateAt(QPointF(295, 50)));
-    QVERIFY(!item->shouldRotateAt(QPointF(5, 50)));
-
-    item->enableRotation(true);
-    item->enableTranslation(false);
-    QVERIFY(!item->isTranslationEnabled());
-    QVERIFY(item->shouldRotateAt(QPointF(150, 50)));
-    QVERIFY(item->shouldRotateAt(QPointF(200, 50)));
-
-    // Nothing can be done: a press starts nothing.
-    item->enableRotation(false);
-    item->startManipulation(QPointF(295, 50));
-    QVERIFY(!item->isManipulating());
 }
 
 void tst_LineManipulation::rotationModes()
@@ -354,17 +320,13 @@ void tst_LineManipulation::translationAndDisabledManipulation()
     QVERIFY(item->isManipulating());
     QCOMPARE(translated.count(), 1);
     QCOMPARE(rotated.count(), 0);
-}
 
-void tst_LineManipulation::emitLineRotatedSkipsZero()
-{
-    LineManipulationGraphicsItem* item = addLine(150);
-    QSignalSpy rotated(item, &LineManipulationGraphicsItem::lineRotated);
-    item->emitLineRotated(QLineF(0, 0, 10, 0));
-    QCOMPARE(rotated.count(), 0);
-    item->emitLineRotated(QLineF(0, 0, 0, 10));
-    QCOMPARE(rotated.count(), 1);
-    QCOMPARE(rotated.first().first().toFloat(), 270.0f);
+    // Neither rotation nor translation allowed: a press starts nothing.
+    item->stopManipulation();
+    item->enableRotation(false);
+    item->enableTranslation(false);
+    item->startManipulation(QPointF(290, 50));
+    QVERIFY(!item->isManipulating());
 }
 
 void tst_LineManipulation::translationCursorFollowsTheAngle_data()
@@ -404,6 +366,8 @@ void tst_LineManipulation::rotateCursorIsLoadedOnce()
     LineManipulationGraphicsItem first;
     LineManipulationGraphicsItem second;
     const QCursor a = first.getCursor(true);
+    // Anyone who loaded the file again would now get a new pixmap.
+    QPixmapCache::clear();
     const QCursor b = second.getCursor(true);
     QCOMPARE(a.shape(), Qt::BitmapCursor);
     QVERIFY(!a.pixmap().isNull());
@@ -439,27 +403,26 @@ void tst_LineManipulation::overrideCursorsArePaired()
 
 void tst_LineManipulation::groupConstruction()
 {
-    CrossedLinesManipulationGraphicsItemGroup group;
-    QCOMPARE(childrenOfType<LineManipulationGraphicsItem>(&group).size(), 2);
-    const auto centers = childrenOfType<CenterDragger>(&group);
-    QCOMPARE(centers.size(), 1);
-    LineManipulationGraphicsItem* horizontal = horizontalOf(&group);
-    LineManipulationGraphicsItem* vertical = verticalOf(&group);
+    CrossedLinesManipulationGraphicsItemGroup* group = addGroup();
+    LineManipulationGraphicsItem* horizontal = horizontalOf(group);
+    LineManipulationGraphicsItem* vertical = verticalOf(group);
+    CenterDragger* center = childrenOfType<CenterDragger>(group).first();
     QVERIFY(horizontal && vertical);
-    QCOMPARE(group.zValue(), 9.0);
     QCOMPARE(horizontal->pen().color(), QColor(Qt::red));
     QCOMPARE(vertical->pen().color(), QColor(Qt::green));
-    QCOMPARE(pickLineOf(vertical)->pen().width(), 2);
-    QCOMPARE(pickLineOf(horizontal)->pen().width(), 2);
-    QVERIFY(vertical->pen().isCosmetic());
-    QCOMPARE(centers.at(0)->zValue(), 0.3);
-    QCOMPARE(centers.at(0)->rect(), QRectF(-3, -3, 6, 6));
 
-    group.setHorizontalColor(Qt::blue);
-    group.setVerticalColor(Qt::cyan);
+    // At the crossing the handle is on top, then the horizontal line, then the vertical one.
+    QCOMPARE(m_scene->itemAt(QPointF(150, 50), QTransform()), center);
+    center->hide();
+    QCOMPARE(m_scene->itemAt(QPointF(150, 50), QTransform()), horizontal);
+    // The pick lines are 2 wide.
+    QCOMPARE(m_scene->itemAt(QPointF(150.9, 20), QTransform()), vertical);
+    QCOMPARE(m_scene->itemAt(QPointF(151.1, 20), QTransform()), nullptr);
+
+    group->setHorizontalColor(Qt::blue);
     QCOMPARE(horizontal->pen().color(), QColor(Qt::blue));
     QCOMPARE(horizontal->pen().widthF(), 1.0);
-    QCOMPARE(vertical->pen().color(), QColor(Qt::cyan));
+    QVERIFY(horizontal->pen().isCosmetic());
 }
 
 void tst_LineManipulation::groupCenterFollowsTheLinesSilently()
@@ -489,11 +452,7 @@ void tst_LineManipulation::groupCenterFollowsTheLinesSilently()
 
 void tst_LineManipulation::draggingTheGroupCenterTranslatesVerticalThenHorizontal()
 {
-    auto* group = new CrossedLinesManipulationGraphicsItemGroup();
-    m_scene->addItem(group);
-    group->setViewportRectangle(viewport);
-    group->setHorizontalLine(QPointF(0, 50), QVector2D(1, 0));
-    group->setVerticalLine(QPointF(150, 0), QVector2D(0, 1));
+    CrossedLinesManipulationGraphicsItemGroup* group = addGroup();
 
     QStringList events;
     connect(group, &CrossedLinesManipulationGraphicsItemGroup::horizontalLineTranslated, this,
@@ -512,11 +471,7 @@ void tst_LineManipulation::draggingTheGroupCenterTranslatesVerticalThenHorizonta
 
 void tst_LineManipulation::hoveringTheCenterDisablesTheLines()
 {
-    auto* group = new CrossedLinesManipulationGraphicsItemGroup();
-    m_scene->addItem(group);
-    group->setViewportRectangle(viewport);
-    group->setHorizontalLine(QPointF(150, 50), QVector2D(1, 0));
-    group->setVerticalLine(QPointF(150, 50), QVector2D(0, 1));
+    CrossedLinesManipulationGraphicsItemGroup* group = addGroup();
     CenterDragger* center = childrenOfType<CenterDragger>(group).first();
     const auto lines = childrenOfType<LineManipulationGraphicsItem>(group);
 
@@ -543,11 +498,7 @@ void tst_LineManipulation::hoveringTheCenterDisablesTheLines()
 
 void tst_LineManipulation::groupForwardsRotations()
 {
-    auto* group = new CrossedLinesManipulationGraphicsItemGroup();
-    m_scene->addItem(group);
-    group->setViewportRectangle(viewport);
-    group->setHorizontalLine(QPointF(150, 50), QVector2D(1, 0));
-    group->setVerticalLine(QPointF(150, 50), QVector2D(0, 1));
+    CrossedLinesManipulationGraphicsItemGroup* group = addGroup();
     const QList<LineManipulationGraphicsItem*> lines = {horizontalOf(group), verticalOf(group)};
     QSignalSpy horizontalRotated(
         group, &CrossedLinesManipulationGraphicsItemGroup::horizontalLineRotated);
@@ -587,10 +538,9 @@ void tst_LineManipulation::groupSettingsReportTheHorizontalLine()
     QVERIFY(group.isTranslationEnabled());
 
     group.enableRotation(false);
-    QVERIFY(!group.isRotationEnabled());
-    QVERIFY(!lines.at(1)->isRotationEnabled());
     lines.at(0)->enableRotation(true);
     QVERIFY(group.isRotationEnabled());
+    QVERIFY(!lines.at(1)->isRotationEnabled());
 }
 
 void tst_LineManipulation::groupVisibility()
@@ -613,10 +563,8 @@ void tst_LineManipulation::groupVisibility()
 
 void tst_LineManipulation::addLineManipulatorIsNotConnected()
 {
-    auto* group = new CrossedLinesManipulationGraphicsItemGroup();
-    m_scene->addItem(group);
+    CrossedLinesManipulationGraphicsItemGroup* group = addGroup();
     LineManipulationGraphicsItem* extra = group->addLineManipulator(Qt::yellow);
-    QVERIFY(extra);
     QCOMPARE(extra->parentItem(), group);
     QCOMPARE(extra->pen().color(), QColor(Qt::yellow));
     QCOMPARE(pickLineOf(extra)->pen().width(), 2);
@@ -628,8 +576,11 @@ void tst_LineManipulation::addLineManipulatorIsNotConnected()
     QSignalSpy extraRotated(extra, &LineManipulationGraphicsItem::lineRotated);
     extra->setViewportRectangle(viewport);
     extra->setLine(QPointF(150, 50), QVector2D(1, 0));
+    extra->emitLineRotated(QLineF(0, 0, 10, 0));
+    QCOMPARE(extraRotated.count(), 0);
     extra->emitLineRotated(QLineF(0, 0, 0, 10));
     QCOMPARE(extraRotated.count(), 1);
+    QCOMPARE(extraRotated.first().first().toFloat(), 270.0f);
     QCOMPARE(horizontalRotated.count(), 0);
     QCOMPARE(verticalRotated.count(), 0);
 }
