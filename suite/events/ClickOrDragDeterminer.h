@@ -22,11 +22,11 @@ public:
     /// Calls onDragStart once when the gesture turns into a drag (on that very move), then
     /// onDragMove on each further move. Empty callbacks are allowed.
     void handleMouseDraggingEvent(Qt::MouseButton button, const QPoint& globalPos,
-                                  const QPointF& localPos, std::function<void()> onDragStart,
-                                  std::function<void()> onDragMove);
+        const QPointF& localPos, std::function<void()> onDragStart,
+        std::function<void()> onDragMove);
     /// Calls onClick when no drag happened, else onDragEnd; then forgets the gesture.
-    void handleMouseReleasedEvent(Qt::MouseButton button, std::function<void()> onClick,
-                                  std::function<void()> onDragEnd);
+    void handleMouseReleasedEvent(
+        Qt::MouseButton button, std::function<void()> onClick, std::function<void()> onDragEnd);
 
     bool isDragging(Qt::MouseButton button) const;
     /// The local position of the last move of a drag of this button.

@@ -4,7 +4,6 @@
 
 namespace utility {
 
-template <typename T>
-using Optional = std::optional<T>;
+template <typename T> using Optional = std::optional<T>;
 
 } // namespace utility

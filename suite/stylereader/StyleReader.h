@@ -21,6 +21,6 @@ public:
 
     QHash<QString, QString> convertFilesToStyleMap(const QList<QString>& files);
     /// The entries of one palette section; an unknown palette gives a warning and an empty map.
-    QHash<QString, QString> convertFilesToStyleMap(const QString& paletteName,
-                                                   const QString& paletteFile);
+    QHash<QString, QString> convertFilesToStyleMap(
+        const QString& paletteName, const QString& paletteFile);
 };

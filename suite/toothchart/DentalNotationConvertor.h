@@ -1,9 +1,9 @@
 #pragma once
 
+#include <objectmodel/Optional.h>
 #include <toothchart/Tooth.h>
 #include <toothchart/ToothChart.h>
 #include <toothchart/toothchart_export.h>
-#include <objectmodel/Optional.h>
 
 #include <QString>
 

@@ -12,8 +12,10 @@
 int main(int argc, char** argv)
 {
     QCoreApplication app(argc, argv);
-    const QString fdi = DentalNotationConvertor::getFdiNotationForToothType(ToothChart::Tooth(8), false);
-    const QString suffix = StringConversions::qkeySequencesToAppendableString({QKeySequence("Ctrl+S")});
+    const QString fdi
+        = DentalNotationConvertor::getFdiNotationForToothType(ToothChart::Tooth(8), false);
+    const QString suffix
+        = StringConversions::qkeySequencesToAppendableString({QKeySequence("Ctrl+S")});
     QTextStream(stdout) << "GuiCore " << guicore::versionString() << " tooth 8 is " << fdi << suffix
                         << Qt::endl;
     return fdi == QLatin1String("11") && !guicore::versionString().isEmpty() ? 0 : 1;
