@@ -242,8 +242,8 @@ void Action::setShortcutSequence(QKeySequence sequence)
 {
     m_shortcuts = {sequence};
     if (m_showShortcutInTooltip)
-        Q_EMIT tooltipChanged(m_tooltip
-                              + StringConversions::qkeySequencesToAppendableString(m_shortcuts));
+        Q_EMIT tooltipChanged(
+            m_tooltip + StringConversions::qkeySequencesToAppendableString(m_shortcuts));
 }
 
 ActionHandler* Action::getActionHandler() const
@@ -355,7 +355,8 @@ void Action::addBlockingAction(Action* other)
     m_blockingActions.append(other);
     connect(other, &Action::actionStateChanged, this, &Action::update);
     // A blocking action may be deleted before this one; forget it then.
-    connect(other, &QObject::destroyed, this, [this, other] { m_blockingActions.removeAll(other); });
+    connect(
+        other, &QObject::destroyed, this, [this, other] { m_blockingActions.removeAll(other); });
 }
 
 void Action::updateState()
@@ -437,8 +438,8 @@ void Action::trigger(bool checked)
 
 QAction* Action::createQAction(QObject* parent)
 {
-    auto* qaction = m_icon.isNull() ? new QAction(m_name, parent)
-                                    : new QAction(m_icon, m_name, parent);
+    auto* qaction
+        = m_icon.isNull() ? new QAction(m_name, parent) : new QAction(m_icon, m_name, parent);
     qaction->setToolTip(getTooltip());
     qaction->setCheckable(m_checkable);
     return qaction;

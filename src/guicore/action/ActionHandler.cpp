@@ -89,8 +89,8 @@ void ActionHandler::handleRightClick(QEvent* event)
         if (mouse->button() != Qt::RightButton)
             return;
         m_rightReleaseHandled = false;
-        m_clickOrDragDeterminer.handleMousePressedEvent(Qt::RightButton,
-                                                        mouse->globalPosition().toPoint());
+        m_clickOrDragDeterminer.handleMousePressedEvent(
+            Qt::RightButton, mouse->globalPosition().toPoint());
         return;
     }
     case QEvent::MouseMove: {
@@ -98,7 +98,7 @@ void ActionHandler::handleRightClick(QEvent* event)
         if (!(mouse->buttons() & Qt::RightButton))
             return;
         m_clickOrDragDeterminer.handleMouseDraggingEvent(
-                Qt::RightButton, mouse->globalPosition().toPoint(), mouse->position(), {}, {});
+            Qt::RightButton, mouse->globalPosition().toPoint(), mouse->position(), {}, {});
         return;
     }
     case QEvent::MouseButtonRelease: {
@@ -107,9 +107,8 @@ void ActionHandler::handleRightClick(QEvent* event)
             return;
         // Stopping inside the mouse event dispatch would pull the action away under the
         // receivers still to see this release; the stop waits for the next turn of the loop.
-        m_clickOrDragDeterminer.handleMouseReleasedEvent(
-                Qt::RightButton,
-                [this] { QTimer::singleShot(0, this, [this] { stopCurrentAction(); }); }, {});
+        m_clickOrDragDeterminer.handleMouseReleasedEvent(Qt::RightButton,
+            [this] { QTimer::singleShot(0, this, [this] { stopCurrentAction(); }); }, {});
         m_rightReleaseHandled = true;
         return;
     }

@@ -94,8 +94,8 @@ bool ActionList::isEnabled() const
 
 void ActionList::setEnabled()
 {
-    const bool enabled = std::any_of(m_actions.cbegin(), m_actions.cend(),
-                                     [](const Action* a) { return a->isEnabled(); });
+    const bool enabled = std::any_of(
+        m_actions.cbegin(), m_actions.cend(), [](const Action* a) { return a->isEnabled(); });
     if (enabled == m_enabled)
         return;
     m_enabled = enabled;

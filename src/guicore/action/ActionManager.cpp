@@ -164,8 +164,8 @@ void ActionManager::executeQueuedActionsIfPossible()
     }
 }
 
-void ActionManager::stopActiveMustBeStoppedActions(bool stopCurrentAction,
-                                                   const QList<QString>& exceptActionIds)
+void ActionManager::stopActiveMustBeStoppedActions(
+    bool stopCurrentAction, const QList<QString>& exceptActionIds)
 {
     // Each stop removes its action from the live list, and a stop may stop others in turn; the
     // snapshot makes the pass visit every action active at its start exactly once.

@@ -1,7 +1,7 @@
 #pragma once
 
-#include <guicore/guicore_export.h>
 #include <guicore/action/Action.h>
+#include <guicore/guicore_export.h>
 
 #include <QList>
 #include <QMultiMap>
@@ -52,8 +52,8 @@ public:
 
     /// Stops every active action that must be stopped, except those whose id is listed and,
     /// unless `stopCurrentAction`, the current action.
-    void stopActiveMustBeStoppedActions(bool stopCurrentAction,
-                                        const QList<QString>& exceptActionIds);
+    void stopActiveMustBeStoppedActions(
+        bool stopCurrentAction, const QList<QString>& exceptActionIds);
     void stopAllActiveActions();
     /// Disables every registered action that must be disabled, except the current one.
     void disableAllActions();

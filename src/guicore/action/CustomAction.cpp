@@ -11,8 +11,8 @@ CustomAction::CustomAction(const QString& id)
     setType(QStringLiteral("CustomAction"));
 }
 
-CustomAction::CustomAction(const QString& id, const QString& name, const QString& tooltip,
-                       const QIcon& icon)
+CustomAction::CustomAction(
+    const QString& id, const QString& name, const QString& tooltip, const QIcon& icon)
     : Action(id, name, tooltip, icon)
 {
     setType(QStringLiteral("CustomAction"));

@@ -13,8 +13,8 @@ MultiAction::MultiAction(const QString& id)
     setType(QStringLiteral("MultiAction"));
 }
 
-MultiAction::MultiAction(const QString& id, const QString& name, const QString& tooltip,
-                         const QIcon& icon)
+MultiAction::MultiAction(
+    const QString& id, const QString& name, const QString& tooltip, const QIcon& icon)
     : Action(id, name, tooltip, icon)
 {
     setType(QStringLiteral("MultiAction"));

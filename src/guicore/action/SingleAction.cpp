@@ -11,8 +11,8 @@ SingleAction::SingleAction(const QString& id)
     setType(QStringLiteral("SingleAction"));
 }
 
-SingleAction::SingleAction(const QString& id, const QString& name, const QString& tooltip,
-                       const QIcon& icon)
+SingleAction::SingleAction(
+    const QString& id, const QString& name, const QString& tooltip, const QIcon& icon)
     : Action(id, name, tooltip, icon)
 {
     setType(QStringLiteral("SingleAction"));

@@ -2,7 +2,7 @@
 
 ApplicationPluginPath::ApplicationPluginPath() = default;
 
-ApplicationPluginPath& ApplicationPluginPath::operator=(const ApplicationPluginPath& other) =
-        default;
+ApplicationPluginPath& ApplicationPluginPath::operator=(const ApplicationPluginPath& other)
+    = default;
 
 void ApplicationPluginPath::init(char* /*argv0*/) { }

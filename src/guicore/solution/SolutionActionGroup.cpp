@@ -39,16 +39,16 @@ void SolutionActionGroup::addActionList(ActionList* list)
         return;
     m_actionLists.append(list);
     connect(list, &ActionList::enabledChanged, this, &SolutionActionGroup::setEnabled,
-            Qt::UniqueConnection);
+        Qt::UniqueConnection);
     connect(list, &QObject::destroyed, this, &SolutionActionGroup::forgetActionList,
-            Qt::UniqueConnection);
+        Qt::UniqueConnection);
     setEnabled();
 }
 
 void SolutionActionGroup::setEnabled()
 {
     const bool enabled = std::any_of(m_actionLists.cbegin(), m_actionLists.cend(),
-                                     [](const ActionList* list) { return list->isEnabled(); });
+        [](const ActionList* list) { return list->isEnabled(); });
     if (enabled == m_enabled)
         return;
     m_enabled = enabled;

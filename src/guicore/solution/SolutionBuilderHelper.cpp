@@ -7,9 +7,8 @@
 #include <guicore/action/ActionList.h>
 #include <guicore/action/CustomAction.h>
 
-SolutionActionGroup* SolutionBuilderHelper::addActionGroupToSolution(SolutionManager& manager,
-                                                                     SolutionStep* step,
-                                                                     int& counter)
+SolutionActionGroup* SolutionBuilderHelper::addActionGroupToSolution(
+    SolutionManager& manager, SolutionStep* step, int& counter)
 {
     if (!step)
         return nullptr;
@@ -21,9 +20,8 @@ SolutionActionGroup* SolutionBuilderHelper::addActionGroupToSolution(SolutionMan
     return group;
 }
 
-ActionList* SolutionBuilderHelper::addActionListToGroup(SolutionManager& manager,
-                                                        const QString& id,
-                                                        SolutionActionGroup* group)
+ActionList* SolutionBuilderHelper::addActionListToGroup(
+    SolutionManager& manager, const QString& id, SolutionActionGroup* group)
 {
     auto* list = new ActionList(id, id, nullptr);
     if (group)
@@ -33,7 +31,7 @@ ActionList* SolutionBuilderHelper::addActionListToGroup(SolutionManager& manager
 }
 
 Action* SolutionBuilderHelper::addActionToGroup(SolutionManager& manager, const QString& actionId,
-                                                const QString& listId, SolutionActionGroup* group)
+    const QString& listId, SolutionActionGroup* group)
 {
     if (!manager.hasAction(actionId))
         return nullptr;
@@ -50,7 +48,7 @@ void SolutionBuilderHelper::addActionsToList(const QList<Action*>& actions, Acti
     for (Action* action : actions)
         list->addAction(action);
     Action* first = actions.first();
-    list->setDefaultListType(qobject_cast<CustomAction*>(first) ? ActionList::CUSTOM_LIST
-                                                                 : ActionList::BUTTON_LIST);
+    list->setDefaultListType(
+        qobject_cast<CustomAction*>(first) ? ActionList::CUSTOM_LIST : ActionList::BUTTON_LIST);
     list->setDefaultAction(first);
 }

@@ -51,8 +51,7 @@ void Registries::releaseFromPlugins(View* view)
 using solution::detail::Registries;
 
 namespace {
-template<typename Map, typename Predicate>
-void eraseValuesIf(Map& map, Predicate matches)
+template <typename Map, typename Predicate> void eraseValuesIf(Map& map, Predicate matches)
 {
     for (auto it = map.begin(); it != map.end();) {
         if (matches(it.value()))
@@ -62,8 +61,7 @@ void eraseValuesIf(Map& map, Predicate matches)
     }
 }
 
-template<typename Map, typename Pointer>
-void removeValue(Map& map, Pointer value)
+template <typename Map, typename Pointer> void removeValue(Map& map, Pointer value)
 {
     eraseValuesIf(map, [value](Pointer entry) { return entry == value; });
 }
@@ -119,8 +117,8 @@ void SolutionManager::addAction(Action* action)
     if (!action)
         return;
     m_actions.insert(action->getID(), action);
-    connect(action, &QObject::destroyed, this, &SolutionManager::forgetObject,
-            Qt::UniqueConnection);
+    connect(
+        action, &QObject::destroyed, this, &SolutionManager::forgetObject, Qt::UniqueConnection);
     Q_EMIT actionAdded(action);
 }
 
@@ -212,8 +210,7 @@ void SolutionManager::addSolutionStep(SolutionStep* step)
     if (!step)
         return;
     m_solutionSteps.insert(step->getID(), step);
-    connect(step, &QObject::destroyed, this, &SolutionManager::forgetObject,
-            Qt::UniqueConnection);
+    connect(step, &QObject::destroyed, this, &SolutionManager::forgetObject, Qt::UniqueConnection);
 }
 
 SolutionStep* SolutionManager::getSolutionStep(const QString& id) const
@@ -232,8 +229,7 @@ void SolutionManager::addActionGroup(SolutionActionGroup* group)
         return;
     SolutionActionGroup* previous = m_actionGroups.value(group->getID());
     m_actionGroups.insert(group->getID(), group);
-    connect(group, &QObject::destroyed, this, &SolutionManager::forgetObject,
-            Qt::UniqueConnection);
+    connect(group, &QObject::destroyed, this, &SolutionManager::forgetObject, Qt::UniqueConnection);
     if (previous && previous != group) {
         disconnect(previous, nullptr, this, nullptr);
         delete previous;
@@ -264,8 +260,7 @@ void SolutionManager::addActionList(ActionList* list)
     if (!list)
         return;
     m_actionLists.insert(list->getID(), list);
-    connect(list, &QObject::destroyed, this, &SolutionManager::forgetObject,
-            Qt::UniqueConnection);
+    connect(list, &QObject::destroyed, this, &SolutionManager::forgetObject, Qt::UniqueConnection);
     if (!list->parent() && !m_adoptedActionLists.contains(list))
         m_adoptedActionLists.append(list);
 }
@@ -293,6 +288,8 @@ void SolutionManager::addView(View* view)
     }
 }
 
+#if GUICORE_HAVE_VIEW_CLASS
+// Returning an owning pointer needs the complete class; nobody can hold the result without it.
 std::unique_ptr<View> SolutionManager::removeView(const QString& id)
 {
     View* view = m_views.take(id);
@@ -300,6 +297,7 @@ std::unique_ptr<View> SolutionManager::removeView(const QString& id)
         Registries::releaseFromPlugins(view);
     return std::unique_ptr<View>(view);
 }
+#endif
 
 void SolutionManager::clearViews()
 {
@@ -322,8 +320,8 @@ bool SolutionManager::hasView(const QString& id) const
 
 bool SolutionManager::hasView(const QList<QString>& ids) const
 {
-    return std::any_of(ids.cbegin(), ids.cend(),
-                       [this](const QString& id) { return m_views.contains(id); });
+    return std::any_of(
+        ids.cbegin(), ids.cend(), [this](const QString& id) { return m_views.contains(id); });
 }
 
 QList<View*> SolutionManager::getViews() const
@@ -335,7 +333,7 @@ QList<View*> SolutionManager::getViews() const
 }
 
 void SolutionManager::setViewsSortPredicate(
-        std::function<bool(const View*, const View*)>&& predicate)
+    std::function<bool(const View*, const View*)>&& predicate)
 {
     m_viewsSortPredicate = std::move(predicate);
 }

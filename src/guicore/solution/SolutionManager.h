@@ -1,7 +1,7 @@
 #pragma once
 
-#include <guicore/guicore_export.h>
 #include <guicore/action/Action.h>
+#include <guicore/guicore_export.h>
 
 #include <QList>
 #include <QMap>

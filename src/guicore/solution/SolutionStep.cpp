@@ -39,9 +39,9 @@ void SolutionStep::addActionGroup(SolutionActionGroup* group)
         return;
     m_actionGroups.append(group);
     connect(group, &SolutionActionGroup::enabledChanged, this, &SolutionStep::setEnabled,
-            Qt::UniqueConnection);
-    connect(group, &QObject::destroyed, this, &SolutionStep::forgetActionGroup,
-            Qt::UniqueConnection);
+        Qt::UniqueConnection);
+    connect(
+        group, &QObject::destroyed, this, &SolutionStep::forgetActionGroup, Qt::UniqueConnection);
     setEnabled();
 }
 
@@ -55,9 +55,8 @@ void SolutionStep::removeActionGroup(SolutionActionGroup* group)
 
 void SolutionStep::setEnabled()
 {
-    const bool enabled =
-            std::any_of(m_actionGroups.cbegin(), m_actionGroups.cend(),
-                        [](const SolutionActionGroup* group) { return group->isEnabled(); });
+    const bool enabled = std::any_of(m_actionGroups.cbegin(), m_actionGroups.cend(),
+        [](const SolutionActionGroup* group) { return group->isEnabled(); });
     if (enabled == m_enabled)
         return;
     m_enabled = enabled;
@@ -68,6 +67,6 @@ void SolutionStep::forgetActionGroup(QObject* group)
 {
     // The solution manager owns the groups and may delete one while the step still shows it.
     m_actionGroups.removeIf(
-            [group](SolutionActionGroup* g) { return static_cast<QObject*>(g) == group; });
+        [group](SolutionActionGroup* g) { return static_cast<QObject*>(g) == group; });
     setEnabled();
 }

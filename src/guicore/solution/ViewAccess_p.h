@@ -3,6 +3,7 @@
 // The solution registries keep views by id and delete the views they own; both need the complete
 // View class, which the view subsystem declares.
 #if __has_include(<guicore/view/View.h>)
+#define GUICORE_HAVE_VIEW_CLASS 1
 #include <guicore/view/View.h>
 
 #include <type_traits>
@@ -22,6 +23,7 @@ inline void deleteView(View* view)
 } // namespace solution::detail
 
 #else
+#define GUICORE_HAVE_VIEW_CLASS 0
 #include <guicore/solution/Feature.h>
 
 class View;
