@@ -14,6 +14,7 @@ class SolutionManager;
 /// The application's wizard type; only its pointer passes through the action manager.
 class WizardCore;
 Q_DECLARE_OPAQUE_POINTER(WizardCore*)
+Q_DECLARE_METATYPE(WizardCore*)
 
 namespace action {
 
