@@ -2,9 +2,10 @@
 
 // The solution registries keep views by id and delete the views they own; both need the complete
 // View class, which the view subsystem declares.
-#if __has_include(<guicore/view/View.h>)
-#define GUICORE_HAVE_VIEW_CLASS 1
 #include <guicore/view/View.h>
+
+// SolutionManager.cpp still guards the parts that need the complete class with this.
+#define GUICORE_HAVE_VIEW_CLASS 1
 
 #include <type_traits>
 
@@ -21,24 +22,3 @@ inline void deleteView(View* view)
     delete view;
 }
 } // namespace solution::detail
-
-#else
-#define GUICORE_HAVE_VIEW_CLASS 0
-#include <guicore/solution/Feature.h>
-
-class View;
-
-namespace solution::detail {
-// Without the view subsystem no View object can exist, so these are never reached with a live
-// view. A View is a solution::Feature as its single base, found at the start of the object.
-inline QString viewId(const View* view)
-{
-    return view ? reinterpret_cast<const Feature*>(view)->getID() : QString();
-}
-
-inline void deleteView(View* view)
-{
-    delete reinterpret_cast<Feature*>(view);
-}
-} // namespace solution::detail
-#endif
