@@ -1,9 +1,11 @@
 #pragma once
 
 // The solution registries keep views by id and delete the views they own; both need the complete
-// View class, which the view subsystem declares.
-#if __has_include(<guicore/view/View.h>)
-#define GUICORE_HAVE_VIEW_CLASS 1
+// View class, which the view subsystem declares. The build defines GUICORE_HAVE_VIEW_CLASS
+// according to whether it is there (see CMakeLists.txt).
+#include <guicore/solution/Feature.h>
+
+#if GUICORE_HAVE_VIEW_CLASS
 #include <guicore/view/View.h>
 
 #include <type_traits>
@@ -23,9 +25,6 @@ inline void deleteView(View* view)
 } // namespace solution::detail
 
 #else
-#define GUICORE_HAVE_VIEW_CLASS 0
-#include <guicore/solution/Feature.h>
-
 class View;
 
 namespace solution::detail {
