@@ -92,7 +92,6 @@ private Q_SLOTS:
     void tooltipSignalsAndShortcutSuffix();
     void disableOthersDefaultsToNotCheckable();
     void updateKeepsActionDisabledWhileBlocked();
-    void parameters();
     void qactionsFollowTheAction();
     void qactionDrivesTheAction();
 
@@ -111,15 +110,10 @@ void tst_Action::construction()
     Action unnamed;
     QCOMPARE(unnamed.getID(), QStringLiteral("undefined_action"));
     QCOMPARE(unnamed.getType(), QStringLiteral("Action"));
-    QVERIFY(!unnamed.isActive());
-    QVERIFY(unnamed.isEnabled());
     QVERIFY(unnamed.stopOnViewSwitch());
     QVERIFY(unnamed.mustBeDisabled());
     QVERIFY(!unnamed.mustBeStopped());
-    QVERIFY(unnamed.getShowShortcutInTooltip());
-    QCOMPARE(unnamed.getActionState(), Action::NoState);
 
-    QSignalSpy nameSpy(&unnamed, &Action::nameChanged);
     Action full(
         QStringLiteral("measure"), QStringLiteral("Measure"), QStringLiteral("Measures"), QIcon());
     QCOMPARE(full.getID(), QStringLiteral("measure"));
@@ -393,25 +387,6 @@ void tst_Action::updateKeepsActionDisabledWhileBlocked()
     }
     action.update();
     QVERIFY(action.isEnabled());
-}
-
-void tst_Action::parameters()
-{
-    Action action(QStringLiteral("a"));
-    action.setParameter(QStringLiteral("k"), 1);
-    action.setParameter(QStringLiteral("k"), 2);
-    QCOMPARE(action.getParameter(QStringLiteral("k")), QVariant(2));
-    QVERIFY(!action.getParameter(QStringLiteral("missing")).isValid());
-
-    QCOMPARE(action.takeParameter(QStringLiteral("k")), QVariant(2));
-    QVERIFY(!action.takeParameter(QStringLiteral("k")).isValid());
-    QVERIFY(action.getParameters().isEmpty());
-
-    action.setParameters({{QStringLiteral("x"), 1}, {QStringLiteral("y"), 2}});
-    action.removeParameter(QStringLiteral("x"));
-    QCOMPARE(action.getParameters().keys(), QStringList {QStringLiteral("y")});
-    action.clearParameters();
-    QVERIFY(action.getParameters().isEmpty());
 }
 
 void tst_Action::qactionsFollowTheAction()

@@ -48,7 +48,6 @@ private Q_SLOTS:
     void multiActionDisablesDescendants();
     void multiActionRegistersChildren();
     void multiActionForgetsDeletedChild();
-    void multiActionMakesQActionPerChild();
     void groupAcceptsCheckableOnly();
     void groupStopsOtherMembers();
     void listFollowsMembers();
@@ -187,23 +186,6 @@ void tst_ActionKinds::multiActionForgetsDeletedChild()
     delete multi;
     QCOMPARE(removed.count(), 1);
     QVERIFY(!manager.hasAction(QStringLiteral("kept")));
-}
-
-void tst_ActionKinds::multiActionMakesQActionPerChild()
-{
-    MultiAction multi(QStringLiteral("multi"));
-    Action a(QStringLiteral("a"), QStringLiteral("A"), QString(), QIcon());
-    Action b(QStringLiteral("b"), QStringLiteral("B"), QString(), QIcon());
-    multi.addAction(&a);
-    multi.addAction(&b);
-
-    const QList<QAction*> first = multi.getQActions();
-    const QList<QAction*> second = multi.getQActions();
-    QCOMPARE(first.size(), 2);
-    QCOMPARE(first.at(0)->text(), QStringLiteral("A"));
-    QCOMPARE(first.at(1)->objectName(), QStringLiteral("b"));
-    QCOMPARE(first.at(1)->parent(), &b);
-    QVERIFY(first.at(0) != second.at(0));
 }
 
 void tst_ActionKinds::groupAcceptsCheckableOnly()

@@ -54,6 +54,7 @@ private Q_SLOTS:
     void handledRefreshesAvailability();
     void queueStartsEnabledActionAtOnce();
     void queueWaitsForDisabledFront();
+    void repeatedRegistrationIsTrackedOnce();
     void stopActiveMustBeStopped_data();
     void stopActiveMustBeStopped();
     void stopPassesVisitEachActionOnce();
@@ -246,6 +247,17 @@ void tst_ActionManager::queueWaitsForDisabledFront()
     QVERIFY(second->isActive());
     QVERIFY(!m_manager->hasActionsInQueue());
     QCOMPARE(m_manager->getCurrentAction(), second);
+}
+
+void tst_ActionManager::repeatedRegistrationIsTrackedOnce()
+{
+    Action* a = tool("a");
+    m_solutions->addAction(a);
+    recordManager();
+    a->start(false);
+    a->stop();
+    QCOMPARE(
+        m_log, (QStringList {"started a", "triggered(true) a", "stopped a", "triggered(false) a"}));
 }
 
 void tst_ActionManager::stopActiveMustBeStopped_data()

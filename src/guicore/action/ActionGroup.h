@@ -19,7 +19,8 @@ public:
 
     /// Accepts checkable actions only (others are ignored silently); does not take ownership.
     void addAction(Action* action);
-    /// True for a non-member; for a member, true only while it is not active.
+    /// True for a non-member; for a member, true only while it is not active. Does not take
+    /// ownership.
     bool canToggleAction(Action* action) const;
     /// The members, not owned by the caller.
     QList<Action*> getActions() const;

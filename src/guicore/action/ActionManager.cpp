@@ -15,7 +15,8 @@ void ActionManager::setSolutionManager(SolutionManager* manager)
 {
     m_solutionManager = manager;
     if (manager)
-        connect(manager, &SolutionManager::actionAdded, this, &ActionManager::actionAdded);
+        connect(manager, &SolutionManager::actionAdded, this, &ActionManager::actionAdded,
+            Qt::UniqueConnection);
 }
 
 SolutionManager* ActionManager::getSolutionManager() const
@@ -47,8 +48,11 @@ void ActionManager::actionAdded(Action* action)
 {
     if (!action)
         return;
-    connect(action, &Action::triggered, this, &ActionManager::actionTriggered);
-    connect(action, &Action::handled, this, &ActionManager::updateActions);
+    // An action may be registered more than once (a multi-action registers its children, and the
+    // host may too); it must still be tracked once per start.
+    connect(
+        action, &Action::triggered, this, &ActionManager::actionTriggered, Qt::UniqueConnection);
+    connect(action, &Action::handled, this, &ActionManager::updateActions, Qt::UniqueConnection);
     connect(action, &QObject::destroyed, this, &ActionManager::forgetAction, Qt::UniqueConnection);
 }
 

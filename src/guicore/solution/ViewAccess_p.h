@@ -4,9 +4,6 @@
 // View class, which the view subsystem declares.
 #include <guicore/view/View.h>
 
-// SolutionManager.cpp still guards the parts that need the complete class with this.
-#define GUICORE_HAVE_VIEW_CLASS 1
-
 #include <type_traits>
 
 namespace solution::detail {
