@@ -119,7 +119,10 @@ public:
     void passViewSettings(View* from, View* to);
 
 Q_SIGNALS:
+    /// The new view is current (here and in the solution) but not started yet; currentView is
+    /// not owned by receivers.
     void switchingView(View* currentView);
+    /// The current view has started, or the current multi view changed its sub view.
     void viewChanged(QString currentViewId);
     void mousePositionChanged(QVector3D position);
     void availableViewsChanged();
