@@ -88,8 +88,10 @@ void tst_NodeKinds::everyPropertyIsSetComparedAndCopied()
     const samples::Change& change = samples::allChanges().at(size_t(changeIndex));
 
     const std::unique_ptr<ui::Node> pristine = ui::NodeFactory::createSpecificNode(typeId);
+    pristine->addNode(std::make_unique<ui::LayoutTileNode>());
     std::unique_ptr<ui::Node> node = ui::NodeFactory::createSpecificNode(typeId);
     node->addNode(std::make_unique<ui::LayoutTileNode>());
+    QVERIFY(node->isEqual(*pristine));
     node->clearAlteredRecursively();
 
     QVERIFY(change.apply(*node));

@@ -92,6 +92,8 @@ public:
     void setShortcuts(const QList<QKeySequence>& shortcuts);
     void setShortcutSequence(QKeySequence sequence);
 
+    /// Emits disabled(d) then enabled(!d) on a real change.
+    virtual void setDisabled(bool disabled);
     /// The handler that does the work; not owned.
     ActionHandler* getActionHandler() const;
     /// Does not take ownership.
@@ -108,8 +110,6 @@ public:
     bool isDisabled() const;
     bool isEnabled() const;
     void setEnabled(bool enabled);
-    /// Emits disabled(d) then enabled(!d) on a real change.
-    virtual void setDisabled(bool disabled);
 
     /// Asks the handler whether the application may close now.
     bool allowClose();

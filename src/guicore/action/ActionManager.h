@@ -77,6 +77,12 @@ public Q_SLOTS:
     virtual void setEnableUpdates(bool enable);
     void objectsChanged();
     void objectsDeleted();
+
+private Q_SLOTS:
+    /// Tracks the sending action's start (true) or stop (false).
+    void actionTriggered(bool checked);
+
+public Q_SLOTS:
     /// Watches a newly registered action (not owned).
     void actionAdded(Action* action);
 
@@ -90,9 +96,6 @@ Q_SIGNALS:
 protected:
     /// Starts queued actions from the front while the front one is enabled.
     void executeQueuedActionsIfPossible();
-
-private Q_SLOTS:
-    void actionTriggered(bool checked);
 
 private:
     struct QueuedAction

@@ -27,11 +27,11 @@ public:
 
     /// Appends a child (not owned), registers it and emits actionAdded().
     void addAction(Action* child);
+    /// removeAction() for every child, in order.
+    virtual void clearActions();
     /// Unregisters the child, removes its first occurrence and emits actionRemoved(), also for an
     /// action that was not a child.
     virtual void removeAction(Action* child);
-    /// removeAction() for every child, in order.
-    virtual void clearActions();
     /// The children in display order; not owned by the caller.
     QList<Action*> getActions() const;
     bool hasActions() const;
