@@ -1,6 +1,6 @@
 #include "Solution.h"
 
-#include "ViewAccess_p.h"
+#include <guicore/view/View.h>
 
 Solution::Solution(QString id, QString name)
     : solution::Feature(id)
@@ -47,7 +47,7 @@ void Solution::removeView(View* view)
 View* Solution::getViewById(const QString& id) const
 {
     for (View* view : m_views) {
-        if (view && solution::detail::viewId(view) == id)
+        if (view && view->getID() == id)
             return view;
     }
     return nullptr;

@@ -5,7 +5,7 @@
 #include "SolutionPluginInterface.h"
 #include "SolutionRegistries_p.h"
 #include "SolutionStep.h"
-#include "ViewAccess_p.h"
+#include <guicore/view/View.h>
 
 #include <guicore/action/ActionList.h>
 
@@ -279,17 +279,15 @@ void SolutionManager::addView(View* view)
 {
     if (!view)
         return;
-    const QString id = solution::detail::viewId(view);
+    const QString id = view->getID();
     View* previous = m_views.value(id);
     m_views.insert(id, view);
     if (previous && previous != view) {
         Registries::releaseFromPlugins(previous);
-        solution::detail::deleteView(previous);
+        delete previous;
     }
 }
 
-#if GUICORE_HAVE_VIEW_CLASS
-// Returning an owning pointer needs the complete class; nobody can hold the result without it.
 std::unique_ptr<View> SolutionManager::removeView(const QString& id)
 {
     View* view = m_views.take(id);
@@ -297,14 +295,13 @@ std::unique_ptr<View> SolutionManager::removeView(const QString& id)
         Registries::releaseFromPlugins(view);
     return std::unique_ptr<View>(view);
 }
-#endif
 
 void SolutionManager::clearViews()
 {
     const QMap<QString, View*> views = std::exchange(m_views, {});
     for (View* view : views) {
         Registries::releaseFromPlugins(view);
-        solution::detail::deleteView(view);
+        delete view;
     }
 }
 

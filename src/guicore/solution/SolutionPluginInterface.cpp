@@ -2,7 +2,7 @@
 
 #include "Feature.h"
 #include "SolutionRegistries_p.h"
-#include "ViewAccess_p.h"
+#include <guicore/view/View.h>
 
 #include <guicore/action/Action.h>
 
@@ -38,7 +38,7 @@ void SolutionPluginInterface::close()
     const QList<View*> views = std::exchange(m_views, {});
     for (View* view : views) {
         Registries::releaseFromManagers(view);
-        solution::detail::deleteView(view);
+        delete view;
     }
 }
 
