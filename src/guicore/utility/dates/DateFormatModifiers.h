@@ -1,0 +1,19 @@
+#pragma once
+
+#include <guicore/guicore_export.h>
+
+class QString;
+
+/// Input helpers derived from the style's short date format ("@SHORT_DATE_FORMAT").
+class GUICORE_EXPORT DateFormatModifiers
+{
+public:
+    DateFormatModifiers() = delete;
+
+    /// A `QLineEdit` input mask: "09" per day or month field, "D999" per year field, e.g.
+    /// "09.09.D999" for "dd.MM.yyyy".
+    static QString getDateMask();
+    /// The short date format with every field at full width, e.g. "dd/MM/yyyy" for "d/M/yy";
+    /// fields other than day, month and year are dropped.
+    static QString getShortDateFormatForInput();
+};

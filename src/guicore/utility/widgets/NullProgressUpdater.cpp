@@ -1,0 +1,3 @@
+#include "NullProgressUpdater.h"
+
+void NullProgressUpdater::updateProgress(const char* /*message*/, int /*value*/) const { }

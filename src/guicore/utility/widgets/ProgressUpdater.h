@@ -1,0 +1,21 @@
+#pragma once
+
+#include <guicore/guicore_export.h>
+
+#include <QtGlobal>
+
+/// Keeps the GUI responsive during a long computation on the GUI thread: processes pending
+/// events at most once every 20 ms of a monotonic clock, however often it is called.
+class GUICORE_EXPORT ProgressUpdater
+{
+public:
+    ProgressUpdater() = default;
+    virtual ~ProgressUpdater();
+
+    /// message and value are for subclasses that show them; this class only pumps events.
+    virtual void updateProgress(const char* message, int value) const;
+
+private:
+    /// Milliseconds of the monotonic clock at the last pump; 0 = never.
+    mutable qint64 lastUpdateMs = 0;
+};
