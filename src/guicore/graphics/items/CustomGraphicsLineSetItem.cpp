@@ -2,6 +2,7 @@
 
 #include <QPainter>
 
+#include <algorithm>
 #include <cmath>
 #include <utility>
 
@@ -54,7 +55,7 @@ struct SegmentGraph {
                 return i;
         }
         points.append(p);
-        edgesAt.append({});
+        edgesAt.append(QList<int>());
         return points.size() - 1;
     }
 
