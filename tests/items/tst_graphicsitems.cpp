@@ -105,7 +105,8 @@ public:
 };
 
 /// A scene shown in an offscreen view at a given zoom, centred on the scene origin.
-struct ViewFixture {
+struct ViewFixture
+{
     QGraphicsScene scene {-500, -500, 1000, 1000};
     QGraphicsView view {&scene};
 
@@ -213,7 +214,8 @@ void tst_GraphicsItems::clickableRegion_data()
     QTest::newRow("no stroker, inside") << false << square << QPointF(50, 50) << true;
     QTest::newRow("no stroker, just outside") << false << square << QPointF(103, 50) << false;
     QTest::newRow("stroker, inside far from outline") << true << square << QPointF(50, 50) << false;
-    QTest::newRow("stroker, just outside the outline") << true << square << QPointF(103, 50) << true;
+    QTest::newRow("stroker, just outside the outline")
+        << true << square << QPointF(103, 50) << true;
     QTest::newRow("stroker, beyond half the pen") << true << square << QPointF(107, 50) << false;
     QTest::newRow("stroker, empty path") << true << QPainterPath() << QPointF(0, 0) << false;
     QTest::newRow("no stroker, empty path") << false << QPainterPath() << QPointF(0, 0) << false;
@@ -300,15 +302,14 @@ void tst_GraphicsItems::pressRules_data()
                           << QStringList {"left"} << true;
     QTest::newRow("right") << Qt::RightButton << Qt::MouseButtons(Qt::RightButton) << inside
                            << QStringList {"right"} << false;
-    QTest::newRow("left and right") << Qt::RightButton
-                                    << (Qt::LeftButton | Qt::RightButton) << inside
-                                    << QStringList() << false;
+    QTest::newRow("left and right") << Qt::RightButton << (Qt::LeftButton | Qt::RightButton)
+                                    << inside << QStringList() << false;
     QTest::newRow("middle") << Qt::MiddleButton << Qt::MouseButtons(Qt::MiddleButton) << inside
                             << QStringList() << false;
     // The scene's hit test takes the pen's stroke; the item's own region is the path only.
     QTest::newRow("on the stroke, off the region")
-        << Qt::LeftButton << Qt::MouseButtons(Qt::LeftButton) << QPointF(101.5, 50)
-        << QStringList() << false;
+        << Qt::LeftButton << Qt::MouseButtons(Qt::LeftButton) << QPointF(101.5, 50) << QStringList()
+        << false;
 }
 
 void tst_GraphicsItems::pressRules()
@@ -352,10 +353,10 @@ void tst_GraphicsItems::pressMoveReleaseSequence()
         [&] { seen << (item->isDragging() ? "released dragging" : "released"); });
 
     pressThroughScene(scene, QPointF(10, 10), Qt::LeftButton, Qt::LeftButton);
-    sendMouse(scene, QEvent::GraphicsSceneMouseMove, QPointF(200, 200), Qt::NoButton,
-        Qt::LeftButton);
-    sendMouse(scene, QEvent::GraphicsSceneMouseRelease, QPointF(200, 200), Qt::LeftButton,
-        Qt::NoButton);
+    sendMouse(
+        scene, QEvent::GraphicsSceneMouseMove, QPointF(200, 200), Qt::NoButton, Qt::LeftButton);
+    sendMouse(
+        scene, QEvent::GraphicsSceneMouseRelease, QPointF(200, 200), Qt::LeftButton, Qt::NoButton);
 
     QCOMPARE(seen, (QStringList {"left", "moved dragging", "released"}));
     QVERIFY(!item->isDragging());
@@ -375,8 +376,7 @@ void tst_GraphicsItems::pressOutsideStopsAtFirstAcceptingChild()
     parent.addCustomChildItem(nullptr);
     parent.addCustomChildItem(second);
     parent.addCustomChildItem(third);
-    QCOMPARE(parent.getCustomChildItems(),
-        (QList<CustomGraphicsItem*> {first, second, third}));
+    QCOMPARE(parent.getCustomChildItems(), (QList<CustomGraphicsItem*> {first, second, third}));
     QCOMPARE(second->parentItem(), &parent);
 
     QStringList seen;
@@ -547,8 +547,8 @@ void tst_GraphicsItems::sortByHoverPriority_data()
     QTest::newRow("empty") << QList<int>() << QStringList();
     QTest::newRow("one") << QList<int> {4} << QStringList {"a"};
     QTest::newRow("1 3 2") << QList<int> {1, 3, 2} << QStringList {"b", "c", "a"};
-    QTest::newRow("equal keep order") << QList<int> {2, 5, 2, 5, -1}
-                                      << QStringList {"b", "d", "a", "c", "e"};
+    QTest::newRow("equal keep order")
+        << QList<int> {2, 5, 2, 5, -1} << QStringList {"b", "d", "a", "c", "e"};
     QTest::newRow("ascending") << QList<int> {-1, 0, 1, 2} << QStringList {"d", "c", "b", "a"};
 }
 
@@ -560,8 +560,7 @@ void tst_GraphicsItems::sortByHoverPriority()
     std::vector<std::unique_ptr<TestHoverable>> owned;
     QList<HoverableItem*> items;
     for (int i = 0; i < priorities.size(); ++i) {
-        owned.push_back(
-            std::make_unique<TestHoverable>(priorities[i], QString(QChar('a' + i))));
+        owned.push_back(std::make_unique<TestHoverable>(priorities[i], QString(QChar('a' + i))));
         items.append(owned.back().get());
     }
     HoverableItem::sortByHoverPriority(items);
@@ -796,8 +795,8 @@ void tst_GraphicsItems::svgItemReportsClicks()
     QSignalSpy released(item, &CustomGraphicsSvgItem::mouseReleased);
 
     pressThroughScene(scene, QPointF(10, 10), Qt::LeftButton, Qt::LeftButton);
-    sendMouse(scene, QEvent::GraphicsSceneMouseRelease, QPointF(10, 10), Qt::LeftButton,
-        Qt::NoButton);
+    sendMouse(
+        scene, QEvent::GraphicsSceneMouseRelease, QPointF(10, 10), Qt::LeftButton, Qt::NoButton);
     QCOMPARE(left.count(), 1);
     QCOMPARE(released.count(), 1);
 }
@@ -819,7 +818,8 @@ void tst_GraphicsItems::pointDraggerProposesWithoutMoving()
             seen << "proposed";
             proposals << p;
         });
-    connect(handle, &CustomGraphicsPointDraggerItem::dragFinished, this, [&] { seen << "finished"; });
+    connect(
+        handle, &CustomGraphicsPointDraggerItem::dragFinished, this, [&] { seen << "finished"; });
 
     // Grabbed 2 units right of its centre; the offset is kept.
     QVERIFY(pressThroughScene(fixture.scene, QPointF(112, 10), Qt::LeftButton, Qt::LeftButton));

@@ -31,7 +31,8 @@ QPixmap solidPixmap(int w, int h)
     return pixmap;
 }
 
-struct ViewFixture {
+struct ViewFixture
+{
     QGraphicsScene scene {-500, -500, 1000, 1000};
     QGraphicsView view {&scene};
 
@@ -124,7 +125,8 @@ void tst_LabelItem::partsAreNamedAndPlaced()
     QCOMPARE(label.getCustomChildItems(),
         (QList<CustomGraphicsItem*> {label.getBackground(), label.getTextItem()}));
 
-    QVERIFY(!label.getBackground()->isVisible() && label.getBackground()->isVisibleTo(nullptr) == false);
+    QVERIFY(!label.getBackground()->isVisible()
+        && label.getBackground()->isVisibleTo(nullptr) == false);
     QVERIFY(!label.getBackground()->isEnabled());
     QVERIFY(!label.getTextItem()->isEnabled());
     QCOMPARE(label.getBackground()->getCornerRadius(), 3.0);
@@ -153,14 +155,14 @@ void tst_LabelItem::layout_data()
     QTest::addColumn<QSizeF>("iconShown");
 
     QTest::newRow("text, no icon") << "12.5 mm" << QSize() << true << QSize() << QSizeF(0, 0);
-    QTest::newRow("text and square icon") << "12.5 mm" << QSize(32, 32) << true << QSize()
-                                          << QSizeF(16, 16);
-    QTest::newRow("wide icon keeps aspect") << "x" << QSize(40, 20) << true << QSize()
-                                            << QSizeF(16, 8);
-    QTest::newRow("fixed box, no icon") << "12.5 mm" << QSize() << false << QSize(50, 20)
-                                        << QSizeF(0, 0);
-    QTest::newRow("fixed box, icon") << "a" << QSize(16, 16) << false << QSize(50, 20)
-                                     << QSizeF(16, 16);
+    QTest::newRow("text and square icon")
+        << "12.5 mm" << QSize(32, 32) << true << QSize() << QSizeF(16, 16);
+    QTest::newRow("wide icon keeps aspect")
+        << "x" << QSize(40, 20) << true << QSize() << QSizeF(16, 8);
+    QTest::newRow("fixed box, no icon")
+        << "12.5 mm" << QSize() << false << QSize(50, 20) << QSizeF(0, 0);
+    QTest::newRow("fixed box, icon")
+        << "a" << QSize(16, 16) << false << QSize(50, 20) << QSizeF(16, 16);
     QTest::newRow("empty text") << QString() << QSize() << true << QSize() << QSizeF(0, 0);
 }
 

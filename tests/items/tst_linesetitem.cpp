@@ -128,17 +128,14 @@ void tst_LineSetItem::closedPolygons_data()
     const Lines squareLines = polygonLines(square);
     QTest::newRow("empty") << Lines() << Loops();
     QTest::newRow("square in order") << squareLines << Loops {square};
-    QTest::newRow("square shuffled and flipped")
-        << Lines {squareLines[2], reversed({squareLines[0]}).first(), squareLines[3],
-               reversed({squareLines[1]}).first()}
-        << Loops {square};
-    QTest::newRow("two loops interleaved")
-        << Lines {squareLines[0], polygonLines(triangle)[1], squareLines[1], squareLines[2],
-               polygonLines(triangle)[0], squareLines[3], polygonLines(triangle)[2]}
-        << Loops {square, triangle};
+    QTest::newRow("square shuffled and flipped") << Lines {squareLines[2],
+        reversed({squareLines[0]}).first(), squareLines[3], reversed({squareLines[1]}).first()}
+                                                 << Loops {square};
+    QTest::newRow("two loops interleaved") << Lines {squareLines[0], polygonLines(triangle)[1],
+        squareLines[1], squareLines[2], polygonLines(triangle)[0], squareLines[3],
+        polygonLines(triangle)[2]} << Loops {square, triangle};
     QTest::newRow("open chain") << Lines {QLineF(0, 0, 10, 0), QLineF(10, 0, 10, 10),
-                                       QLineF(10, 10, 20, 10)}
-                                << Loops();
+        QLineF(10, 10, 20, 10)} << Loops();
     QTest::newRow("loop with dangling tail")
         << (squareLines + Lines {QLineF(100, 100, 150, 150), QLineF(150, 150, 160, 200)})
         << Loops {square};
@@ -151,10 +148,9 @@ void tst_LineSetItem::closedPolygons_data()
     QTest::newRow("figure eight") << (polygonLines(left) + reversed(polygonLines(right)))
                                   << Loops {left, right};
     // End points that differ by far less than the relative tolerance still meet.
-    QTest::newRow("fuzzy end points")
-        << Lines {QLineF(0, 0, 1e6, 0), QLineF(1e6 * (1 + 1e-14), 0, 1e6, 1e6),
-               QLineF(1e6, 1e6 * (1 - 1e-14), 0, 0)}
-        << Loops {{{0, 0}, {1e6, 0}, {1e6, 1e6}}};
+    QTest::newRow("fuzzy end points") << Lines {QLineF(0, 0, 1e6, 0),
+        QLineF(1e6 * (1 + 1e-14), 0, 1e6, 1e6), QLineF(1e6, 1e6 * (1 - 1e-14), 0, 0)}
+                                      << Loops {{{0, 0}, {1e6, 0}, {1e6, 1e6}}};
     QTest::newRow("end points too far apart")
         << Lines {QLineF(0, 0, 100, 0), QLineF(100.001, 0, 100, 100), QLineF(100, 100, 0, 0)}
         << Loops();
@@ -178,12 +174,10 @@ void tst_LineSetItem::closedOutlinePoints_data()
 
     const Lines squareLines = polygonLines(square);
     QTest::newRow("square in order") << squareLines << 4;
-    QTest::newRow("square shuffled and flipped")
-        << Lines {squareLines[0], squareLines[2], reversed({squareLines[3]}).first(),
-               reversed({squareLines[1]}).first()}
-        << 4;
-    QTest::newRow("pentagon") << polygonLines({{0, 0}, {10, -5}, {20, 0}, {15, 10}, {5, 10}})
-                              << 5;
+    QTest::newRow("square shuffled and flipped") << Lines {squareLines[0], squareLines[2],
+        reversed({squareLines[3]}).first(), reversed({squareLines[1]}).first()}
+                                                 << 4;
+    QTest::newRow("pentagon") << polygonLines({{0, 0}, {10, -5}, {20, 0}, {15, 10}, {5, 10}}) << 5;
 }
 
 void tst_LineSetItem::closedOutlinePoints()
@@ -210,10 +204,10 @@ void tst_LineSetItem::setLineSetModes_data()
     const Lines chain {QLineF(0, 0, 100, 0), QLineF(100, 0, 100, 100)};
     QTest::newRow("empty") << Lines() << QColor(Qt::red) << false << false << false;
     QTest::newRow("loop without fill colour") << squareLines << QColor() << false << false << true;
-    QTest::newRow("loop with fill colour") << squareLines << QColor(Qt::red) << true << true
-                                           << true;
-    QTest::newRow("open chain with fill colour") << chain << QColor(Qt::red) << false << false
-                                                 << true;
+    QTest::newRow("loop with fill colour")
+        << squareLines << QColor(Qt::red) << true << true << true;
+    QTest::newRow("open chain with fill colour")
+        << chain << QColor(Qt::red) << false << false << true;
 }
 
 void tst_LineSetItem::setLineSetModes()

@@ -13,8 +13,8 @@ public:
     explicit CustomGraphicsEllipseItem(const QString& name = QString(),
         QGraphicsItem* parent = nullptr, float radiusX = 0.0f, float radiusY = 0.0f);
     /// A non-null parent item owns the item.
-    CustomGraphicsEllipseItem(
-        float radiusX, float radiusY, const QString& name = QString(), QGraphicsItem* parent = nullptr);
+    CustomGraphicsEllipseItem(float radiusX, float radiusY, const QString& name = QString(),
+        QGraphicsItem* parent = nullptr);
 
     void setRadius(float radiusX, float radiusY);
     float getRadiusX() const { return rx; }

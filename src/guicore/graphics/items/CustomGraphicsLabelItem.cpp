@@ -34,12 +34,13 @@ CustomGraphicsLabelItem::CustomGraphicsLabelItem(
     background->setZValue(0.1);
     addCustomChildItem(background);
 
-    text = new CustomGraphicsOutlineTextItem(name + QStringLiteral("_text"), nullptr, QString(), outline);
+    text = new CustomGraphicsOutlineTextItem(
+        name + QStringLiteral("_text"), nullptr, QString(), outline);
     text->setTextColor(QColor(255, 255, 0, 255));
     text->setOutlineTextColor(QColor(0, 0, 0, 255));
     QFont font = text->getFont();
-    font.setFamily(StyleManager::manager().getFontFamilyForQFont(
-        QStringLiteral("@MEASUREMENT_LABEL_FONT")));
+    font.setFamily(
+        StyleManager::manager().getFontFamilyForQFont(QStringLiteral("@MEASUREMENT_LABEL_FONT")));
     font.setPixelSize(
         static_cast<int>(DevicePixelRatio::value()) * std::max(1, labelFontSetting()));
     font.setLetterSpacing(QFont::PercentageSpacing, 110);
@@ -167,7 +168,7 @@ void CustomGraphicsLabelItem::setVisible(bool visible)
 {
     QGraphicsItem::setVisible(visible);
     if (QGraphicsScene* s = scene())
-        Q_EMIT s->changed(QList<QRectF>{boundingRect()});
+        Q_EMIT s->changed(QList<QRectF> {boundingRect()});
 }
 
 void CustomGraphicsLabelItem::updatePositions()
@@ -215,7 +216,8 @@ QPainterPath CustomGraphicsLabelItem::shape() const
         box.setTop(top);
         box.setBottom(bottom);
     }
-    shapeRect = QRectF(QPointF(box.left() * s, box.top() * s), QPointF(box.right() * s, box.bottom() * s));
+    shapeRect = QRectF(
+        QPointF(box.left() * s, box.top() * s), QPointF(box.right() * s, box.bottom() * s));
     QPainterPath path;
     path.addRect(shapeRect);
     const_cast<CustomGraphicsLabelItem*>(this)->setClickableRegion(path);

@@ -30,7 +30,8 @@ double dot(const QPointF& a, const QPointF& b)
 }
 
 /// The segments as an undirected graph over fuzzily distinct end points.
-struct SegmentGraph {
+struct SegmentGraph
+{
     QList<QPointF> points;
     QList<std::pair<int, int>> edges;
     QList<QList<int>> edgesAt; // per point, the indices of its edges
@@ -163,7 +164,7 @@ QPainterPath CustomGraphicsLineSetItem::createPathWithClosedPolygons(const QList
     for (int startEdge = 0; startEdge < graph.edges.size(); ++startEdge) {
         if (edgeUsed[startEdge])
             continue;
-        QList<int> walk{graph.edges[startEdge].first};
+        QList<int> walk {graph.edges[startEdge].first};
         int current = graph.edges[startEdge].first;
         int edge = startEdge;
         while (edge >= 0) {
@@ -198,7 +199,7 @@ QList<QPointF> CustomGraphicsLineSetItem::getPointsForClosedPolygonFromLines(
     if (graph.points.size() < 3)
         return graph.points;
 
-    QList<QPointF> outline{graph.points.first()};
+    QList<QPointF> outline {graph.points.first()};
     QList<bool> edgeUsed(graph.edges.size(), false);
     int current = 0;
     QPointF heading;
@@ -227,7 +228,8 @@ QList<QPointF> CustomGraphicsLineSetItem::getPointsForClosedPolygonFromLines(
                 continue;
             }
             const double turnBest = std::atan2(cross(heading, best), dot(heading, best));
-            const double turnCandidate = std::atan2(cross(heading, direction), dot(heading, direction));
+            const double turnCandidate
+                = std::atan2(cross(heading, direction), dot(heading, direction));
             // In screen coordinates (y down) a positive cross product is a clockwise turn.
             if (turnCandidate > turnBest) {
                 edge = e;

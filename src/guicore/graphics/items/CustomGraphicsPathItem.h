@@ -9,7 +9,8 @@ class GUICORE_EXPORT CustomGraphicsPathItem : public CustomGraphicsItem
 
 public:
     /// A non-null parent item owns the item.
-    explicit CustomGraphicsPathItem(const QString& name = QString(), QGraphicsItem* parent = nullptr);
+    explicit CustomGraphicsPathItem(
+        const QString& name = QString(), QGraphicsItem* parent = nullptr);
 
     float getPathWidth() const;
 

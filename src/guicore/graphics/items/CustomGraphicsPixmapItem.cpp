@@ -5,7 +5,8 @@
 #include <QGraphicsSceneMouseEvent>
 #include <QGraphicsSceneWheelEvent>
 
-CustomGraphicsPixmapItem::CustomGraphicsPixmapItem(const QString& name, QGraphicsItem* parent, const QPixmap& pixmap)
+CustomGraphicsPixmapItem::CustomGraphicsPixmapItem(
+    const QString& name, QGraphicsItem* parent, const QPixmap& pixmap)
     : QObject()
     , QGraphicsPixmapItem(pixmap, parent)
 {

@@ -17,7 +17,8 @@ class GUICORE_EXPORT CustomGraphicsSvgItem : public QGraphicsSvgItem
 
 public:
     /// A non-null parent item owns the item.
-    explicit CustomGraphicsSvgItem(const QString& name = QString(), QGraphicsItem* parent = nullptr);
+    explicit CustomGraphicsSvgItem(
+        const QString& name = QString(), QGraphicsItem* parent = nullptr);
 
     void mousePressEvent(QGraphicsSceneMouseEvent* event) override;
     void mouseMoveEvent(QGraphicsSceneMouseEvent* event) override;

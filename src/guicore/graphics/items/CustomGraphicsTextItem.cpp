@@ -42,9 +42,9 @@ QFont CustomGraphicsTextItem::createFont()
     StyleManager& style = StyleManager::manager();
     QFont font;
     font.setFamily(style.getFontFamilyForQFont(QStringLiteral("@MEASUREMENT_LABEL_FONT")));
-    const int pixelSize = static_cast<int>(
-        style.getFontSize(QStringLiteral("@MEASUREMENT_LABEL_FONT_SIZE_3D"))
-        * DevicePixelRatio::value());
+    const int pixelSize
+        = static_cast<int>(style.getFontSize(QStringLiteral("@MEASUREMENT_LABEL_FONT_SIZE_3D"))
+            * DevicePixelRatio::value());
     // QFont refuses sizes below 1 with a warning; a missing style size keeps the default.
     if (pixelSize > 0)
         font.setPixelSize(pixelSize);
@@ -107,7 +107,8 @@ QPainterPath CustomGraphicsTextItem::shape() const
     }
     const QRectF r = QGraphicsTextItem::shape().boundingRect().normalized();
     QPainterPath path;
-    path.addRect(QRectF(QPointF(r.left() * s, r.top() * s), QPointF(r.right() * s, r.bottom() * s)));
+    path.addRect(
+        QRectF(QPointF(r.left() * s, r.top() * s), QPointF(r.right() * s, r.bottom() * s)));
     return path;
 }
 
@@ -144,8 +145,8 @@ void CustomGraphicsTextItem::keyReleaseEvent(QKeyEvent* event)
 void CustomGraphicsTextItem::reformatUpdatedText(int, int charsRemoved, int)
 {
     QTextDocument* doc = document();
-    disconnect(doc, &QTextDocument::contentsChange, this,
-        &CustomGraphicsTextItem::reformatUpdatedText);
+    disconnect(
+        doc, &QTextDocument::contentsChange, this, &CustomGraphicsTextItem::reformatUpdatedText);
 
     QString text = doc->toPlainText();
     text.replace(QStringLiteral("\r\n"), QStringLiteral(" "));
