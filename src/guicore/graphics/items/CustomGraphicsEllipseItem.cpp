@@ -56,8 +56,11 @@ void CustomGraphicsEllipseItem::preparePath(QPainter* painter)
         radiusX = ratio * rx / world.m11();
         radiusY = ratio * ry / world.m22();
     }
+    // Painted every frame: rebuild the path only when the zoom gave it other radii.
+    const QRectF wanted(-radiusX, -radiusY, 2.0 * radiusX, 2.0 * radiusY);
+    if (getPainterPath().boundingRect() == wanted)
+        return;
     QPainterPath path;
     path.addEllipse(QPointF(0.0, 0.0), radiusX, radiusY);
-    if (path != getPainterPath())
-        adoptPaintedPath(path);
+    adoptPaintedPath(path);
 }

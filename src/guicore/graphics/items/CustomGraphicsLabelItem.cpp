@@ -32,6 +32,7 @@ CustomGraphicsLabelItem::CustomGraphicsLabelItem(
         Qt::SquareCap, Qt::BevelJoin));
     background->setBrush(QBrush(backgroundColor, Qt::SolidPattern));
     background->setZValue(0.1);
+    background->setCacheMode(QGraphicsItem::DeviceCoordinateCache);
     addCustomChildItem(background);
 
     text = new CustomGraphicsOutlineTextItem(
@@ -60,8 +61,11 @@ CustomGraphicsLabelItem::CustomGraphicsLabelItem(
     icon = new CustomGraphicsPixmapItem(name + QStringLiteral("_icon"), this, QPixmap());
     icon->setZValue(0.2);
     icon->setAcceptedMouseButtons(Qt::NoButton);
+    icon->setVisible(false);
 
     setFlag(ItemIgnoresTransformations, true);
+    // The parts draw everything; the label itself is never painted.
+    setFlag(ItemHasNoContents, true);
 
     connect(settings::SettingsManager::manager(),
         &settings::SettingsManager::userDefaultSettingChanged, this,
@@ -87,6 +91,8 @@ void CustomGraphicsLabelItem::setText(const QString& t)
 void CustomGraphicsLabelItem::setIcon(const QPixmap& pixmap)
 {
     icon->setPixmap(pixmap.scaled(16, 16, Qt::KeepAspectRatio, Qt::FastTransformation));
+    // An icon without a picture is kept out of painting altogether.
+    icon->setVisible(!icon->pixmap().isNull());
     updatePositions();
 }
 

@@ -10,16 +10,21 @@ CustomGraphicsOutlineTextItem::CustomGraphicsOutlineTextItem(
     : CustomGraphicsItem(name, parent)
     , text(t)
 {
+    // The children draw everything; the item itself is never painted.
+    setFlag(ItemHasNoContents, true);
     if (outline) {
         outlineItem = new CustomGraphicsPathItem(name + QStringLiteral("_outline"));
         outlineItem->setZValue(0.0);
+        outlineItem->setCacheMode(QGraphicsItem::DeviceCoordinateCache);
         outlineItem->setBrush(Qt::NoBrush);
         addCustomChildItem(outlineItem);
     }
     textItem = new CustomGraphicsPathItem(name + QStringLiteral("_text"));
     textItem->setZValue(1.0);
+    textItem->setCacheMode(QGraphicsItem::DeviceCoordinateCache);
     textItem->setPen(Qt::NoPen);
     addCustomChildItem(textItem);
+    applyColors();
     rebuild();
 }
 
@@ -40,19 +45,19 @@ void CustomGraphicsOutlineTextItem::setFont(const QFont& f)
 void CustomGraphicsOutlineTextItem::setTextColor(const QColor& color)
 {
     textColor = color;
-    rebuild();
+    applyColors();
 }
 
 void CustomGraphicsOutlineTextItem::setOutlineTextColor(const QColor& color)
 {
     outlineColor = color;
-    rebuild();
+    applyColors();
 }
 
 void CustomGraphicsOutlineTextItem::setOutlineWidth(qreal width)
 {
     outlineWidth = width;
-    rebuild();
+    applyColors();
 }
 
 QRectF CustomGraphicsOutlineTextItem::textBoundingRect() const
@@ -67,12 +72,16 @@ void CustomGraphicsOutlineTextItem::rebuild()
     QPainterPath glyphs;
     if (!text.isEmpty())
         glyphs.addText(0.0, 0.0, font, text);
-    textItem->setBrush(QBrush(textColor, Qt::SolidPattern));
     textItem->setPainterPath(glyphs);
-    if (outlineItem) {
-        QPen ring(QBrush(outlineColor, Qt::SolidPattern), outlineWidth, Qt::SolidLine, Qt::RoundCap,
-            Qt::RoundJoin);
-        outlineItem->setPen(ring);
+    if (outlineItem)
         outlineItem->setPainterPath(glyphs);
+}
+
+void CustomGraphicsOutlineTextItem::applyColors()
+{
+    textItem->setBrush(QBrush(textColor, Qt::SolidPattern));
+    if (outlineItem) {
+        outlineItem->setPen(QPen(QBrush(outlineColor, Qt::SolidPattern), outlineWidth,
+            Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
     }
 }

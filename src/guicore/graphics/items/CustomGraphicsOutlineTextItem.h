@@ -40,6 +40,7 @@ public:
 
 private:
     void rebuild();
+    void applyColors();
 
     QString text;
     QFont font;
