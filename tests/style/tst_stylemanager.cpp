@@ -24,6 +24,26 @@ public:
 
 using StyleMap = QHash<QString, QString>;
 
+// Replaces the virtual hooks, as a derived manager may: the public getters must go through them.
+class OverridingStyleManager : public StyleManager
+{
+public:
+    QString getDateFormat(const QString& formatId) const override
+    {
+        return formatId == QLatin1String("@TIME_FORMAT") ? QStringLiteral("mm") : QString();
+    }
+
+private:
+    QString doGetFontFamily(const QString& fontId) const override
+    {
+        return QLatin1Char('"') + fontId + QLatin1Char('"');
+    }
+    int getIntegerFontProperty(const QString& fontPropertyId) const override
+    {
+        return int(fontPropertyId.size());
+    }
+};
+
 QString quoted(const QString& text)
 {
     return QLatin1Char('"') + text + QLatin1Char('"');
@@ -46,29 +66,22 @@ private Q_SLOTS:
     void cleanup();
 
     void colors();
-    void sizes_data();
-    void sizes();
-    void integerFontProperties_data();
-    void integerFontProperties();
-    void fontBoolValue_data();
-    void fontBoolValue();
+    void numericGetters_data();
+    void numericGetters();
     void completeFont_data();
     void completeFont();
-    void lineHeight_data();
-    void lineHeight();
     void fontFamilies_data();
     void fontFamilies();
     void deprecatedGetFontWarns();
     void dateFormatFallsBackToGenericFormat();
     void formatting();
     void commonFormatsOverwriteEvenWhenEmpty();
+    void gettersGoThroughVirtualHooks();
     void createTwiceSecondWins();
     void lazyManagerLoadsDefaultStyle();
     void providerReadsAfreshEveryCall();
     void paletteReplacesColorFiles();
     void defaultStyleHasEveryIdTheLibraryUses();
-    void palettesHoldEveryDefaultColor_data();
-    void palettesHoldEveryDefaultColor();
     void qmlInvokableGetters();
 
 private:
@@ -109,88 +122,99 @@ void tst_StyleManager::colors()
     QCOMPARE(manager.getOptionalColor("@RED"), QColor(255, 0, 0));
 }
 
-void tst_StyleManager::sizes_data()
+void tst_StyleManager::numericGetters_data()
 {
+    QTest::addColumn<QString>("getter");
+    QTest::addColumn<QString>("key");
     QTest::addColumn<QString>("value");
     QTest::addColumn<double>("expected");
     QTest::addColumn<QString>("warning");
 
-    QTest::newRow("integer") << "12" << 12.0 << QString();
-    QTest::newRow("fraction") << "1.5" << 1.5 << QString();
-    QTest::newRow("not a number")
-        << "12px" << 0.0
-        << "StyleManager : could not properly convert size value \"12px\" for id \"@SIZE\"";
-    QTest::newRow("empty") << "" << 0.0 << "StyleManager : size not found for id \"@SIZE\"";
+    const QString badSize
+        = "StyleManager : could not properly convert size value \"%1\" for id \"@X\"";
+    const QString badProperty
+        = "StyleManager : could not properly convert property value \"%1\" for id \"@X\"";
+    const QString noProperty = "StyleManager : font property not found for id \"@X\"";
+    const QString noLineHeight = "StyleManager : line-height not found for font id \"@X\"";
+
+    QTest::newRow("size") << "size"
+                          << "@X"
+                          << "1.5" << 1.5 << QString();
+    QTest::newRow("size not a number") << "size"
+                                       << "@X"
+                                       << "12px" << 0.0 << badSize.arg("12px");
+    QTest::newRow("size empty") << "size"
+                                << "@X"
+                                << "" << 0.0 << "StyleManager : size not found for id \"@X\"";
+    QTest::newRow("font size") << "fontSize"
+                               << "@X"
+                               << "13" << 13.0 << QString();
+    QTest::newRow("font size fraction") << "fontSize"
+                                        << "@X"
+                                        << "12.5" << 0.0 << badProperty.arg("12.5");
+    QTest::newRow("font size empty") << "fontSize"
+                                     << "@X"
+                                     << "" << 0.0 << noProperty;
+    QTest::newRow("weight") << "fontWeight"
+                            << "@X"
+                            << "600" << 600.0 << QString();
+    QTest::newRow("weight not base 10") << "fontWeight"
+                                        << "@X"
+                                        << "0x10" << 0.0 << badProperty.arg("0x10");
+    QTest::newRow("bool true") << "bool"
+                               << "@X"
+                               << "true" << 1.0 << QString();
+    QTest::newRow("bool false") << "bool"
+                                << "@X"
+                                << "false" << 0.0 << QString();
+    QTest::newRow("bool upper case") << "bool"
+                                     << "@X"
+                                     << "TRUE" << 0.0 << badProperty.arg("TRUE");
+    QTest::newRow("bool one") << "bool"
+                              << "@X"
+                              << "1" << 0.0 << badProperty.arg("1");
+    QTest::newRow("bool empty") << "bool"
+                                << "@X"
+                                << "" << 0.0 << noProperty;
+    QTest::newRow("line height") << "lineHeight"
+                                 << "@X-line-height"
+                                 << "1.25" << 1.25 << QString();
+    QTest::newRow("line height reads only its own key") << "lineHeight"
+                                                        << "@X"
+                                                        << "1.5" << 0.1 << noLineHeight;
+    QTest::newRow("line height empty") << "lineHeight"
+                                       << "@X-line-height"
+                                       << "" << 0.1 << noLineHeight;
+    QTest::newRow("line height not a number")
+        << "lineHeight"
+        << "@X-line-height"
+        << "normal" << 0.1 << "StyleManager : Invalid line-height format for id \"@X\"";
 }
 
-void tst_StyleManager::sizes()
+void tst_StyleManager::numericGetters()
 {
+    QFETCH(QString, getter);
+    QFETCH(QString, key);
     QFETCH(QString, value);
     QFETCH(double, expected);
     QFETCH(QString, warning);
-    manager.setSizes({{"@SIZE", value}});
+    manager.setSizes({{key, value}});
+    manager.setFonts({{key, value}});
     if (!warning.isEmpty())
         QTest::ignoreMessage(QtWarningMsg, qPrintable(warning));
-    QCOMPARE(manager.getSize("@SIZE"), expected);
-    QCOMPARE(manager.getSizes().value("@SIZE"), value); // a bad value is kept as it was
-}
-
-void tst_StyleManager::integerFontProperties_data()
-{
-    QTest::addColumn<QString>("value");
-    QTest::addColumn<int>("expected");
-    QTest::addColumn<QString>("warning");
-
-    QTest::newRow("number") << "600" << 600 << QString();
-    QTest::newRow("fraction")
-        << "12.5" << 0
-        << "StyleManager : could not properly convert property value \"12.5\" for id \"@P\"";
-    QTest::newRow("hexadecimal is not base 10")
-        << "0x10" << 0
-        << "StyleManager : could not properly convert property value \"0x10\" for id \"@P\"";
-    QTest::newRow("empty") << "" << 0 << "StyleManager : font property not found for id \"@P\"";
-}
-
-void tst_StyleManager::integerFontProperties()
-{
-    QFETCH(QString, value);
-    QFETCH(int, expected);
-    QFETCH(QString, warning);
-    manager.setFonts({{"@P", value}});
-    if (!warning.isEmpty())
-        QTest::ignoreMessage(QtWarningMsg, qPrintable(warning));
-    QCOMPARE(manager.getFontWeight("@P"), expected);
-    if (!warning.isEmpty())
-        QTest::ignoreMessage(QtWarningMsg, qPrintable(warning));
-    QCOMPARE(manager.getFontSize("@P"), expected);
-}
-
-void tst_StyleManager::fontBoolValue_data()
-{
-    QTest::addColumn<QString>("value");
-    QTest::addColumn<bool>("expected");
-    QTest::addColumn<QString>("warning");
-
-    QTest::newRow("true") << "true" << true << QString();
-    QTest::newRow("false") << "false" << false << QString();
-    QTest::newRow("upper case")
-        << "TRUE" << false
-        << "StyleManager : could not properly convert property value \"TRUE\" for id \"@B\"";
-    QTest::newRow("one") << "1" << false
-                         << "StyleManager : could not properly convert property value \"1\" "
-                            "for id \"@B\"";
-    QTest::newRow("empty") << "" << false << "StyleManager : font property not found for id \"@B\"";
-}
-
-void tst_StyleManager::fontBoolValue()
-{
-    QFETCH(QString, value);
-    QFETCH(bool, expected);
-    QFETCH(QString, warning);
-    manager.setFonts({{"@B", value}});
-    if (!warning.isEmpty())
-        QTest::ignoreMessage(QtWarningMsg, qPrintable(warning));
-    QCOMPARE(manager.getFontBoolValue("@B"), expected);
+    double result = -1;
+    if (getter == "size")
+        result = manager.getSize("@X");
+    else if (getter == "fontSize")
+        result = manager.getFontSize("@X");
+    else if (getter == "fontWeight")
+        result = manager.getFontWeight("@X");
+    else if (getter == "bool")
+        result = manager.getFontBoolValue("@X") ? 1.0 : 0.0;
+    else if (getter == "lineHeight")
+        result = manager.getLineHeight("@X");
+    QCOMPARE(result, expected);
+    QCOMPARE(manager.getSizes().value(key), value); // a bad value is kept as it was
 }
 
 void tst_StyleManager::completeFont_data()
@@ -227,33 +251,6 @@ void tst_StyleManager::completeFont()
     const QFont font = manager.getCompleteFont("@F");
     QCOMPARE(font.family(), family);
     QCOMPARE(font.pixelSize(), pixelSize);
-}
-
-void tst_StyleManager::lineHeight_data()
-{
-    QTest::addColumn<StyleMap>("fonts");
-    QTest::addColumn<double>("expected");
-    QTest::addColumn<QString>("warning");
-
-    QTest::newRow("present") << QHash<QString, QString> {{"@F-line-height", "1.25"}} << 1.25
-                             << QString();
-    QTest::newRow("font entry alone is not a line height") << QHash<QString, QString> {
-        {"@F", "1.5"}} << 0.1 << "StyleManager : line-height not found for font id \"@F\"";
-    QTest::newRow("empty") << QHash<QString, QString> {{"@F-line-height", ""}} << 0.1
-                           << "StyleManager : line-height not found for font id \"@F\"";
-    QTest::newRow("not a number") << QHash<QString, QString> {{"@F-line-height", "normal"}} << 0.1
-                                  << "StyleManager : Invalid line-height format for id \"@F\"";
-}
-
-void tst_StyleManager::lineHeight()
-{
-    QFETCH(StyleMap, fonts);
-    QFETCH(double, expected);
-    QFETCH(QString, warning);
-    manager.setFonts(fonts);
-    if (!warning.isEmpty())
-        QTest::ignoreMessage(QtWarningMsg, qPrintable(warning));
-    QCOMPARE(manager.getLineHeight("@F"), expected);
 }
 
 void tst_StyleManager::fontFamilies_data()
@@ -351,6 +348,20 @@ void tst_StyleManager::commonFormatsOverwriteEvenWhenEmpty()
             {"@DATE_TIME_WITH_SECONDS_FORMAT", "ss"}}));
 }
 
+void tst_StyleManager::gettersGoThroughVirtualHooks()
+{
+    const OverridingStyleManager overriding;
+    QCOMPARE(overriding.formatTime(QTime(14, 7, 9)), QString("07"));
+    QCOMPARE(overriding.getFontFamily("@ABC"), QString("\"@ABC\""));
+    QCOMPARE(overriding.getFontFamilyForQml("@ABC"), QString("\"@ABC\""));
+    QCOMPARE(overriding.getFontFamilyForQFont("@ABC"), QString("@ABC"));
+    QCOMPARE(overriding.getFontSize("@ABC"), 4);
+    QCOMPARE(overriding.getFontWeight("@ABCDE"), 6);
+    QTest::ignoreMessage(
+        QtWarningMsg, "StyleManager::getFont  is deprecated. Use getFontFamily instead.");
+    QCOMPARE(overriding.getFont("@X"), QString("\"@X\""));
+}
+
 void tst_StyleManager::createTwiceSecondWins()
 {
     QTemporaryDir dir;
@@ -422,8 +433,14 @@ void tst_StyleManager::paletteReplacesColorFiles()
         {"/nonexistent/colors.txt"}, {}, {}, {}, QStringLiteral("dark")));
     const QHash<QString, QString> lightColors = light.getColorPalette();
     const QHash<QString, QString> darkColors = dark.getColorPalette();
-    QVERIFY(lightColors.contains("@BACKGROUND_COLOR"));
-    QCOMPARE(lightColors.keys().size(), darkColors.keys().size());
+    // Both palettes hold every colour of the default colour file, each a valid colour.
+    const QHash<QString, QString> defaults = StyleManagerDataProvider().getColorPalette();
+    QVERIFY(defaults.contains("@BACKGROUND_COLOR"));
+    for (auto it = defaults.cbegin(); it != defaults.cend(); ++it) {
+        QVERIFY2(QColor(it.value()).isValid(), qPrintable(it.key()));
+        QVERIFY2(QColor(lightColors.value(it.key())).isValid(), qPrintable(it.key()));
+        QVERIFY2(QColor(darkColors.value(it.key())).isValid(), qPrintable(it.key()));
+    }
     QVERIFY(QColor(lightColors.value("@BACKGROUND_COLOR")).lightness()
         > QColor(darkColors.value("@BACKGROUND_COLOR")).lightness());
 }
@@ -452,26 +469,6 @@ void tst_StyleManager::defaultStyleHasEveryIdTheLibraryUses()
         QVERIFY2(!style.getDateFormat(id).isEmpty(), qPrintable(id));
     }
     QVERIFY(style.getDateFormat("@DATE_TIME_WITH_SECONDS_FORMAT").contains("ss"));
-}
-
-void tst_StyleManager::palettesHoldEveryDefaultColor_data()
-{
-    QTest::addColumn<QString>("palette");
-    QTest::newRow("dark") << "dark";
-    QTest::newRow("light") << "light";
-}
-
-void tst_StyleManager::palettesHoldEveryDefaultColor()
-{
-    QFETCH(QString, palette);
-    const QHash<QString, QString> defaults = StyleManagerDataProvider().getColorPalette();
-    QVERIFY(!defaults.isEmpty());
-    StyleManager::createManager(
-        StyleManagerDataProvider(StyleManagerDataProvider::Data({}, {}, {}, {}, palette)));
-    for (auto it = defaults.cbegin(); it != defaults.cend(); ++it) {
-        QVERIFY2(QColor(it.value()).isValid(), qPrintable(it.key()));
-        QVERIFY2(StyleManager::manager().getColor(it.key()).isValid(), qPrintable(it.key()));
-    }
 }
 
 void tst_StyleManager::qmlInvokableGetters()

@@ -1,5 +1,7 @@
 #include "DevicePixelRatio.h"
 
+#include <guicore/Logging_p.h>
+
 #include <QEvent>
 #include <QScreen>
 #include <QWidget>
@@ -53,8 +55,10 @@ bool DevicePixelRatio::eventFilter(QObject* object, QEvent* event)
     return false;
 }
 
-void DevicePixelRatio::screenChanged(QScreen* /*screen*/)
+void DevicePixelRatio::screenChanged(QScreen* screen)
 {
+    qCDebug(lcStyle) << "Main window moved to screen" << screen << "ratio"
+                     << (screen ? screen->devicePixelRatio() : 1.0);
     // A copy: a listener may unregister itself, or others, while being told.
     const QList<Listener*> current = listeners;
     for (Listener* listener : current) {

@@ -39,6 +39,7 @@ public:
     static void unregisterListener(Listener* listener);
 
 protected:
+    /// Watches the main window for a (re-)created native window; never consumes an event.
     bool eventFilter(QObject* object, QEvent* event) override;
 
 private Q_SLOTS:

@@ -1,5 +1,6 @@
 #include "FontsInitializer.h"
 
+#include <guicore/Logging_p.h>
 #include <guicore/style/StyleManager.h>
 
 #include <QCoreApplication>

@@ -19,16 +19,6 @@ const QString StyleManager::DATE_FORMAT = QStringLiteral("@DATE_FORMAT");
 
 StyleManager* StyleManager::manager_instance = nullptr;
 
-namespace {
-
-// A missing key and a key with an empty value are treated alike by the getters.
-QString lookup(const QHash<QString, QString>& map, const QString& id)
-{
-    return map.value(id);
-}
-
-} // namespace
-
 StyleManager::StyleManager() = default;
 
 StyleManager::~StyleManager()
@@ -84,7 +74,7 @@ int StyleManager::pixelSize(int size)
 
 QColor StyleManager::getColor(const QString& colorId) const
 {
-    const QString text = lookup(colorPalette, colorId);
+    const QString text = colorPalette.value(colorId);
     if (text.isEmpty()) {
         qWarning() << "StyleManager : color not found for id" << colorId;
         return QColor(Qt::magenta);
@@ -104,7 +94,7 @@ bool StyleManager::hasColor(const QString& colorId) const
 
 double StyleManager::getSize(const QString& sizeId) const
 {
-    const QString text = lookup(sizes, sizeId);
+    const QString text = sizes.value(sizeId);
     if (text.isEmpty()) {
         qWarning() << "StyleManager : size not found for id" << sizeId;
         return 0.0;
@@ -129,7 +119,7 @@ int StyleManager::getFontSize(const QString& fontSizeId) const
 
 int StyleManager::getIntegerFontProperty(const QString& fontPropertyId) const
 {
-    const QString text = lookup(fonts, fontPropertyId);
+    const QString text = fonts.value(fontPropertyId);
     if (text.isEmpty()) {
         qWarning() << "StyleManager : font property not found for id" << fontPropertyId;
         return 0;
@@ -144,7 +134,7 @@ int StyleManager::getIntegerFontProperty(const QString& fontPropertyId) const
 
 bool StyleManager::getFontBoolValue(const QString& fontBooleanValue) const
 {
-    const QString text = lookup(fonts, fontBooleanValue);
+    const QString text = fonts.value(fontBooleanValue);
     if (text.isEmpty()) {
         qWarning() << "StyleManager : font property not found for id" << fontBooleanValue;
         return false;
@@ -159,7 +149,7 @@ bool StyleManager::getFontBoolValue(const QString& fontBooleanValue) const
 
 QFont StyleManager::getCompleteFont(const QString& fontId) const
 {
-    const QString text = lookup(fonts, fontId);
+    const QString text = fonts.value(fontId);
     if (text.isEmpty()) {
         qWarning() << "StyleManager : font not found for id" << fontId;
         return QFont();
@@ -182,7 +172,7 @@ double StyleManager::getLineHeight(const QString& fontId) const
 {
     // Tiny but non-zero, so that a missing line height never collapses a text layout.
     constexpr double fallback = 0.1;
-    const QString text = lookup(fonts, fontId + QStringLiteral("-line-height"));
+    const QString text = fonts.value(fontId + QStringLiteral("-line-height"));
     if (text.isEmpty()) {
         qWarning() << "StyleManager : line-height not found for font id" << fontId;
         return fallback;
@@ -198,7 +188,7 @@ double StyleManager::getLineHeight(const QString& fontId) const
 
 QString StyleManager::doGetFontFamily(const QString& fontId) const
 {
-    const QString text = lookup(fonts, fontId);
+    const QString text = fonts.value(fontId);
     if (text.isEmpty())
         qWarning() << "StyleManager : font not found for id" << fontId;
     return text;
@@ -234,7 +224,7 @@ QString StyleManager::getFont(const QString& fontId) const
 
 QString StyleManager::getDateTimeFormat(const QString& formatId) const
 {
-    const QString format = lookup(dateTimeFormats, formatId);
+    const QString format = dateTimeFormats.value(formatId);
     if (format.isEmpty())
         qWarning() << "StyleManager : format not found for id" << formatId;
     return format;

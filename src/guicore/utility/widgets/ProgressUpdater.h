@@ -13,6 +13,7 @@ public:
     virtual ~ProgressUpdater();
 
     /// message and value are for subclasses that show them; this class only pumps events.
+    /// message is borrowed for the duration of the call.
     virtual void updateProgress(const char* message, int value) const;
 
 private:

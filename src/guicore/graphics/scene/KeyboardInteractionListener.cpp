@@ -1,0 +1,3 @@
+#include <guicore/graphics/scene/KeyboardInteractionListener.h>
+
+KeyboardInteractionListener::~KeyboardInteractionListener() = default;
