@@ -48,7 +48,7 @@ QList<Entry> readEntries(const QString& fileName, bool sectioned, QString* text 
         return {};
     }
     static const QRegularExpression entryPattern(
-        QStringLiteral(R"(^@([A-Za-z0-9_.\-]+)\s*:(.*)$)"));
+        QStringLiteral(R"(^(@[A-Za-z0-9_.\-]+)\s*:(.*)$)"));
     static const QRegularExpression sectionPattern(QStringLiteral(R"(^\[([^\]]+)\]$)"));
 
     QList<Entry> entries;
@@ -83,10 +83,10 @@ QList<Entry> readEntries(const QString& fileName, bool sectioned, QString* text 
     return entries;
 }
 
-// Replaces values that are exactly "@OTHER" by OTHER's value, following chains.
+// Replaces values that are exactly "@OTHER" by the value of the entry "@OTHER", following chains.
 void resolveReferences(QHash<QString, QString>& map)
 {
-    static const QRegularExpression referencePattern(QStringLiteral(R"(^@([A-Za-z0-9_.\-]+)$)"));
+    static const QRegularExpression referencePattern(QStringLiteral(R"(^@[A-Za-z0-9_.\-]+$)"));
     QHash<QString, QString> resolved;
     for (auto it = map.cbegin(); it != map.cend(); ++it) {
         QString value = it.value();
@@ -94,10 +94,10 @@ void resolveReferences(QHash<QString, QString>& map)
         QRegularExpressionMatch match = referencePattern.match(value);
         bool failed = false;
         while (match.hasMatch()) {
-            const QString target = match.captured(1);
+            const QString target = match.captured(0);
             if (visited.contains(target) || !map.contains(target)) {
                 qWarning().noquote()
-                    << QStringLiteral("StyleReader : unresolved reference %1 for @%2")
+                    << QStringLiteral("StyleReader : unresolved reference %1 for %2")
                            .arg(it.value(), it.key());
                 failed = true;
                 break;

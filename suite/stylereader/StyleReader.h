@@ -13,7 +13,8 @@
 /// ignored. A value that is exactly another `@ID` resolves to that entry's value once every file
 /// is read; later files override earlier ones. Palette files hold `[PaletteName]` sections, each
 /// followed by entries. Problems (missing file, malformed line, unknown or cyclic reference,
-/// unknown palette) are warned about and the rest is still read. Ids are returned without the @.
+/// unknown palette) are warned about and the rest is still read. Ids keep their @ ("@ID"), the
+/// form in which the application asks for them.
 class STYLEREADER_EXPORT StyleReader
 {
 public:

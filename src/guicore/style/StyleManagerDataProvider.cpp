@@ -6,22 +6,9 @@ namespace {
 
 const QString paletteFile = QStringLiteral(":/Resources/palette.txt");
 
-// The style reader hands ids back without their leading "@", while every caller of the style
-// manager asks with it ("@MEASUREMENT_LABEL_FONT"), as the resource files write them. The
-// prefix is put back here, once, so that ids look the same in the files and in the code.
-QHash<QString, QString> copyWithIds(const QHash<QString, QString>& read)
-{
-    QHash<QString, QString> result;
-    for (auto it = read.cbegin(); it != read.cend(); ++it) {
-        const QString& key = it.key();
-        result.insert(key.startsWith(QLatin1Char('@')) ? key : QLatin1Char('@') + key, it.value());
-    }
-    return result;
-}
-
 QHash<QString, QString> readFiles(const QList<QString>& files)
 {
-    return copyWithIds(StyleReader().convertFilesToStyleMap(files));
+    return StyleReader().convertFilesToStyleMap(files);
 }
 
 } // namespace
@@ -53,7 +40,7 @@ StyleManagerDataProvider::StyleManagerDataProvider(const Data& data)
 QHash<QString, QString> StyleManagerDataProvider::getColorPalette() const
 {
     if (!data.paletteName.isEmpty())
-        return copyWithIds(StyleReader().convertFilesToStyleMap(data.paletteName, paletteFile));
+        return StyleReader().convertFilesToStyleMap(data.paletteName, paletteFile);
     return readFiles(data.colorFiles);
 }
 

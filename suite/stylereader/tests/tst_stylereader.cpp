@@ -46,10 +46,10 @@ void tst_StyleReader::readsEntriesAndIgnoresComments()
         "@UMLAUT: M\xc3\xbcnchen;\n");
     const QHash<QString, QString> map = StyleReader().convertFilesToStyleMap({file});
     QCOMPARE(map.size(), 4);
-    QCOMPARE(map.value("BACKGROUND"), QStringLiteral("#101010"));
-    QCOMPARE(map.value("LABEL_FONT"), QStringLiteral("16 \"Open Sans\""));
-    QCOMPARE(map.value("NO_SEMICOLON"), QStringLiteral("3px"));
-    QCOMPARE(map.value("UMLAUT"), QStringLiteral("M\u00fcnchen"));
+    QCOMPARE(map.value("@BACKGROUND"), QStringLiteral("#101010"));
+    QCOMPARE(map.value("@LABEL_FONT"), QStringLiteral("16 \"Open Sans\""));
+    QCOMPARE(map.value("@NO_SEMICOLON"), QStringLiteral("3px"));
+    QCOMPARE(map.value("@UMLAUT"), QStringLiteral("M\u00fcnchen"));
 }
 
 void tst_StyleReader::laterFilesOverrideAndReferencesResolveAcrossFiles()
@@ -58,10 +58,10 @@ void tst_StyleReader::laterFilesOverrideAndReferencesResolveAcrossFiles()
         = write(QStringLiteral("1.txt"), "@ACCENT: @BASE;\n@BASE: red;\n@KEEP: 1;\n");
     const QString second = write(QStringLiteral("2.txt"), "@BASE: blue;\n@CHAIN: @ACCENT;\n");
     const QHash<QString, QString> map = StyleReader().convertFilesToStyleMap({first, second});
-    QCOMPARE(map.value("BASE"), QStringLiteral("blue"));
-    QCOMPARE(map.value("ACCENT"), QStringLiteral("blue")); // resolved after every file is read
-    QCOMPARE(map.value("CHAIN"), QStringLiteral("blue"));
-    QCOMPARE(map.value("KEEP"), QStringLiteral("1"));
+    QCOMPARE(map.value("@BASE"), QStringLiteral("blue"));
+    QCOMPARE(map.value("@ACCENT"), QStringLiteral("blue")); // resolved after every file is read
+    QCOMPARE(map.value("@CHAIN"), QStringLiteral("blue"));
+    QCOMPARE(map.value("@KEEP"), QStringLiteral("1"));
 }
 
 void tst_StyleReader::malformedLinesWarnAndKeepTheRest()
@@ -74,8 +74,8 @@ void tst_StyleReader::malformedLinesWarnAndKeepTheRest()
         qPrintable(QStringLiteral("StyleReader : malformed line 3 in %1: @: 2;").arg(file)));
     const QHash<QString, QString> map = StyleReader().convertFilesToStyleMap({file});
     QCOMPARE(map.size(), 2);
-    QCOMPARE(map.value("GOOD"), QStringLiteral("1"));
-    QCOMPARE(map.value("ALSO_GOOD"), QStringLiteral("3"));
+    QCOMPARE(map.value("@GOOD"), QStringLiteral("1"));
+    QCOMPARE(map.value("@ALSO_GOOD"), QStringLiteral("3"));
 }
 
 void tst_StyleReader::badReferencesKeepTheirText()
@@ -86,9 +86,9 @@ void tst_StyleReader::badReferencesKeepTheirText()
     QTest::ignoreMessage(QtWarningMsg, "StyleReader : unresolved reference @A for @B");
     QTest::ignoreMessage(QtWarningMsg, "StyleReader : unresolved reference @NOWHERE for @C");
     const QHash<QString, QString> map = StyleReader().convertFilesToStyleMap({file});
-    QCOMPARE(map.value("A"), QStringLiteral("@B"));
-    QCOMPARE(map.value("C"), QStringLiteral("@NOWHERE"));
-    QCOMPARE(map.value("D"), QStringLiteral("@A @B")); // not exactly one reference: plain text
+    QCOMPARE(map.value("@A"), QStringLiteral("@B"));
+    QCOMPARE(map.value("@C"), QStringLiteral("@NOWHERE"));
+    QCOMPARE(map.value("@D"), QStringLiteral("@A @B")); // not exactly one reference: plain text
 }
 
 void tst_StyleReader::missingFileWarnsAndOthersAreRead()
@@ -98,7 +98,7 @@ void tst_StyleReader::missingFileWarnsAndOthersAreRead()
     QTest::ignoreMessage(
         QtWarningMsg, qPrintable(QStringLiteral("StyleReader : cannot open file %1").arg(missing)));
     const QHash<QString, QString> map = StyleReader().convertFilesToStyleMap({missing, good});
-    QCOMPARE(map, (QHash<QString, QString> {{"X", "1"}}));
+    QCOMPARE(map, (QHash<QString, QString> {{"@X", "1"}}));
 }
 
 void tst_StyleReader::paletteSections()
@@ -109,9 +109,9 @@ void tst_StyleReader::paletteSections()
         "[Empty]\n");
     StyleReader reader;
     QCOMPARE(reader.convertFilesToStyleMap(QStringLiteral("Dark"), file),
-        (QHash<QString, QString> {{"BG", "#000000"}, {"TEXT", "#000000"}}));
+        (QHash<QString, QString> {{"@BG", "#000000"}, {"@TEXT", "#000000"}}));
     QCOMPARE(reader.convertFilesToStyleMap(QStringLiteral("Light"), file),
-        (QHash<QString, QString> {{"BG", "#ffffff"}}));
+        (QHash<QString, QString> {{"@BG", "#ffffff"}}));
     QVERIFY(reader.convertFilesToStyleMap(QStringLiteral("Empty"), file).isEmpty());
     QTest::ignoreMessage(QtWarningMsg,
         qPrintable(QStringLiteral("StyleReader : unknown palette Sepia in %1").arg(file)));

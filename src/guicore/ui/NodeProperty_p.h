@@ -1,0 +1,348 @@
+#pragma once
+
+#include <guicore/ui/Node.h>
+
+#include <QJsonArray>
+#include <QJsonObject>
+#include <QJsonValue>
+#include <QPointF>
+#include <QQuaternion>
+#include <QRectF>
+#include <QString>
+#include <QVector3D>
+
+#include <algorithm>
+#include <cmath>
+#include <functional>
+#include <limits>
+#include <optional>
+#include <type_traits>
+#include <vector>
+
+namespace ui::detail {
+
+/// Floating-point equality of the state tree: values that differ only in the twelfth significant
+/// digit are the same value (saved states round-trip through text and other builds). Near zero
+/// the relative test is meaningless, so an absolute bound of 1e-12 applies there.
+inline bool fuzzyEqual(double a, double b)
+{
+    const double difference = std::abs(a - b);
+    if (a == 0.0 || b == 0.0)
+        return difference <= 1e-12;
+    return difference * 1e12 <= std::min(std::abs(a), std::abs(b));
+}
+
+inline bool readNumber(const QJsonValue& value, double& out)
+{
+    if (!value.isDouble())
+        return false;
+    out = value.toDouble();
+    return std::isfinite(out);
+}
+
+inline bool readNumbers(const QJsonValue& value, double* out, int count)
+{
+    if (!value.isArray())
+        return false;
+    const QJsonArray array = value.toArray();
+    if (array.size() != count)
+        return false;
+    for (int i = 0; i < count; ++i) {
+        if (!readNumber(array.at(i), out[i]))
+            return false;
+    }
+    return true;
+}
+
+/// How one property type is compared, copied and turned into JSON. Every property of every node
+/// kind goes through exactly one of these, so setters, copy, comparison and persistence agree.
+template <typename T, typename Enable = void> struct PropertyTraits;
+
+template <> struct PropertyTraits<bool>
+{
+    static bool equal(bool a, bool b) { return a == b; }
+    static QJsonValue toJson(bool value) { return value; }
+    static bool fromJson(const QJsonValue& json, bool& out)
+    {
+        if (!json.isBool())
+            return false;
+        out = json.toBool();
+        return true;
+    }
+};
+
+template <typename T>
+struct PropertyTraits<T, std::enable_if_t<std::is_integral_v<T> && !std::is_same_v<T, bool>>>
+{
+    static bool equal(T a, T b) { return a == b; }
+    static QJsonValue toJson(T value) { return static_cast<double>(value); }
+    static bool fromJson(const QJsonValue& json, T& out)
+    {
+        double number = 0;
+        if (!readNumber(json, number) || std::floor(number) != number)
+            return false;
+        // Integers beyond 2^53 do not survive a JSON number; nothing in the tree is that large.
+        const double lowest
+            = std::max(static_cast<double>(std::numeric_limits<T>::lowest()), -9007199254740992.0);
+        const double highest
+            = std::min(static_cast<double>(std::numeric_limits<T>::max()), 9007199254740992.0);
+        if (number < lowest || number > highest)
+            return false;
+        out = static_cast<T>(number);
+        return true;
+    }
+};
+
+template <typename T> struct PropertyTraits<T, std::enable_if_t<std::is_enum_v<T>>>
+{
+    using Underlying = std::underlying_type_t<T>;
+    static bool equal(T a, T b) { return a == b; }
+    static QJsonValue toJson(T value)
+    {
+        return static_cast<double>(static_cast<Underlying>(value));
+    }
+    static bool fromJson(const QJsonValue& json, T& out)
+    {
+        Underlying number {};
+        if (!PropertyTraits<Underlying>::fromJson(json, number))
+            return false;
+        out = static_cast<T>(number);
+        return true;
+    }
+};
+
+template <> struct PropertyTraits<float>
+{
+    static bool equal(float a, float b) { return fuzzyEqual(a, b); }
+    static QJsonValue toJson(float value) { return static_cast<double>(value); }
+    static bool fromJson(const QJsonValue& json, float& out)
+    {
+        double number = 0;
+        if (!readNumber(json, number))
+            return false;
+        out = static_cast<float>(number);
+        return true;
+    }
+};
+
+template <> struct PropertyTraits<QString>
+{
+    static bool equal(const QString& a, const QString& b) { return a == b; }
+    static QJsonValue toJson(const QString& value) { return value; }
+    static bool fromJson(const QJsonValue& json, QString& out)
+    {
+        if (!json.isString())
+            return false;
+        out = json.toString();
+        return true;
+    }
+};
+
+template <> struct PropertyTraits<QVector3D>
+{
+    // Positions and directions are compared exactly: they are copied, never recomputed.
+    static bool equal(const QVector3D& a, const QVector3D& b)
+    {
+        return a.x() == b.x() && a.y() == b.y() && a.z() == b.z();
+    }
+    static QJsonValue toJson(const QVector3D& value)
+    {
+        return QJsonArray {double(value.x()), double(value.y()), double(value.z())};
+    }
+    static bool fromJson(const QJsonValue& json, QVector3D& out)
+    {
+        double v[3];
+        if (!readNumbers(json, v, 3))
+            return false;
+        out = QVector3D(float(v[0]), float(v[1]), float(v[2]));
+        return true;
+    }
+};
+
+template <> struct PropertyTraits<QQuaternion>
+{
+    static bool equal(const QQuaternion& a, const QQuaternion& b)
+    {
+        return a.scalar() == b.scalar() && a.x() == b.x() && a.y() == b.y() && a.z() == b.z();
+    }
+    static QJsonValue toJson(const QQuaternion& value)
+    {
+        return QJsonArray {
+            double(value.scalar()), double(value.x()), double(value.y()), double(value.z())};
+    }
+    static bool fromJson(const QJsonValue& json, QQuaternion& out)
+    {
+        double v[4];
+        if (!readNumbers(json, v, 4))
+            return false;
+        out = QQuaternion(float(v[0]), float(v[1]), float(v[2]), float(v[3]));
+        return true;
+    }
+};
+
+template <> struct PropertyTraits<QRectF>
+{
+    static bool equal(const QRectF& a, const QRectF& b)
+    {
+        return fuzzyEqual(a.x(), b.x()) && fuzzyEqual(a.y(), b.y())
+            && fuzzyEqual(a.width(), b.width()) && fuzzyEqual(a.height(), b.height());
+    }
+    static QJsonValue toJson(const QRectF& value)
+    {
+        return QJsonArray {value.x(), value.y(), value.width(), value.height()};
+    }
+    static bool fromJson(const QJsonValue& json, QRectF& out)
+    {
+        double v[4];
+        if (!readNumbers(json, v, 4))
+            return false;
+        out = QRectF(v[0], v[1], v[2], v[3]);
+        return true;
+    }
+};
+
+template <> struct PropertyTraits<std::vector<QPointF>>
+{
+    static bool equal(const std::vector<QPointF>& a, const std::vector<QPointF>& b)
+    {
+        if (a.size() != b.size())
+            return false;
+        for (size_t i = 0; i < a.size(); ++i) {
+            if (!fuzzyEqual(a[i].x(), b[i].x()) || !fuzzyEqual(a[i].y(), b[i].y()))
+                return false;
+        }
+        return true;
+    }
+    static QJsonValue toJson(const std::vector<QPointF>& value)
+    {
+        QJsonArray array;
+        for (const QPointF& point : value)
+            array.append(QJsonArray {point.x(), point.y()});
+        return array;
+    }
+    static bool fromJson(const QJsonValue& json, std::vector<QPointF>& out)
+    {
+        if (!json.isArray())
+            return false;
+        std::vector<QPointF> points;
+        for (const QJsonValue& item : json.toArray()) {
+            double v[2];
+            if (!readNumbers(item, v, 2))
+                return false;
+            points.emplace_back(v[0], v[1]);
+        }
+        out = std::move(points);
+        return true;
+    }
+};
+
+/// An empty optional is JSON null.
+template <typename T> struct PropertyTraits<std::optional<T>>
+{
+    static bool equal(const std::optional<T>& a, const std::optional<T>& b)
+    {
+        if (a.has_value() != b.has_value())
+            return false;
+        return !a.has_value() || PropertyTraits<T>::equal(*a, *b);
+    }
+    static QJsonValue toJson(const std::optional<T>& value)
+    {
+        return value ? PropertyTraits<T>::toJson(*value) : QJsonValue(QJsonValue::Null);
+    }
+    static bool fromJson(const QJsonValue& json, std::optional<T>& out)
+    {
+        if (json.isNull()) {
+            out.reset();
+            return true;
+        }
+        T value {};
+        if (!PropertyTraits<T>::fromJson(json, value))
+            return false;
+        out = std::move(value);
+        return true;
+    }
+};
+
+/// Value properties copy by assignment; a trait may supply its own copy for owned objects.
+template <typename Traits, typename T>
+auto copyValue(T& target, const T& source, int) -> decltype(Traits::copy(target, source), void())
+{
+    Traits::copy(target, source);
+}
+
+template <typename Traits, typename T> void copyValue(T& target, const T& source, long)
+{
+    target = source;
+}
+
+/// One property of one class level: its JSON key and the four ways it is walked.
+struct NodeProperty
+{
+    QString name;
+    std::function<void(Node& target, const Node& source)> copy;
+    std::function<bool(const Node& a, const Node& b)> equal;
+    std::function<QJsonValue(const Node& node)> toJson;
+    std::function<bool(Node& node, const QJsonValue& json)> fromJson;
+};
+
+/// The properties a single class level adds, keyed in the stored data by that level's type id.
+class NodePropertyTable
+{
+public:
+    QString level;
+    std::vector<NodeProperty> properties;
+};
+
+/// Builds the table entry of a data member; Owner is the class level that declares it.
+template <typename Owner, typename T> NodeProperty makeProperty(const char* name, T Owner::*member)
+{
+    using Traits = PropertyTraits<T>;
+    NodeProperty property;
+    property.name = QString::fromLatin1(name);
+    property.copy = [member](Node& target, const Node& source) {
+        copyValue<Traits>(
+            static_cast<Owner&>(target).*member, static_cast<const Owner&>(source).*member, 0);
+    };
+    property.equal = [member](const Node& a, const Node& b) {
+        return Traits::equal(
+            static_cast<const Owner&>(a).*member, static_cast<const Owner&>(b).*member);
+    };
+    property.toJson = [member](const Node& node) {
+        return Traits::toJson(static_cast<const Owner&>(node).*member);
+    };
+    property.fromJson = [member](Node& node, const QJsonValue& json) {
+        return Traits::fromJson(json, static_cast<Owner&>(node).*member);
+    };
+    return property;
+}
+
+inline void copyProperties(const NodePropertyTable& table, Node& target, const Node& source)
+{
+    for (const NodeProperty& property : table.properties)
+        property.copy(target, source);
+}
+
+inline bool propertiesEqual(const NodePropertyTable& table, const Node& a, const Node& b)
+{
+    for (const NodeProperty& property : table.properties) {
+        if (!property.equal(a, b))
+            return false;
+    }
+    return true;
+}
+
+/// Stores value into member when it differs by the property's own equality; true on a change.
+template <typename T> bool assignIfChanged(T& member, const T& value)
+{
+    if (PropertyTraits<T>::equal(member, value))
+        return false;
+    member = value;
+    return true;
+}
+
+/// Multiset equality of two node lists under isEqual. Candidates are bucketed by their type name
+/// first (nodes of different classes are never equal), so wide trees of mixed kinds do not pay
+/// for comparing every child with every other.
+bool equalAsMultisets(const std::vector<const Node*>& mine, const std::vector<const Node*>& theirs);
+
+} // namespace ui::detail
