@@ -2,8 +2,8 @@
 // QImage, against 1,000 stock QGraphicsSimpleTextItems and QGraphicsEllipseItems in the same run.
 //
 // Two render paths are timed: QGraphicsView::render() into a painter on the image, and the
-// viewport's own paint event rendered into the image (the path an on-screen frame takes). Only
-// ratios are printed; nothing is asserted.
+// viewport's own paint event rendered into the image (the path an on-screen frame takes). Each
+// result is the median frame time; one BENCH row per comparison, nothing is asserted.
 //
 //     bench_items [frames]          (offscreen platform unless QT_QPA_PLATFORM says otherwise)
 
@@ -12,8 +12,9 @@
 #include <guicore/style/StyleManager.h>
 #include <guicore/style/StyleManagerDataProvider.h>
 
+#include <BenchReport.h>
+
 #include <QApplication>
-#include <QElapsedTimer>
 #include <QGraphicsEllipseItem>
 #include <QGraphicsScene>
 #include <QGraphicsSimpleTextItem>
@@ -21,7 +22,6 @@
 #include <QPainter>
 #include <QRandomGenerator>
 
-#include <cstdio>
 #include <functional>
 
 namespace {
@@ -44,7 +44,7 @@ QString measurement(int i)
     return QStringLiteral("%1.%2 mm").arg(i % 97).arg(i % 10);
 }
 
-/// Milliseconds per frame of rendering the scene through a zoomed view into an image.
+/// Median nanoseconds per frame of rendering the scene through a zoomed view into an image.
 double frameTime(QGraphicsScene& scene, RenderPath path, int frames)
 {
     QGraphicsView view(&scene);
@@ -57,21 +57,18 @@ double frameTime(QGraphicsScene& scene, RenderPath path, int frames)
     view.setSceneRect(0, 0, viewSize / zoom, viewSize / zoom);
 
     QImage image(viewSize, viewSize, QImage::Format_ARGB32_Premultiplied);
-    const auto renderOnce = [&] {
-        image.fill(Qt::black);
-        if (path == RenderPath::ViewportPaint) {
-            view.viewport()->render(&image);
-        } else {
-            QPainter painter(&image);
-            view.render(&painter, QRectF(image.rect()), view.viewport()->rect());
-        }
-    };
-    renderOnce(); // warm caches and let zoom-agnostic items settle their geometry
-    QElapsedTimer timer;
-    timer.start();
-    for (int i = 0; i < frames; ++i)
-        renderOnce();
-    return double(timer.nsecsElapsed()) / 1e6 / frames;
+    // The warm-up frame also lets zoom-agnostic items settle their geometry.
+    return bench::medianNanoseconds(
+        [&] {
+            image.fill(Qt::black);
+            if (path == RenderPath::ViewportPaint) {
+                view.viewport()->render(&image);
+            } else {
+                QPainter painter(&image);
+                view.render(&painter, QRectF(image.rect()), view.viewport()->rect());
+            }
+        },
+        frames);
 }
 
 double measure(const Populate& populate, RenderPath path, int frames)
@@ -126,15 +123,21 @@ void stockEllipses(QGraphicsScene& scene, QRandomGenerator& random)
     }
 }
 
-void compare(const char* name, const Populate& ours, const char* stockName, const Populate& stock,
-    double goal, int frames)
+void compare(const QString& name, const Populate& ours, const QString& stockName,
+    const Populate& stock, double goal, int frames)
 {
     for (RenderPath path : {RenderPath::ViewRender, RenderPath::ViewportPaint}) {
-        const double oursMs = measure(ours, path, frames);
-        const double stockMs = measure(stock, path, frames);
-        std::printf("%-9s %8.2f ms  %-18s %8.2f ms  ratio %5.2f (goal <= %.1f)  [%s]\n", name,
-            oursMs, stockName, stockMs, oursMs / stockMs, goal,
-            path == RenderPath::ViewRender ? "QGraphicsView::render" : "viewport paint event");
+        const bool viewRender = path == RenderPath::ViewRender;
+        const double oursNs = measure(ours, path, frames);
+        const double stockNs = measure(stock, path, frames);
+        bench::report(
+            QStringLiteral("items.%1.%2").arg(name, viewRender ? "view_render" : "viewport_paint"),
+            oursNs, stockNs, goal,
+            QStringLiteral("%1 %2, %3 frame in a %4x%4 view at %5x zoom")
+                .arg(itemCount)
+                .arg(stockName, viewRender ? "QGraphicsView::render" : "viewport paint event")
+                .arg(viewSize)
+                .arg(zoom));
     }
 }
 
@@ -148,10 +151,10 @@ int main(int argc, char** argv)
     const int frames = argc > 1 ? qMax(1, QString::fromLocal8Bit(argv[1]).toInt()) : 20;
     StyleManager::createManager(StyleManagerDataProvider());
 
-    std::printf("%d items per scene, %d frames each, view %dx%d at %.1fx zoom, ms per frame\n",
-        itemCount, frames, viewSize, viewSize, zoom);
-    compare("labels", labels, "stock simple text", stockTexts, 3.0, frames);
-    compare("ellipses", ellipses, "stock ellipses", stockEllipses, 1.5, frames);
+    compare(QStringLiteral("labels"), labels, QStringLiteral("QGraphicsSimpleTextItems"),
+        stockTexts, 3.0, frames);
+    compare(QStringLiteral("ellipses"), ellipses, QStringLiteral("QGraphicsEllipseItems"),
+        stockEllipses, 1.5, frames);
 
     StyleManager::deleteManager();
     return 0;

@@ -36,18 +36,13 @@ bool lessPoint(const QPointF& a, const QPointF& b)
     return a.x() < b.x() || (a.x() == b.x() && a.y() < b.y());
 }
 
-/// The loops of a path as sorted vertex sets, themselves sorted: order and direction free.
-Loops loopsOf(const QPainterPath& path)
+/// Loops as sorted vertex sets, themselves sorted: their order and direction do not count.
+Loops normalised(Loops loops)
 {
-    Loops loops;
-    for (QPolygonF polygon : path.toSubpathPolygons()) {
-        if (polygon.size() > 1 && polygon.first() == polygon.last())
-            polygon.removeLast();
-        QList<QPointF> points(polygon.begin(), polygon.end());
-        for (QPointF& p : points)
+    for (auto& loop : loops) {
+        for (QPointF& p : loop)
             p = QPointF(std::round(p.x() * 1e3) / 1e3, std::round(p.y() * 1e3) / 1e3);
-        std::sort(points.begin(), points.end(), lessPoint);
-        loops << points;
+        std::sort(loop.begin(), loop.end(), lessPoint);
     }
     std::sort(loops.begin(), loops.end(), [](const QList<QPointF>& a, const QList<QPointF>& b) {
         return std::lexicographical_compare(a.begin(), a.end(), b.begin(), b.end(), lessPoint);
@@ -55,14 +50,15 @@ Loops loopsOf(const QPainterPath& path)
     return loops;
 }
 
-Loops sortedLoops(Loops loops)
+Loops loopsOf(const QPainterPath& path)
 {
-    for (auto& loop : loops)
-        std::sort(loop.begin(), loop.end(), lessPoint);
-    std::sort(loops.begin(), loops.end(), [](const QList<QPointF>& a, const QList<QPointF>& b) {
-        return std::lexicographical_compare(a.begin(), a.end(), b.begin(), b.end(), lessPoint);
-    });
-    return loops;
+    Loops loops;
+    for (QPolygonF polygon : path.toSubpathPolygons()) {
+        if (polygon.size() > 1 && polygon.first() == polygon.last())
+            polygon.removeLast();
+        loops << QList<QPointF>(polygon.begin(), polygon.end());
+    }
+    return normalised(loops);
 }
 
 /// Every consecutive pair of the outline (closing pair included) is one of the segments.
@@ -164,7 +160,7 @@ void tst_LineSetItem::closedPolygons()
     QFETCH(Loops, expected);
     const QPainterPath path = CustomGraphicsLineSetItem::createPathWithClosedPolygons(lines);
     QCOMPARE(path.isEmpty(), expected.isEmpty());
-    QCOMPARE(loopsOf(path), sortedLoops(expected));
+    QCOMPARE(loopsOf(path), normalised(expected));
 }
 
 void tst_LineSetItem::closedOutlinePoints_data()

@@ -83,10 +83,12 @@ public:
     void devicePixelRatioChanged() override;
 
     QPainterPath shape() const override;
+    /// Paints scale-agnostically or scaled as the item is set; the painter is borrowed.
     void paint(QPainter* painter, const QStyleOptionGraphicsItem* option,
         QWidget* widget = nullptr) override;
 
-    // Event handlers; public so that a scene dispatching by itself can call them.
+    // Event handlers, public so that a scene dispatching by itself can call them; the events
+    // are borrowed.
     void mousePressEvent(QGraphicsSceneMouseEvent* event) override;
     void mouseMoveEvent(QGraphicsSceneMouseEvent* event) override;
     void mouseReleaseEvent(QGraphicsSceneMouseEvent* event) override;
@@ -98,6 +100,7 @@ public:
     void hoverLeaveEvent(QGraphicsSceneHoverEvent* event) override;
 
 Q_SIGNALS:
+    // Every event pointer is the scene's, borrowed for the duration of the emission.
     void leftClicked(QGraphicsSceneMouseEvent* event);
     void mouseReleased(QGraphicsSceneMouseEvent* event);
     void mouseMoved(QGraphicsSceneMouseEvent* event);

@@ -16,7 +16,9 @@ class QPixmap;
 /// The label ignores the view's transformations, so its units are screen pixels; its origin is
 /// the left end of the text's baseline. The font family comes from the style, the pixel size from
 /// the user default "labelFontSize", which the label follows while it lives. Clicks on the box,
-/// the icon or the text are reported as the label's own.
+/// the icon or the text are reported as the label's own: the parts take no mouse button of their
+/// own, so that even a stock scene hands presses on them to the label. The icon is hidden while
+/// it has no picture.
 class GUICORE_EXPORT CustomGraphicsLabelItem : public CustomGraphicsItem
 {
     Q_OBJECT

@@ -22,6 +22,8 @@ public:
     explicit CustomGraphicsPixmapItem(const QString& name = QString(),
         QGraphicsItem* parent = nullptr, const QPixmap& pixmap = QPixmap());
 
+    // Event handlers, public so that a scene dispatching by itself can call them; the events
+    // are borrowed.
     void mousePressEvent(QGraphicsSceneMouseEvent* event) override;
     void mouseMoveEvent(QGraphicsSceneMouseEvent* event) override;
     void mouseReleaseEvent(QGraphicsSceneMouseEvent* event) override;
@@ -31,6 +33,7 @@ public:
     void hoverLeaveEvent(QGraphicsSceneHoverEvent* event) override;
 
 Q_SIGNALS:
+    // Every event pointer is the scene's, borrowed for the duration of the emission.
     void leftClicked(QGraphicsSceneMouseEvent* event);
     void mouseReleased(QGraphicsSceneMouseEvent* event);
     void mouseMoved(QGraphicsSceneMouseEvent* event);

@@ -25,6 +25,7 @@ public:
     /// in item units), while the handle is visible and enabled.
     bool isMouseOver(const QPointF& scenePos) override;
 
+    // The events are borrowed.
     void mousePressEvent(QGraphicsSceneMouseEvent* event) override;
     void mouseMoveEvent(QGraphicsSceneMouseEvent* event) override;
     void mouseReleaseEvent(QGraphicsSceneMouseEvent* event) override;

@@ -38,6 +38,12 @@ void CustomGraphicsSimpleTextItem::update()
     setPainterPath(path);
 }
 
+void CustomGraphicsSimpleTextItem::devicePixelRatioChanged()
+{
+    update();
+    CustomGraphicsItem::devicePixelRatioChanged();
+}
+
 void CustomGraphicsSimpleTextItem::paintScaled(
     QPainter* painter, const QStyleOptionGraphicsItem*, QWidget*)
 {

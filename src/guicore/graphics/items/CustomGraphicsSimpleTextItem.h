@@ -26,6 +26,9 @@ public:
     /// handling never runs.
     void mousePressEvent(QGraphicsSceneMouseEvent* event) override;
 
+    /// The glyph path is built at the device pixel ratio: rebuild it, then repaint.
+    void devicePixelRatioChanged() override;
+
 protected:
     void paintScaled(
         QPainter* painter, const QStyleOptionGraphicsItem* option, QWidget* widget) override;

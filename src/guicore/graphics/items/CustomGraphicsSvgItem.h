@@ -20,6 +20,8 @@ public:
     explicit CustomGraphicsSvgItem(
         const QString& name = QString(), QGraphicsItem* parent = nullptr);
 
+    // Event handlers, public so that a scene dispatching by itself can call them; the events
+    // are borrowed.
     void mousePressEvent(QGraphicsSceneMouseEvent* event) override;
     void mouseMoveEvent(QGraphicsSceneMouseEvent* event) override;
     void mouseReleaseEvent(QGraphicsSceneMouseEvent* event) override;
@@ -29,6 +31,7 @@ public:
     void hoverLeaveEvent(QGraphicsSceneHoverEvent* event) override;
 
 Q_SIGNALS:
+    // Every event pointer is the scene's, borrowed for the duration of the emission.
     void leftClicked(QGraphicsSceneMouseEvent* event);
     void mouseReleased(QGraphicsSceneMouseEvent* event);
     void mouseMoved(QGraphicsSceneMouseEvent* event);

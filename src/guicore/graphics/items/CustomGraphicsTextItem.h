@@ -39,13 +39,16 @@ public:
 
     /// The graphics item's position, for callers that hold the item as a QObject.
     void setPos(const QPointF& pos);
+    using QGraphicsItem::setPos;
 
     /// The drawn text's box, divided by the first view's zoom: the item ignores the view's
     /// transformations, so this is the text's area in scene units. Without a view, unscaled.
     QPainterPath shape() const override;
+    /// Draws the caret line while the item is new and empty; the painter is borrowed.
     void paint(QPainter* painter, const QStyleOptionGraphicsItem* option,
         QWidget* widget = nullptr) override;
 
+    // Event handlers; the events are borrowed.
     void keyPressEvent(QKeyEvent* event) override;
     void keyReleaseEvent(QKeyEvent* event) override;
     void mouseMoveEvent(QGraphicsSceneMouseEvent* event) override;
@@ -57,6 +60,7 @@ public:
     void devicePixelRatioChanged() override;
 
 Q_SIGNALS:
+    // Every event pointer is the scene's, borrowed for the duration of the emission.
     void leftClicked(QGraphicsSceneMouseEvent* event);
     void mouseReleased(QGraphicsSceneMouseEvent* event);
     void mouseMoved(QGraphicsSceneMouseEvent* event);

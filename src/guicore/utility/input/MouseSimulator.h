@@ -1,0 +1,48 @@
+#pragma once
+
+#include <guicore/guicore_export.h>
+
+#include <QObject>
+
+#include <memory>
+
+/// Synthetic mouse output: moves the pointer, presses and releases buttons and turns the wheel
+/// as if the user did it. createMouseSimulator() makes the implementation of the platform.
+class GUICORE_EXPORT MouseSimulator : public QObject
+{
+    Q_OBJECT
+
+public:
+    enum Button {
+        NoButton = 0,
+        LeftButton = 1,
+        RightButton = 2,
+        BothButtons = LeftButton | RightButton,
+    };
+    Q_DECLARE_FLAGS(Buttons, Button)
+    Q_FLAG(Buttons)
+
+    ~MouseSimulator() override;
+
+public Q_SLOTS:
+    /// Moves the pointer to (\a x, \a y) in desktop coordinates.
+    virtual void move(int x, int y) = 0;
+    /// Turns the wheel by \a amount in eighths of a degree (120 is one notch); positive turns
+    /// away from the user.
+    virtual void scroll(int amount) = 0;
+    /// Presses the given buttons at the pointer's position; no button sends nothing.
+    virtual void press(MouseSimulator::Buttons buttons) = 0;
+    /// Releases the given buttons at the pointer's position; no button sends nothing.
+    virtual void release(MouseSimulator::Buttons buttons) = 0;
+
+protected:
+    MouseSimulator() = default;
+
+private:
+    Q_DISABLE_COPY(MouseSimulator)
+};
+
+Q_DECLARE_OPERATORS_FOR_FLAGS(MouseSimulator::Buttons)
+
+/// The mouse simulator of the running platform; ownership passes to the caller.
+GUICORE_EXPORT std::unique_ptr<MouseSimulator> createMouseSimulator();

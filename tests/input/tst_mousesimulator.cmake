@@ -1,0 +1,10 @@
+# The same cases once more against a real X server, where QCursor::setPos warps the X pointer
+# and QCursor::pos() reads it back from the server.
+find_program(XVFB_RUN xvfb-run)
+if(XVFB_RUN)
+    add_test(NAME ${name}_xcb
+        COMMAND ${XVFB_RUN} -a -s "-screen 0 1280x1024x24" $<TARGET_FILE:${name}>)
+    set_tests_properties(${name}_xcb PROPERTIES
+        ENVIRONMENT "QT_QPA_PLATFORM=xcb;QTEST_FUNCTION_TIMEOUT=120000"
+        LABELS opengl)
+endif()

@@ -1,0 +1,69 @@
+#include <guicore/utility/image/QrcImageProvider.h>
+
+#include <QQmlEngine>
+#include <QQuickItem>
+#include <QQuickView>
+#include <QRegularExpression>
+#include <QTest>
+
+class tst_QrcImageProvider : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init();
+    void showsResourceImagesInQml();
+};
+
+void tst_QrcImageProvider::init()
+{
+    QTest::failOnWarning(QRegularExpression(".*"));
+}
+
+void tst_QrcImageProvider::showsResourceImagesInQml()
+{
+    QQuickView view;
+    view.engine()->addImageProvider(
+        QLatin1String(QrcImageProvider::PROVIDER_ID), new QrcImageProvider);
+    // The missing image is reported by QML itself; the provider stays silent.
+    QTest::ignoreMessage(QtWarningMsg,
+        QRegularExpression(
+            "Failed to get image from provider: image://qrc/testimages/missing.png"));
+    view.setSource(QUrl(QStringLiteral("qrc:/qml/QrcImages.qml")));
+    QCOMPARE(view.status(), QQuickView::Ready);
+    view.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&view));
+
+    const QQuickItem* root = view.rootObject();
+    const auto* full = root->findChild<QQuickItem*>(QStringLiteral("full"));
+    const auto* scaled = root->findChild<QQuickItem*>(QStringLiteral("scaled"));
+    const auto* missing = root->findChild<QQuickItem*>(QStringLiteral("missing"));
+    QVERIFY(full && scaled && missing);
+
+    enum Status { Null, Ready, Loading, Error };
+    QCOMPARE(full->property("status").toInt(), int(Ready));
+    QCOMPARE(full->property("sourceSize").toSize(), QSize(40, 20));
+    QCOMPARE(scaled->property("status").toInt(), int(Ready));
+    QCOMPARE(QSizeF(scaled->implicitWidth(), scaled->implicitHeight()), QSizeF(20, 10));
+    QCOMPARE(missing->property("status").toInt(), int(Error));
+
+    const QImage frame = view.grabWindow().convertToFormat(QImage::Format_RGB32);
+    QCOMPARE(frame.size(), QSize(120, 40) * view.devicePixelRatio());
+    const auto at = [&](int x, int y) {
+        const qreal ratio = view.devicePixelRatio();
+        return frame.pixel(int(x * ratio), int(y * ratio));
+    };
+    QCOMPARE(at(5, 5), qRgb(255, 0, 0));
+    QCOMPARE(at(25, 5), qRgb(0, 255, 0));
+    QCOMPARE(at(5, 15), qRgb(0, 0, 255));
+    // Half-transparent white over the black background.
+    QVERIFY(qAbs(qRed(at(35, 15)) - 128) <= 2);
+    // The scaled copy is 20 x 10 at x = 60, with the black background to its right.
+    QCOMPARE(at(62, 2), qRgb(255, 0, 0));
+    QCOMPARE(at(72, 2), qRgb(0, 255, 0));
+    QCOMPARE(at(62, 7), qRgb(0, 0, 255));
+    QCOMPARE(at(85, 5), qRgb(0, 0, 0));
+}
+
+QTEST_MAIN(tst_QrcImageProvider)
+#include "tst_qrcimageprovider.moc"
