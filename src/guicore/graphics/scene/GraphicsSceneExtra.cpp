@@ -116,18 +116,33 @@ SceneItemEntry makeSceneItemEntry(QGraphicsItem* item)
     return entry;
 }
 
+namespace {
+
+bool sameList(const QList<QGraphicsItem*>& a, const QList<QGraphicsItem*>& b)
+{
+    return a.size() == b.size() && a.constData() == b.constData();
+}
+
+} // namespace
+
 bool SceneItemLiveness::isInScene(const SceneItemEntry& entry)
 {
+    if (stale) {
+        stale = false;
+        const QList<QGraphicsItem*> current = scene->items();
+        if (unchanged)
+            unchanged = sameList(current, reference);
+        if (!unchanged && membersValid && !sameList(current, held))
+            membersValid = false;
+    }
+    if (unchanged)
+        return true;
     if (entry.isObject)
         return !entry.guard.isNull() && entry.item->scene() == scene;
-    if (stale) {
-        const QList<QGraphicsItem*> current = scene->items();
-        if (!built || current.size() != held.size() || current.constData() != held.constData()) {
-            held = current;
-            members = QSet<QGraphicsItem*>(current.cbegin(), current.cend());
-            built = true;
-        }
-        stale = false;
+    if (!membersValid) {
+        held = scene->items();
+        members = QSet<QGraphicsItem*>(held.cbegin(), held.cend());
+        membersValid = true;
     }
     return members.contains(entry.item);
 }
@@ -232,9 +247,8 @@ void GraphicsSceneExtra::mousePressEvent(QGraphicsSceneMouseEvent* event)
     std::vector<SceneItemEntry> customAndManipulators, texts, lineDraggers, svgs, pixmaps;
     const QList<QGraphicsItem*> hit
         = items(scenePos, Qt::IntersectsItemBoundingRect, Qt::DescendingOrder, QTransform());
-    SceneItemLiveness liveness(this);
+    SceneItemLiveness liveness(this, items());
     for (QGraphicsItem* item : hit) {
-        // The signals above ran outside code; the hit list is fresh, but its guards are not yet.
         SceneItemEntry entry = makeSceneItemEntry(item);
         if (entry.is(CustomItemKind | LineManipulatorKind))
             customAndManipulators.push_back(std::move(entry));
@@ -315,7 +329,7 @@ void GraphicsSceneExtra::deliverMouseMove(QGraphicsSceneMouseEvent* event, bool 
         ? quint16(MouseItemKinds | LineDraggerKind | LineManipulatorKind)
         : quint16(MouseItemKinds);
     const auto sorted = getSortedGraphicItems();
-    SceneItemLiveness liveness(this);
+    SceneItemLiveness liveness(this, sorted->sceneItems);
     for (const SceneItemEntry& entry : sorted->entries) {
         if (!entry.is(kinds) || !liveness.isInScene(entry))
             continue;
@@ -382,7 +396,7 @@ void GraphicsSceneExtra::mouseReleaseEvent(QGraphicsSceneMouseEvent* event)
     pressed = false;
 
     const auto sorted = getSortedGraphicItems();
-    SceneItemLiveness liveness(this);
+    SceneItemLiveness liveness(this, sorted->sceneItems);
     for (const SceneItemEntry& entry : sorted->entries) {
         if (!entry.is(MouseItemKinds | LineDraggerKind | LineManipulatorKind)
             || !liveness.isInScene(entry))
@@ -414,7 +428,7 @@ void GraphicsSceneExtra::mouseDoubleClickEvent(QGraphicsSceneMouseEvent* event)
 void GraphicsSceneExtra::keyPressEvent(QKeyEvent* event)
 {
     const auto sorted = getSortedGraphicItems();
-    SceneItemLiveness liveness(this);
+    SceneItemLiveness liveness(this, sorted->sceneItems);
     for (const SceneItemEntry& entry : sorted->entries) {
         if (!entry.is(TextItemKind | CustomItemKind) || !liveness.isInScene(entry))
             continue;
@@ -430,7 +444,7 @@ void GraphicsSceneExtra::keyReleaseEvent(QKeyEvent* event)
 {
     // Releases go to text items only: overlay items react to presses, text editing to both.
     const auto sorted = getSortedGraphicItems();
-    SceneItemLiveness liveness(this);
+    SceneItemLiveness liveness(this, sorted->sceneItems);
     for (const SceneItemEntry& entry : sorted->entries) {
         if (!entry.is(TextItemKind) || !liveness.isInScene(entry))
             continue;
@@ -458,6 +472,7 @@ void GraphicsSceneExtra::wheelEvent(QGraphicsSceneWheelEvent* event)
 
     const QPointF scenePos = event->scenePos();
     if (eventHandlingObjectBelowMouse(scenePos)) {
+        const QList<QGraphicsItem*> sceneItems = items();
         const QList<QGraphicsItem*> hit
             = items(scenePos, Qt::IntersectsItemShape, Qt::DescendingOrder, QTransform());
         std::vector<SceneItemEntry> customs;
@@ -466,7 +481,7 @@ void GraphicsSceneExtra::wheelEvent(QGraphicsSceneWheelEvent* event)
             if (entry.is(CustomItemKind))
                 customs.push_back(std::move(entry));
         }
-        SceneItemLiveness liveness(this);
+        SceneItemLiveness liveness(this, sceneItems);
         for (const SceneItemEntry& entry : customs) {
             if (!liveness.isInScene(entry) || !containsScenePoint(entry.item, scenePos))
                 continue;
@@ -546,7 +561,7 @@ void GraphicsSceneExtra::handleHoverableItems(QGraphicsSceneHoverEvent* event)
     for (const SceneItemEntry* entry : entries)
         entryOf.insert(entry->hoverable, entry);
 
-    SceneItemLiveness liveness(this);
+    SceneItemLiveness liveness(this, sorted->sceneItems);
     HoverableItem* hovered = nullptr;
     for (HoverableItem* candidate : std::as_const(hoverables)) {
         if (!liveness.isInScene(*entryOf.value(candidate)))
@@ -572,7 +587,7 @@ void GraphicsSceneExtra::deliverHover(QGraphicsSceneHoverEvent* event)
 {
     const QPointF scenePos = event->scenePos();
     const auto sorted = getSortedGraphicItems();
-    SceneItemLiveness liveness(this);
+    SceneItemLiveness liveness(this, sorted->sceneItems);
     bool taken = false;
     constexpr quint16 hoverKinds = LineDraggerKind | LineManipulatorKind | CenterDraggerKind
         | CustomItemKind | SvgItemKind | PixmapItemKind;

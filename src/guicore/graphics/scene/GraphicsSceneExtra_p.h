@@ -62,14 +62,18 @@ public:
 };
 
 /// Answers "is this item still in the scene?" in O(1) between handler calls of one dispatch.
-/// QObject items: alive (guard) and scene() still this scene. Other items: membership in a set
-/// made from the scene's item list, made again only when code outside the dispatcher has run
-/// since the last answer and the list really changed.
+/// The scene's item list can only change while code outside the dispatcher runs, so it is looked
+/// at again only after such code ran: while it is still the very list the entries were taken from
+/// (its data shared with `reference`), every entry is in the scene. Once it changed, QObject items
+/// are checked one by one (alive, and scene() still this scene) and other items against a set
+/// made from the current list, made again only when the list changed once more.
 class SceneItemLiveness
 {
 public:
-    explicit SceneItemLiveness(const QGraphicsScene* scene)
+    /// `reference` is the scene's item list as it was when the entries were taken.
+    SceneItemLiveness(const QGraphicsScene* scene, const QList<QGraphicsItem*>& reference)
         : scene(scene)
+        , reference(reference)
     {
     }
 
@@ -79,10 +83,12 @@ public:
 
 private:
     const QGraphicsScene* scene;
+    QList<QGraphicsItem*> reference;
+    bool unchanged = true;
+    bool stale = false;
     QList<QGraphicsItem*> held;
     QSet<QGraphicsItem*> members;
-    bool built = false;
-    bool stale = true;
+    bool membersValid = false;
 };
 
 /// Calls an item's protected event handlers (the manipulators keep theirs protected). A pointer to
