@@ -1,0 +1,332 @@
+#include "MainWindow.h"
+
+#include "../plugin/DentalSolutionApi.h"
+
+#include <guicore/action/Action.h>
+#include <guicore/action/ActionList.h>
+#include <guicore/action/ActionManager.h>
+#include <guicore/solution/Feature.h>
+#include <guicore/solution/Solution.h>
+#include <guicore/solution/SolutionActionGroup.h>
+#include <guicore/solution/SolutionManager.h>
+#include <guicore/solution/SolutionPluginInterface.h>
+#include <guicore/solution/SolutionStep.h>
+#include <guicore/ui/NodeSerializer.h>
+#include <guicore/ui/ViewNode.h>
+#include <guicore/utility/shortcuts/ShortcutManager.h>
+#include <guicore/view/MultiView.h>
+#include <guicore/view/SwitchingViewsManager.h>
+#include <guicore/view/View.h>
+#include <guicore/view/ViewNodeInteractor.h>
+
+#include <QAction>
+#include <QActionGroup>
+#include <QComboBox>
+#include <QDir>
+#include <QFile>
+#include <QJsonDocument>
+#include <QJsonObject>
+#include <QLabel>
+#include <QPluginLoader>
+#include <QStackedWidget>
+#include <QStatusBar>
+#include <QToolBar>
+
+namespace {
+
+const QString STATE_FILE = QStringLiteral("ui-state.json");
+const QString DOCUMENT_FILE = QStringLiteral("document.json");
+
+int viewRank(const View* view)
+{
+    static const QStringList order{QStringLiteral("Panoramic"), QStringLiteral("Cross-sections"),
+        QStringLiteral("Tooth chart")};
+    const int rank = order.indexOf(view->getID());
+    return rank < 0 ? int(order.size()) : rank;
+}
+
+} // namespace
+
+MainWindow::MainWindow()
+    : m_solutionManager(std::make_unique<SolutionManager>())
+    , m_actionManager(std::make_unique<action::ActionManager>())
+    , m_shortcutManager(std::make_unique<ShortcutManager>())
+    , m_switching(std::make_unique<SwitchingViewsManager>())
+{
+    setWindowTitle(tr("Dental viewer"));
+    setObjectName(QStringLiteral("dentalViewerMainWindow"));
+    m_stack = new QStackedWidget(this);
+    setCentralWidget(m_stack);
+    m_statusLabel = new QLabel(this);
+    statusBar()->addPermanentWidget(m_statusLabel);
+
+    // The action manager must know the solution manager before any action is registered: it
+    // learns of each action through actionAdded().
+    m_actionManager->setSolutionManager(m_solutionManager.get());
+    // Views are listed in a fixed order, whatever order the plug-in adds them in.
+    m_solutionManager->setViewsSortPredicate(
+        [](const View* a, const View* b) { return viewRank(a) < viewRank(b); });
+}
+
+MainWindow::~MainWindow()
+{
+    shutDown();
+}
+
+bool MainWindow::loadSolutionPlugin(const QString& fileName)
+{
+    m_loader = std::make_unique<QPluginLoader>(fileName);
+    QObject* instance = m_loader->instance();
+    m_api = qobject_cast<DentalSolutionApi*>(instance);
+    m_plugin = dynamic_cast<SolutionPluginInterface*>(m_api);
+    if (!instance || !m_api || !m_plugin) {
+        m_error = instance ? tr("%1 is not a dental solution plug-in").arg(fileName)
+                           : m_loader->errorString();
+        m_api = nullptr;
+        m_plugin = nullptr;
+        return false;
+    }
+
+    m_plugin->initialize();
+    m_plugin->loadActions();
+    m_plugin->loadFeatures();
+    m_plugin->loadViews();
+    // The plug-in keeps ownership; the manager holds borrowed pointers.
+    for (Action* action : m_plugin->getActions())
+        m_solutionManager->addAction(action);
+    for (const auto& feature : m_plugin->getFeatures())
+        m_solutionManager->addFeature(feature.get());
+    for (View* view : m_plugin->getViews())
+        m_solutionManager->addView(view);
+    m_api->buildSolution(*m_solutionManager);
+    m_api->setDialogParent(this);
+
+    m_shortcutManager->setMainApplicationWidget(this);
+    m_switching->setSolutionManager(m_solutionManager.get());
+    m_switching->setActionManager(m_actionManager.get());
+    m_switching->setShortcutManager(m_shortcutManager.get());
+    m_solutionManager->setActiveSolution(m_api->solutionId(), true);
+
+    buildViewBar();
+    buildToolPanels();
+    connect(m_switching.get(), &SwitchingViewsManager::switchingView, this,
+        [this](View* view) { showView(view); });
+    connect(m_switching.get(), &SwitchingViewsManager::viewChanged, this, [this] {
+        updateSubViewChooser();
+        updateStatus();
+    });
+    m_switching->installViewSwitchingShortcuts(this);
+    const QList<View*> views = m_solutionManager->getViews();
+    if (!views.isEmpty())
+        m_switching->switchToView(views.first());
+    return true;
+}
+
+void MainWindow::buildViewBar()
+{
+    auto* bar = addToolBar(tr("Views"));
+    bar->setObjectName(QStringLiteral("viewBar"));
+    m_viewActions = new QActionGroup(this);
+    for (View* view : m_solutionManager->getViews()) {
+        auto* item = bar->addAction(view->getName());
+        item->setObjectName(QStringLiteral("view:") + view->getID());
+        item->setCheckable(true);
+        item->setToolTip(tr("%1 (%2)").arg(view->getName(), view->getShortCutString()));
+        m_viewActions->addAction(item);
+        const QString id = view->getID();
+        connect(item, &QAction::triggered, this, [this, id] { switchToView(id); });
+    }
+    m_subViews = new QComboBox(bar);
+    m_subViews->setObjectName(QStringLiteral("subViewChooser"));
+    bar->addWidget(m_subViews);
+    connect(m_subViews, &QComboBox::activated, this, [this](int index) {
+        auto* multi = dynamic_cast<MultiView*>(m_switching->getCurrentView());
+        if (multi)
+            m_switching->switchToSubView(multi, m_subViews->itemData(index).toString());
+    });
+}
+
+void MainWindow::buildToolPanels()
+{
+    // One tool bar per action list of the current step, in the order the solution laid them out.
+    SolutionStep* step = m_solutionManager->getCurrentSolutionStep();
+    if (!step)
+        return;
+    addToolBarBreak();
+    for (SolutionActionGroup* group : step->getActionGroups()) {
+        for (ActionList* list : group->getActionLists()) {
+            auto* bar = addToolBar(list->getName());
+            bar->setObjectName(QStringLiteral("tools:") + list->getID());
+            for (Action* action : list->getActions()) {
+                // The action owns the QAction and keeps it in step with its run state.
+                QAction* item = action->getQAction();
+                item->setShortcuts(action->getShortcuts());
+                item->setShortcutContext(Qt::ApplicationShortcut);
+                addAction(item);
+                m_shortcutManager->addQActionWithShortcut(item);
+                bar->addAction(item);
+            }
+        }
+    }
+}
+
+void MainWindow::switchToView(const QString& id)
+{
+    if (MultiView* parent = m_switching->getParentViewOfSubView(id)) {
+        m_switching->switchToView(parent);
+        m_switching->switchToSubView(parent, id);
+        return;
+    }
+    m_switching->switchToView(id);
+}
+
+void MainWindow::showView(View* view)
+{
+    if (!view)
+        return;
+    QWidget* widget = view->getWidget();
+    if (!widget)
+        return;
+    if (m_stack->indexOf(widget) < 0)
+        m_stack->addWidget(widget);
+    m_stack->setCurrentWidget(widget);
+    for (QAction* item : m_viewActions->actions())
+        item->setChecked(item->objectName() == QStringLiteral("view:") + view->getID());
+}
+
+void MainWindow::updateSubViewChooser()
+{
+    auto* multi = dynamic_cast<MultiView*>(m_switching->getCurrentView());
+    m_subViews->clear();
+    m_subViews->setVisible(multi != nullptr);
+    if (!multi)
+        return;
+    for (View* sub : multi->getSubViews())
+        m_subViews->addItem(sub->getName(), sub->getID());
+    m_subViews->setCurrentIndex(m_subViews->findData(multi->getActiveSubViewID()));
+}
+
+void MainWindow::updateStatus()
+{
+    if (!m_api)
+        return;
+    m_statusLabel->setText(tr("View: %1 · Numbering: %2")
+                               .arg(m_switching->getCurrentViewOrSubViewID(),
+                                   m_api->notation() == QLatin1String("UNIV") ? tr("Universal")
+                                                                              : tr("FDI")));
+}
+
+std::unique_ptr<ui::Node> MainWindow::generateStateTree() const
+{
+    // The root names the view (or sub view) on screen; below it, one node per view.
+    auto root = std::make_unique<ui::ViewNode>();
+    root->setViewId(m_switching->getCurrentViewOrSubViewID());
+    for (View* view : m_switching->getViewOrSubViews()) {
+        if (dynamic_cast<MultiView*>(view))
+            continue;
+        if (std::unique_ptr<ui::Node> node = view->createNodeInteractor()->generate())
+            root->addNode(std::move(node));
+    }
+    return root;
+}
+
+void MainWindow::applyStateTree(ui::Node& root)
+{
+    for (ui::Node* child : root.getNodes()) {
+        auto* viewNode = dynamic_cast<ui::ViewNode*>(child);
+        if (!viewNode)
+            continue;
+        View* view = nullptr;
+        for (View* candidate : m_switching->getViewOrSubViews()) {
+            if (candidate->getID() == viewNode->getViewId())
+                view = candidate;
+        }
+        if (view && !dynamic_cast<MultiView*>(view))
+            view->createNodeInteractor()->apply(viewNode);
+    }
+    if (auto* rootView = dynamic_cast<ui::ViewNode*>(&root)) {
+        if (m_switching->isViewAvailable(rootView->getViewId())
+            || m_switching->getParentViewOfSubView(rootView->getViewId()))
+            switchToView(rootView->getViewId());
+    }
+}
+
+QJsonObject MainWindow::dumpState() const
+{
+    QJsonObject dump;
+    dump.insert(QStringLiteral("currentView"), m_switching->getCurrentViewID());
+    dump.insert(QStringLiteral("currentViewOrSubView"), m_switching->getCurrentViewOrSubViewID());
+    dump.insert(QStringLiteral("notation"), m_api ? m_api->notation() : QString());
+    dump.insert(QStringLiteral("document"), m_api ? m_api->saveDocument() : QJsonObject());
+    dump.insert(
+        QStringLiteral("state"), ui::NodeSerializer::toDocument(*generateStateTree()).object());
+    Action* current = m_actionManager->getCurrentAction();
+    dump.insert(QStringLiteral("runningAction"), current ? current->getID() : QString());
+    return dump;
+}
+
+void MainWindow::restoreState(const QString& folder)
+{
+    if (!m_api)
+        return;
+    const QDir dir(folder);
+    QFile documentFile(dir.filePath(DOCUMENT_FILE));
+    if (documentFile.exists()) {
+        QJsonParseError error;
+        const QJsonDocument document = documentFile.open(QIODevice::ReadOnly)
+            ? QJsonDocument::fromJson(documentFile.readAll(), &error)
+            : QJsonDocument();
+        if (!document.isObject() || !m_api->loadDocument(document.object()))
+            statusBar()->showMessage(
+                tr("Some saved measurements could not be read and were left out."), 10000);
+    }
+    const QString statePath = dir.filePath(STATE_FILE);
+    if (!QFile::exists(statePath))
+        return;
+    std::unique_ptr<ui::Node> root = ui::NodeSerializer::readFile(statePath);
+    if (!root) {
+        statusBar()->showMessage(
+            tr("The saved view state in %1 is damaged or from a newer version; it was ignored.")
+                .arg(QDir::toNativeSeparators(statePath)),
+            15000);
+        return;
+    }
+    applyStateTree(*root);
+}
+
+bool MainWindow::saveState(const QString& folder) const
+{
+    if (!m_api || !QDir().mkpath(folder))
+        return false;
+    const QDir dir(folder);
+    QFile documentFile(dir.filePath(DOCUMENT_FILE));
+    if (!documentFile.open(QIODevice::WriteOnly | QIODevice::Truncate))
+        return false;
+    documentFile.write(QJsonDocument(m_api->saveDocument()).toJson());
+    return ui::NodeSerializer::writeFile(*generateStateTree(), dir.filePath(STATE_FILE));
+}
+
+void MainWindow::shutDown()
+{
+    if (m_shutDown)
+        return;
+    m_shutDown = true;
+    if (m_actionManager)
+        m_actionManager->stopAllActiveActions();
+    if (m_switching)
+        m_switching->stopCurrentView();
+    // The view widgets belong to the views: take them out of the stack before the plug-in
+    // releases its views.
+    while (m_stack && m_stack->count() > 0) {
+        QWidget* page = m_stack->widget(0);
+        m_stack->removeWidget(page);
+        page->setParent(nullptr);
+        page->hide();
+    }
+    if (m_plugin)
+        m_plugin->close();
+    m_plugin = nullptr;
+    m_api = nullptr;
+    // The plug-in library stays mapped until the process ends: objects made by it may still be
+    // queued for deletion.
+}

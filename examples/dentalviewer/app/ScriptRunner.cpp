@@ -1,0 +1,209 @@
+#include "ScriptRunner.h"
+
+#include "../plugin/DentalSolutionApi.h"
+#include "MainWindow.h"
+
+#include <guicore/action/Action.h>
+#include <guicore/solution/SolutionManager.h>
+#include <guicore/view/SwitchingViewsManager.h>
+
+#include <settings/SettingsManager.h>
+
+#include <QApplication>
+#include <QFile>
+#include <QGraphicsView>
+#include <QJsonDocument>
+#include <QKeyEvent>
+#include <QKeySequence>
+#include <QMouseEvent>
+#include <QRegularExpression>
+#include <QTextStream>
+#include <QTimer>
+#include <cstdio>
+
+namespace {
+
+// Time given to the window system between steps; painting and deferred stops need a few turns.
+constexpr int STEP_DELAY_MS = 30;
+
+} // namespace
+
+ScriptRunner::ScriptRunner(MainWindow& window, const QStringList& lines, const QDir& outputFolder)
+    : m_window(window)
+    , m_lines(lines)
+    , m_output(outputFolder)
+{
+}
+
+bool ScriptRunner::readScript(const QString& fileName, QStringList& lines, QString& error)
+{
+    QFile file(fileName);
+    if (!file.open(QIODevice::ReadOnly | QIODevice::Text)) {
+        error = file.errorString();
+        return false;
+    }
+    QTextStream stream(&file);
+    while (!stream.atEnd())
+        lines.append(stream.readLine());
+    return true;
+}
+
+void ScriptRunner::start()
+{
+    QTimer::singleShot(STEP_DELAY_MS, this, &ScriptRunner::next);
+}
+
+void ScriptRunner::fail(const QString& message)
+{
+    ++m_failures;
+    std::fprintf(stderr, "dentalviewer: script line %d: %s\n", m_index,
+        qPrintable(message));
+}
+
+void ScriptRunner::next()
+{
+    m_delay = STEP_DELAY_MS;
+    while (m_index < m_lines.size()) {
+        const QString line = m_lines.at(m_index++).trimmed();
+        if (line.isEmpty() || line.startsWith(QLatin1Char('#')))
+            continue;
+        const QStringList words = line.split(QLatin1Char(' '), Qt::SkipEmptyParts);
+        if (!run(words))
+            fail(QStringLiteral("step failed: ") + line);
+        QTimer::singleShot(m_delay, this, &ScriptRunner::next);
+        return;
+    }
+    Q_EMIT finished(m_failures);
+}
+
+bool ScriptRunner::run(const QStringList& words)
+{
+    const QString step = words.first();
+    const QString rest = words.mid(1).join(QLatin1Char(' '));
+    if (step == QLatin1String("view")) {
+        m_window.switchToView(rest);
+        return m_window.switchingViewsManager()->getCurrentViewOrSubViewID() == rest
+            || m_window.switchingViewsManager()->getCurrentViewID() == rest;
+    }
+    if (step == QLatin1String("action") && words.size() >= 2) {
+        Action* action = m_window.solutionManager()->getAction(words.at(1));
+        if (!action)
+            return false;
+        for (const QString& pair : words.mid(2)) {
+            const int equals = pair.indexOf(QLatin1Char('='));
+            if (equals > 0)
+                action->setParameter(pair.left(equals), pair.mid(equals + 1));
+        }
+        // The same path as a click on the tool button.
+        action->trigger(true);
+        return true;
+    }
+    if (step == QLatin1String("press") || step == QLatin1String("move")
+        || step == QLatin1String("release") || step == QLatin1String("click")
+        || step == QLatin1String("doubleclick") || step == QLatin1String("rightclick"))
+        return mouse(step, words);
+    if (step == QLatin1String("key"))
+        return key(rest);
+    if (step == QLatin1String("type"))
+        return type(rest);
+    if (step == QLatin1String("notation")) {
+        m_window.solution()->setNotation(rest);
+        return m_window.solution()->notation() == rest;
+    }
+    if (step == QLatin1String("setting") && words.size() == 3) {
+        settings::SettingsManager::manager()->setUserDefault(words.at(1), words.at(2));
+        return true;
+    }
+    if (step == QLatin1String("resize") && words.size() == 3) {
+        m_window.resize(words.at(1).toInt(), words.at(2).toInt());
+        m_delay = 200;
+        return true;
+    }
+    if (step == QLatin1String("wait")) {
+        m_delay = rest.toInt();
+        return true;
+    }
+    if (step == QLatin1String("screenshot")) {
+        const QImage image = m_window.grab().toImage();
+        const QString path = m_output.filePath(rest);
+        if (!image.save(path))
+            return false;
+        std::printf("dentalviewer: screenshot %s\n", qPrintable(QDir::toNativeSeparators(path)));
+        return true;
+    }
+    if (step == QLatin1String("dump")) {
+        QFile file(m_output.filePath(rest));
+        if (!file.open(QIODevice::WriteOnly | QIODevice::Truncate))
+            return false;
+        file.write(QJsonDocument(m_window.dumpState()).toJson());
+        return true;
+    }
+    return false;
+}
+
+bool ScriptRunner::mouse(const QString& kind, const QStringList& words)
+{
+    if (words.size() != 3)
+        return false;
+    QGraphicsView* view = m_window.solution()->graphicsViewOf(
+        m_window.switchingViewsManager()->getCurrentView());
+    if (!view)
+        return false;
+    QWidget* target = view->viewport();
+    const QPointF local = view->mapFromScene(QPointF(words.at(1).toDouble(), words.at(2).toDouble()));
+    const QPointF global = target->mapToGlobal(local);
+    auto send = [&](QEvent::Type type, Qt::MouseButton button, Qt::MouseButtons buttons) {
+        QMouseEvent event(type, local, global, button, buttons, Qt::NoModifier);
+        QApplication::sendEvent(target, &event);
+    };
+    // A click gives the viewer the keyboard focus, as it does on screen.
+    if (kind != QLatin1String("move") && kind != QLatin1String("release"))
+        view->setFocus(Qt::MouseFocusReason);
+    if (kind == QLatin1String("press")) {
+        m_buttons = Qt::LeftButton;
+        send(QEvent::MouseButtonPress, Qt::LeftButton, m_buttons);
+    } else if (kind == QLatin1String("move")) {
+        send(QEvent::MouseMove, Qt::NoButton, m_buttons);
+    } else if (kind == QLatin1String("release")) {
+        m_buttons = Qt::NoButton;
+        send(QEvent::MouseButtonRelease, Qt::LeftButton, m_buttons);
+    } else {
+        const Qt::MouseButton button
+            = kind == QLatin1String("rightclick") ? Qt::RightButton : Qt::LeftButton;
+        send(QEvent::MouseButtonPress, button, button);
+        send(QEvent::MouseButtonRelease, button, Qt::NoButton);
+        if (kind == QLatin1String("doubleclick")) {
+            send(QEvent::MouseButtonDblClick, button, button);
+            send(QEvent::MouseButtonRelease, button, Qt::NoButton);
+        }
+    }
+    return true;
+}
+
+bool ScriptRunner::key(const QString& sequence)
+{
+    const QKeySequence keys(sequence);
+    if (keys.isEmpty())
+        return false;
+    const QKeyCombination combination = keys[0];
+    QWidget* target = QApplication::focusWidget() ? QApplication::focusWidget() : &m_window;
+    QKeyEvent press(QEvent::KeyPress, combination.key(), combination.keyboardModifiers());
+    QApplication::sendEvent(target, &press);
+    QKeyEvent release(QEvent::KeyRelease, combination.key(), combination.keyboardModifiers());
+    QApplication::sendEvent(target, &release);
+    return true;
+}
+
+bool ScriptRunner::type(const QString& text)
+{
+    QWidget* target = QApplication::focusWidget();
+    if (!target)
+        return false;
+    for (const QChar character : text) {
+        QKeyEvent press(QEvent::KeyPress, 0, Qt::NoModifier, QString(character));
+        QApplication::sendEvent(target, &press);
+        QKeyEvent release(QEvent::KeyRelease, 0, Qt::NoModifier, QString(character));
+        QApplication::sendEvent(target, &release);
+    }
+    return true;
+}

@@ -1,0 +1,46 @@
+#pragma once
+
+#include <QDir>
+#include <QObject>
+#include <QStringList>
+
+class MainWindow;
+
+// Runs a demo script against the main window, one step per turn of the event loop, so that every
+// step sees the effects of the previous one painted. Steps, one a line ('#' starts a comment):
+//   view ID | action ID [key=value...] | press X Y | move X Y | release X Y | click X Y
+//   doubleclick X Y | rightclick X Y | key SEQUENCE | type TEXT | notation FDI|UNIV
+//   setting KEY VALUE | resize W H | wait MS | screenshot FILE | dump FILE
+// Coordinates are scene coordinates of the current 2-D viewer; files are relative to the
+// screenshot folder.
+class ScriptRunner : public QObject
+{
+    Q_OBJECT
+
+public:
+    ScriptRunner(MainWindow& window, const QStringList& lines, const QDir& outputFolder);
+
+    void start();
+    int failures() const { return m_failures; }
+
+    static bool readScript(const QString& fileName, QStringList& lines, QString& error);
+
+Q_SIGNALS:
+    void finished(int failures);
+
+private:
+    void next();
+    bool run(const QStringList& words);
+    bool mouse(const QString& kind, const QStringList& words);
+    bool key(const QString& sequence);
+    bool type(const QString& text);
+    void fail(const QString& message);
+
+    MainWindow& m_window;
+    QStringList m_lines;
+    QDir m_output;
+    int m_index = 0;
+    int m_failures = 0;
+    int m_delay = 0;
+    Qt::MouseButtons m_buttons = Qt::NoButton;
+};

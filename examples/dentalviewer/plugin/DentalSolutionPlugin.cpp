@@ -1,0 +1,286 @@
+#include "DentalSolutionPlugin.h"
+
+#include "DentalViews.h"
+#include "DentalWorkspace.h"
+#include "MeasurementHandlers.h"
+#include "Viewer2D.h"
+
+#include <guicore/action/ActionGroup.h>
+#include <guicore/action/ActionList.h>
+#include <guicore/action/MultiActionHandler.h>
+#include <guicore/action/SingleAction.h>
+#include <guicore/graphics/scene/GraphicsViewExtra.h>
+#include <guicore/solution/Solution.h>
+#include <guicore/solution/SolutionActionGroup.h>
+#include <guicore/solution/SolutionBuilderHelper.h>
+#include <guicore/solution/SolutionManager.h>
+#include <guicore/solution/SolutionStep.h>
+#include <guicore/utility/image/QImageHelper.h>
+
+#include <settings/SettingsManager.h>
+
+#include <QComboBox>
+#include <QDateTime>
+#include <QDialog>
+#include <QDialogButtonBox>
+#include <QDir>
+#include <QFile>
+#include <QFormLayout>
+#include <QSettings>
+#include <QSpinBox>
+#include <QStandardPaths>
+#include <QWidget>
+
+namespace {
+
+const QString SOLUTION_ID = QStringLiteral("dental");
+
+struct ToolSpec
+{
+    const char* id;
+    const char* name;
+    const char* tooltip;
+    const char* shortcut;
+    bool checkable;
+};
+
+// The tools in panel order: the first list holds the exclusive measurement tools, the second the
+// commands.
+const ToolSpec TOOLS[] = {
+    {"measureLength", QT_TRANSLATE_NOOP("DentalSolutionPlugin", "Length"),
+        QT_TRANSLATE_NOOP("DentalSolutionPlugin", "Measure a length: press, drag, release"), "L",
+        true},
+    {"measureArea", QT_TRANSLATE_NOOP("DentalSolutionPlugin", "Area"),
+        QT_TRANSLATE_NOOP(
+            "DentalSolutionPlugin", "Measure an area: click corners, double-click or Enter"),
+        "A", true},
+    {"annotateText", QT_TRANSLATE_NOOP("DentalSolutionPlugin", "Text"),
+        QT_TRANSLATE_NOOP("DentalSolutionPlugin", "Place a text annotation"), "T", true},
+    {"resetView", QT_TRANSLATE_NOOP("DentalSolutionPlugin", "Reset view"),
+        QT_TRANSLATE_NOOP("DentalSolutionPlugin", "Fit the image into the viewer"), "R", false},
+    {"exportSnapshot", QT_TRANSLATE_NOOP("DentalSolutionPlugin", "Export snapshot"),
+        QT_TRANSLATE_NOOP("DentalSolutionPlugin", "Save the viewer as PNG and as an HTML page"),
+        "Ctrl+E", false},
+    {"toggleNotation", QT_TRANSLATE_NOOP("DentalSolutionPlugin", "FDI / Universal"),
+        QT_TRANSLATE_NOOP("DentalSolutionPlugin", "Switch the tooth numbering"), "N", false},
+    {"preferences", QT_TRANSLATE_NOOP("DentalSolutionPlugin", "Preferences"),
+        QT_TRANSLATE_NOOP("DentalSolutionPlugin", "Palette and label font size"), "Ctrl+,",
+        false},
+};
+
+} // namespace
+
+DentalSolutionPlugin::DentalSolutionPlugin() = default;
+
+DentalSolutionPlugin::~DentalSolutionPlugin()
+{
+    close();
+}
+
+void DentalSolutionPlugin::initialize()
+{
+    m_workspace = std::make_unique<DentalWorkspace>();
+}
+
+void DentalSolutionPlugin::loadActions()
+{
+    auto* dispatcher = new MultiActionHandler();
+    m_handlers.emplace_back(dispatcher);
+    auto* exclusive = new ActionGroup();
+    m_handlers.emplace_back(exclusive);
+
+    for (const ToolSpec& spec : TOOLS) {
+        const QString id = QString::fromLatin1(spec.id);
+        auto* action = new SingleAction(id, tr(spec.name), tr(spec.tooltip), QIcon());
+        action->setCheckable(spec.checkable);
+        action->setShortcuts({QKeySequence(QString::fromLatin1(spec.shortcut))});
+        if (spec.checkable) {
+            // Escape or a right click ends a running tool; a view switch stops it too.
+            action->enableStopWithEventFilter();
+            action->setMustBeStopped(true);
+            action->setStopOnViewSwitch(true);
+            action->setActionGroup(exclusive);
+            exclusive->addAction(action);
+        }
+        action->setActionHandler(dispatcher);
+        addAction(action);
+    }
+
+    DentalWorkspace& workspace = *m_workspace;
+    dispatcher->addActionHandler(
+        QStringLiteral("measureLength"), new LengthMeasurementHandler(workspace));
+    dispatcher->addActionHandler(
+        QStringLiteral("measureArea"), new AreaMeasurementHandler(workspace));
+    dispatcher->addActionHandler(
+        QStringLiteral("annotateText"), new TextAnnotationHandler(workspace));
+    dispatcher->addActionHandler(
+        QStringLiteral("resetView"), new CommandHandler([&workspace](ActionHandler&) {
+            for (Viewer2D* viewer : workspace.viewers())
+                viewer->resetView();
+        }));
+    dispatcher->addActionHandler(
+        QStringLiteral("exportSnapshot"), new CommandHandler([this](ActionHandler& handler) {
+            exportSnapshot(
+                static_cast<CommandHandler&>(handler).parameter(QStringLiteral("directory")).toString());
+        }));
+    dispatcher->addActionHandler(
+        QStringLiteral("toggleNotation"), new CommandHandler([&workspace](ActionHandler&) {
+            workspace.setNotation(workspace.notation() == QLatin1String("FDI")
+                    ? QStringLiteral("UNIV")
+                    : QStringLiteral("FDI"));
+        }));
+    dispatcher->addActionHandler(QStringLiteral("preferences"),
+        new CommandHandler([this](ActionHandler&) { showPreferences(); }));
+}
+
+void DentalSolutionPlugin::loadFeatures()
+{
+    addFeature(std::make_unique<Solution>(SOLUTION_ID, tr("Dental viewer")));
+    addFeature(QStringLiteral("measurements2D"));
+    addFeature(QStringLiteral("toothChart"));
+}
+
+void DentalSolutionPlugin::loadViews()
+{
+    addView(std::make_unique<PanoramicView>(*m_workspace));
+    addView(std::make_unique<CrossSectionsView>(*m_workspace));
+    addView(std::make_unique<ToothChartView>(*m_workspace));
+}
+
+QString DentalSolutionPlugin::solutionId() const
+{
+    return SOLUTION_ID;
+}
+
+void DentalSolutionPlugin::buildSolution(SolutionManager& manager)
+{
+    auto* solution = dynamic_cast<Solution*>(manager.getFeature(SOLUTION_ID));
+    if (!solution)
+        return;
+    manager.addSolution(solution);
+    for (View* view : getViews())
+        solution->addView(view);
+
+    m_step = std::make_unique<SolutionStep>(QStringLiteral("view"), tr("View"));
+    solution->addSolutionStep(m_step.get());
+    manager.addSolutionStep(m_step.get());
+
+    // One panel group per kind of tool: measurements, then commands.
+    int counter = 0;
+    SolutionActionGroup* tools = SolutionBuilderHelper::addActionGroupToSolution(
+        manager, m_step.get(), counter);
+    ActionList* measure
+        = SolutionBuilderHelper::addActionListToGroup(manager, QStringLiteral("Measure"), tools);
+    ActionList* commands
+        = SolutionBuilderHelper::addActionListToGroup(manager, QStringLiteral("View"), tools);
+    for (const ToolSpec& spec : TOOLS) {
+        Action* action = manager.getAction(QString::fromLatin1(spec.id));
+        SolutionBuilderHelper::addActionsToList({action}, spec.checkable ? measure : commands);
+    }
+    manager.setCurrentSolutionStep(m_step->getID());
+}
+
+void DentalSolutionPlugin::close()
+{
+    SolutionPluginInterface::close();
+    // The handlers go after the actions that point at them.
+    m_handlers.clear();
+    m_step.reset();
+    m_workspace.reset();
+}
+
+void DentalSolutionPlugin::setDialogParent(QWidget* parent)
+{
+    m_dialogParent = parent;
+}
+
+QJsonObject DentalSolutionPlugin::saveDocument() const
+{
+    return m_workspace ? m_workspace->saveDocument() : QJsonObject();
+}
+
+bool DentalSolutionPlugin::loadDocument(const QJsonObject& document)
+{
+    return m_workspace && m_workspace->loadDocument(document);
+}
+
+QGraphicsView* DentalSolutionPlugin::graphicsViewOf(View* view) const
+{
+    if (auto* multi = dynamic_cast<MultiView*>(view))
+        view = multi->getActiveSubView();
+    if (auto* viewer2D = dynamic_cast<Viewer2DView*>(view))
+        return viewer2D->viewer() ? viewer2D->viewer()->view() : nullptr;
+    if (view && view->getWidget())
+        return view->getWidget()->findChild<QGraphicsView*>();
+    return nullptr;
+}
+
+QString DentalSolutionPlugin::notation() const
+{
+    return m_workspace ? m_workspace->notation() : QString();
+}
+
+void DentalSolutionPlugin::setNotation(const QString& notation)
+{
+    if (m_workspace)
+        m_workspace->setNotation(notation);
+}
+
+void DentalSolutionPlugin::exportSnapshot(const QString& directory)
+{
+    QString folder = directory;
+    if (folder.isEmpty())
+        folder = QStandardPaths::writableLocation(QStandardPaths::PicturesLocation);
+    QDir().mkpath(folder);
+    QWidget* source = nullptr;
+    if (Viewer2D* viewer = m_workspace->currentViewer())
+        source = viewer->view();
+    else if (m_dialogParent)
+        source = m_dialogParent->window();
+    if (!source)
+        return;
+    const QImage image = source->grab().toImage();
+    const QString base = QDir(folder).filePath(
+        QStringLiteral("snapshot-%1").arg(QDateTime::currentDateTime().toString(
+            QStringLiteral("yyyyMMdd-HHmmss"))));
+    image.save(base + QStringLiteral(".png"));
+    QFile page(base + QStringLiteral(".html"));
+    if (page.open(QIODevice::WriteOnly | QIODevice::Truncate)) {
+        const QString html = QStringLiteral(
+            "<!DOCTYPE html>\n<html><head><meta charset=\"utf-8\"><title>%1</title></head>\n"
+            "<body><h1>%1</h1><img alt=\"snapshot\" src=\"%2\"></body>"
+            "</html>\n")
+                                 .arg(tr("Dental viewer snapshot"),
+                                     image2d::QImageHelper::streamToBase64(image));
+        page.write(html.toUtf8());
+    }
+}
+
+void DentalSolutionPlugin::showPreferences()
+{
+    QDialog dialog(m_dialogParent);
+    dialog.setWindowTitle(tr("Preferences"));
+    auto* form = new QFormLayout(&dialog);
+    auto* palette = new QComboBox(&dialog);
+    palette->addItem(tr("Dark"), QStringLiteral("dark"));
+    palette->addItem(tr("Light"), QStringLiteral("light"));
+    QSettings settings;
+    palette->setCurrentIndex(
+        palette->findData(settings.value(QStringLiteral("palette"), QStringLiteral("dark"))));
+    form->addRow(tr("Palette (after restart)"), palette);
+    auto* fontSize = new QSpinBox(&dialog);
+    fontSize->setRange(6, 48);
+    settings::SettingsManager* userDefaults = settings::SettingsManager::manager();
+    fontSize->setValue(
+        userDefaults->getUserDefaults().getSetting(QStringLiteral("labelFontSize")).toInt());
+    form->addRow(tr("Label font size"), fontSize);
+    // Labels listen to the user default themselves, so they follow the spin box live.
+    QObject::connect(fontSize, &QSpinBox::valueChanged, &dialog, [userDefaults](int size) {
+        userDefaults->setUserDefault(QStringLiteral("labelFontSize"), size);
+    });
+    auto* buttons = new QDialogButtonBox(QDialogButtonBox::Close, &dialog);
+    form->addRow(buttons);
+    QObject::connect(buttons, &QDialogButtonBox::rejected, &dialog, &QDialog::reject);
+    dialog.exec();
+    settings.setValue(QStringLiteral("palette"), palette->currentData());
+}

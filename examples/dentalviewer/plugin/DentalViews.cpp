@@ -1,0 +1,400 @@
+#include "DentalViews.h"
+
+#include "DentalWorkspace.h"
+#include "SyntheticImages.h"
+#include "Viewer2D.h"
+
+#include <guicore/graphics/items/CustomGraphicsItem.h>
+#include <guicore/graphics/items/CustomGraphicsLabelItem.h>
+#include <guicore/graphics/manipulators/CrossDragger.h>
+#include <guicore/graphics/manipulators/CrossedLinesManipulationGraphicsItemGroup.h>
+#include <guicore/graphics/scene/GraphicsSceneExtra.h>
+#include <guicore/graphics/scene/GraphicsViewExtra.h>
+#include <guicore/style/StyleManager.h>
+#include <guicore/ui/Measurement2DNode.h>
+#include <guicore/ui/ViewNode.h>
+#include <guicore/ui/Viewer2DNode.h>
+#include <guicore/utility/dental/ToothNameGenerator.h>
+
+#include <toothchart/ToothChart.h>
+
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QPainterPath>
+#include <QPen>
+#include <QPushButton>
+#include <QVBoxLayout>
+#include <QVector2D>
+#include <cmath>
+
+namespace {
+
+QColor styleColor(const char* id, const QColor& fallback)
+{
+    if (!StyleManager::hasManager())
+        return fallback;
+    const QColor color = StyleManager::manager().getOptionalColor(QString::fromLatin1(id));
+    return color.isValid() ? color : fallback;
+}
+
+CustomGraphicsLabelItem* makeToothLabel(const QString& name)
+{
+    auto* label = new CustomGraphicsLabelItem(name);
+    label->setTextColor(styleColor("TEXT_COLOR", Qt::white));
+    label->setTextOutlineColor(Qt::black);
+    label->fillBackground(false);
+    label->setZValue(5);
+    return label;
+}
+
+} // namespace
+
+// --- Viewer2DView ---------------------------------------------------------------------------
+
+Viewer2DView::Viewer2DView(const QString& id, const QString& name, DentalWorkspace& workspace)
+    : View(id)
+    , m_workspace(workspace)
+    , m_viewer(new Viewer2D(id, DentalWorkspace::PIXEL_SPACING_MM))
+{
+    setName(name);
+    workspace.addViewer(m_viewer);
+}
+
+Viewer2DView::~Viewer2DView()
+{
+    if (m_workspace.currentViewer() == m_viewer)
+        m_workspace.setCurrentViewer(nullptr);
+    // The view widget belongs to whoever shows it; when nobody took it, it goes with the viewer.
+    if (m_viewer) {
+        GraphicsViewExtra* view = m_viewer->view();
+        if (!view->parent())
+            delete view;
+        delete m_viewer.data();
+    }
+}
+
+void Viewer2DView::createWidget()
+{
+    setWidget(m_viewer->view());
+}
+
+void Viewer2DView::start()
+{
+    View::start();
+    m_workspace.setCurrentViewer(m_viewer);
+}
+
+void Viewer2DView::stop()
+{
+    View::stop();
+    if (m_workspace.currentViewer() == m_viewer)
+        m_workspace.setCurrentViewer(nullptr);
+}
+
+void Viewer2DView::reset()
+{
+    View::reset();
+    m_viewer->resetView();
+}
+
+std::unique_ptr<ui::ViewNodeInteractor> Viewer2DView::createNodeInteractor()
+{
+    return std::make_unique<Viewer2DNodeInteractor>(*this);
+}
+
+// --- Viewer2DNodeInteractor -----------------------------------------------------------------
+
+Viewer2DNodeInteractor::Viewer2DNodeInteractor(Viewer2DView& view)
+    : ui::ViewNodeInteractor(view)
+    , m_view(view)
+{
+}
+
+std::unique_ptr<ui::Node> Viewer2DNodeInteractor::generate()
+{
+    std::unique_ptr<ui::Node> node = ui::ViewNodeInteractor::generate();
+    Viewer2D* viewer = m_view.viewer();
+    if (!node || !viewer)
+        return node;
+    auto viewerNode = std::make_unique<ui::Viewer2DNode>();
+    viewerNode->setViewerIndex(0);
+    viewerNode->setHadContentWhenGenerated(true);
+    viewerNode->setZoomBox(viewer->getZoomBox());
+    for (const Measurement* measurement : viewer->measurements()) {
+        auto measurementNode = std::make_unique<ui::Measurement2DNode>(measurement->id);
+        measurementNode->setLabelRelativePositions({measurement->labelOffset});
+        viewerNode->addNode(std::move(measurementNode));
+    }
+    node->addNode(std::move(viewerNode));
+    return node;
+}
+
+void Viewer2DNodeInteractor::apply(ui::Node* node)
+{
+    Viewer2D* viewer = m_view.viewer();
+    if (!node || !viewer)
+        return;
+    for (ui::Node* child : node->getNodes()) {
+        auto* viewerNode = dynamic_cast<ui::Viewer2DNode*>(child);
+        if (!viewerNode)
+            continue;
+        if (viewerNode->hasZoomBox())
+            viewer->setZoomBox(viewerNode->getZoomBox());
+        for (ui::Node* grandChild : viewerNode->getNodes()) {
+            auto* measurementNode = dynamic_cast<ui::Measurement2DNode*>(grandChild);
+            if (!measurementNode || measurementNode->getLabelRelativePositions().empty())
+                continue;
+            // A node whose measurement is gone from the document is left alone.
+            if (Measurement* measurement
+                = viewer->findMeasurement(measurementNode->getDataObjectUUID())) {
+                measurement->labelOffset = measurementNode->getLabelRelativePosition(0);
+                viewer->updateMeasurement(measurement);
+            }
+        }
+    }
+}
+
+// --- PanoramicView --------------------------------------------------------------------------
+
+PanoramicView::PanoramicView(DentalWorkspace& workspace)
+    : Viewer2DView(QStringLiteral("Panoramic"), QObject::tr("Panoramic"), workspace)
+{
+    setShortCutKeySequence(QKeySequence(QStringLiteral("Ctrl+1")));
+    setShortCutString(QStringLiteral("Ctrl+1"));
+    viewer()->setImage(synthetic::panoramic());
+    const QList<QPointF> centres = synthetic::panoramicToothCentres();
+    for (int i = 0; i < centres.size(); ++i) {
+        auto* label = makeToothLabel(QStringLiteral("tooth%1").arg(i + 1));
+        const bool upper = i < 16;
+        label->setPos(centres[i] + QPointF(-10, upper ? -110 : 80));
+        viewer()->scene()->addItem(label);
+        m_toothLabels.append(label);
+    }
+    updateToothLabels();
+    QObject::connect(&workspace, &DentalWorkspace::notationChanged, viewer(),
+        [this](const QString&) { updateToothLabels(); });
+}
+
+void PanoramicView::updateToothLabels()
+{
+    for (int i = 0; i < m_toothLabels.size(); ++i)
+        m_toothLabels[i]->setText(ToothNameGenerator::getName(ToothChart::Tooth(i + 1)));
+}
+
+// --- CrossSectionView -----------------------------------------------------------------------
+
+CrossSectionView::CrossSectionView(
+    const QString& id, const QString& name, DentalWorkspace& workspace, double archPosition)
+    : Viewer2DView(id, name, workspace)
+    , m_archPosition(archPosition)
+{
+    Viewer2D* v = viewer();
+    v->setImage(synthetic::crossSection(archPosition));
+    const QRectF bounds = v->imageRect();
+
+    // The cross dragger picks the reslice position along the arch (its vertical line) and the
+    // height of interest (its horizontal line). Draggers only propose; we apply the move.
+    m_cross = new CrossDragger();
+    m_cross->setRect(bounds);
+    m_cross->setBoundingRect(bounds);
+    m_cross->setHorizontalColor(styleColor("DRAGGER_COLOR", Qt::cyan));
+    m_cross->setVerticalColor(styleColor("DRAGGER_COLOR", Qt::cyan));
+    m_cross->moveVertical(QPointF(bounds.width() * archPosition, bounds.center().y()));
+    m_cross->moveHorizontal(bounds.center());
+    m_cross->setZValue(10);
+    v->scene()->addItem(m_cross);
+    QObject::connect(m_cross, &CrossDragger::verticalMoved, v, [this, bounds](QPointF at) {
+        m_cross->moveVertical(at);
+        setArchPosition(at.x() / bounds.width());
+    });
+    QObject::connect(m_cross, &CrossDragger::horizontalMoved, v,
+        [this](QPointF at) { m_cross->moveHorizontal(at); });
+
+    // The crossed lines show the bone axis; they may be turned and moved.
+    m_lines = new CrossedLinesManipulationGraphicsItemGroup();
+    m_lines->setViewportRectangle(bounds);
+    m_lines->setHorizontalColor(styleColor("MANIPULATOR_LINE_COLOR", Qt::green));
+    m_lines->setVerticalColor(styleColor("MANIPULATOR_LINE_COLOR", Qt::green));
+    m_lines->setHorizontalLine(bounds.center(), QVector2D(1, 0));
+    m_lines->setVerticalLine(bounds.center(), QVector2D(0, 1));
+    m_lines->enableRotation(true);
+    m_lines->enableTranslation(true);
+    m_lines->setZValue(9);
+    v->scene()->addItem(m_lines);
+    auto horizontalAngle = std::make_shared<float>(0.0f);
+    auto verticalAngle = std::make_shared<float>(float(M_PI / 2));
+    auto centre = std::make_shared<QPointF>(bounds.center());
+    auto direction = [](float angle) { return QVector2D(std::cos(angle), std::sin(angle)); };
+    QObject::connect(m_lines, &CrossedLinesManipulationGraphicsItemGroup::horizontalLineTranslated,
+        v, [this, centre, horizontalAngle, direction](const QPointF& at) {
+            *centre = at;
+            m_lines->setHorizontalLine(at, direction(*horizontalAngle));
+        });
+    QObject::connect(m_lines, &CrossedLinesManipulationGraphicsItemGroup::verticalLineTranslated,
+        v, [this, centre, verticalAngle, direction](const QPointF& at) {
+            *centre = at;
+            m_lines->setVerticalLine(at, direction(*verticalAngle));
+        });
+    QObject::connect(m_lines, &CrossedLinesManipulationGraphicsItemGroup::horizontalLineRotated, v,
+        [this, centre, horizontalAngle, direction](float angle) {
+            *horizontalAngle = angle;
+            m_lines->setHorizontalLine(*centre, direction(angle));
+        });
+    QObject::connect(m_lines, &CrossedLinesManipulationGraphicsItemGroup::verticalLineRotated, v,
+        [this, centre, verticalAngle, direction](float angle) {
+            *verticalAngle = angle;
+            m_lines->setVerticalLine(*centre, direction(angle));
+        });
+
+    m_positionLabel = makeToothLabel(id + QStringLiteral("_position"));
+    m_positionLabel->setPos(8, 8);
+    v->scene()->addItem(m_positionLabel);
+    setArchPosition(archPosition);
+}
+
+void CrossSectionView::setArchPosition(double position)
+{
+    m_archPosition = qBound(0.0, position, 1.0);
+    viewer()->setImage(synthetic::crossSection(m_archPosition));
+    const double archLengthMm = synthetic::PANORAMIC_WIDTH * DentalWorkspace::PIXEL_SPACING_MM;
+    m_positionLabel->setText(
+        QObject::tr("Reslice at %1 mm").arg(m_archPosition * archLengthMm, 0, 'f', 1));
+}
+
+// --- CrossSectionsView ----------------------------------------------------------------------
+
+CrossSectionsView::CrossSectionsView(DentalWorkspace& workspace)
+    : MultiView(QStringLiteral("Cross-sections"))
+{
+    setName(QObject::tr("Cross-sections"));
+    setShortCutKeySequence(QKeySequence(QStringLiteral("Ctrl+2")));
+    setShortCutString(QStringLiteral("Ctrl+2"));
+    addSubView(std::make_unique<CrossSectionView>(
+        QStringLiteral("Cross-section A"), QObject::tr("Cross-section A"), workspace, 0.3));
+    addSubView(std::make_unique<CrossSectionView>(
+        QStringLiteral("Cross-section B"), QObject::tr("Cross-section B"), workspace, 0.7));
+}
+
+// --- ToothChartView -------------------------------------------------------------------------
+
+ToothChartView::ToothChartView(DentalWorkspace& workspace)
+    : View(QStringLiteral("Tooth chart"))
+    , m_workspace(workspace)
+{
+    setName(QObject::tr("Tooth chart"));
+    setShortCutKeySequence(QKeySequence(QStringLiteral("Ctrl+3")));
+    setShortCutString(QStringLiteral("Ctrl+3"));
+}
+
+ToothChartView::~ToothChartView()
+{
+    // The page is ours unless a host still shows it; the chart's view is on the page.
+    if (QWidget* page = widget(); page && !page->parent())
+        delete page;
+    delete m_chart.data();
+}
+
+void ToothChartView::start()
+{
+    View::start();
+    // The chart is no image to measure on.
+    m_workspace.setCurrentViewer(nullptr);
+}
+
+void ToothChartView::createWidget()
+{
+    auto* page = new QWidget();
+    page->setObjectName(QStringLiteral("toothChartPage"));
+    auto* layout = new QVBoxLayout(page);
+
+    m_chart = new Viewer2D(QStringLiteral("Tooth chart viewer"), 1.0);
+    QImage canvas(880, 300, QImage::Format_RGB32);
+    canvas.fill(styleColor("PANEL_BACKGROUND_COLOR", QColor(40, 40, 40)));
+    m_chart->setImage(canvas);
+    m_chart->scene()->setMouseTracking(true);
+    layout->addWidget(m_chart->view(), 1);
+
+    const QColor toothColor = styleColor("TEXT_DISABLED_COLOR", Qt::gray);
+    for (int t = ToothChart::FirstTooth; t <= ToothChart::LastTooth; ++t) {
+        const bool upper = ToothChart::isUpperTooth(ToothChart::Tooth(t));
+        const int column = upper ? t - 1 : 32 - t;
+        auto* tooth = new CustomGraphicsItem(QStringLiteral("chartTooth%1").arg(t));
+        QPainterPath path;
+        path.addRoundedRect(QRectF(0, 0, 46, 70), 12, 12);
+        tooth->setPainterPath(path);
+        tooth->setPath(path);
+        tooth->setPen(QPen(styleColor("BORDER_COLOR", Qt::darkGray), 2));
+        tooth->setBrush(toothColor);
+        tooth->setPos(20 + column * 53, upper ? 40 : 170);
+        tooth->setAcceptHoverEvents(true);
+        m_chart->scene()->addItem(tooth);
+        m_teeth.append(tooth);
+        const QString toothName = QStringLiteral("%1").arg(t);
+        QObject::connect(tooth, &CustomGraphicsItem::mouseHoverEnter, tooth,
+            [this, tooth](QGraphicsSceneHoverEvent*) {
+                tooth->setBrush(styleColor("HOVER_COLOR", Qt::blue));
+            });
+        QObject::connect(tooth, &CustomGraphicsItem::mouseHoverLeave, tooth,
+            [this](QGraphicsSceneHoverEvent*) { updateChart(); });
+        QObject::connect(tooth, &CustomGraphicsItem::leftClicked, tooth,
+            [this, t](QGraphicsSceneMouseEvent*) {
+                selectTooth(ToothNameGenerator::getName(ToothChart::Tooth(t)));
+            });
+        auto* label = makeToothLabel(QStringLiteral("chartLabel%1").arg(t));
+        label->setPos(20 + column * 53 + 8, upper ? 10 : 245);
+        m_chart->scene()->addItem(label);
+        m_labels.append(label);
+    }
+
+    auto* buttons = new QHBoxLayout();
+    auto* previous = new QPushButton(QObject::tr("Previous tooth"), page);
+    previous->setObjectName(QStringLiteral("previousTooth"));
+    auto* next = new QPushButton(QObject::tr("Next tooth"), page);
+    next->setObjectName(QStringLiteral("nextTooth"));
+    m_selectionLabel = new QLabel(page);
+    m_selectionLabel->setObjectName(QStringLiteral("selectedTooth"));
+    buttons->addWidget(previous);
+    buttons->addWidget(m_selectionLabel, 1, Qt::AlignCenter);
+    buttons->addWidget(next);
+    layout->addLayout(buttons);
+    QObject::connect(previous, &QPushButton::clicked, page, [this] {
+        selectTooth(ToothNameGenerator::getPreviousTooth(m_selected));
+    });
+    QObject::connect(next, &QPushButton::clicked, page,
+        [this] { selectTooth(ToothNameGenerator::getNextTooth(m_selected)); });
+    QObject::connect(&m_workspace, &DentalWorkspace::notationChanged, page, [this] {
+        // The selection keeps its tooth, shown under the new numbering.
+        const ToothChart::Tooth tooth = ToothNameGenerator::getToothIdByName(
+            m_selected, m_workspace.notation() == QLatin1String("FDI") ? QStringLiteral("UNIV")
+                                                                        : QStringLiteral("FDI"));
+        m_selected = ToothChart::isValidTooth(tooth) ? ToothNameGenerator::getName(tooth)
+                                                     : QString();
+        updateChart();
+    });
+    setWidget(page);
+    updateChart();
+}
+
+void ToothChartView::selectTooth(const QString& name)
+{
+    if (!ToothChart::isValidTooth(ToothNameGenerator::getToothIdByName(name)))
+        return;
+    m_selected = name;
+    updateChart();
+}
+
+void ToothChartView::updateChart()
+{
+    const ToothChart::Tooth selected = ToothNameGenerator::getToothIdByName(m_selected);
+    for (int i = 0; i < m_teeth.size(); ++i) {
+        const auto tooth = ToothChart::Tooth(i + 1);
+        m_teeth[i]->setBrush(tooth == selected ? styleColor("SELECTION_COLOR", Qt::darkBlue)
+                                               : styleColor("TEXT_DISABLED_COLOR", Qt::gray));
+        m_labels[i]->setText(ToothNameGenerator::getName(tooth));
+    }
+    if (m_selectionLabel) {
+        m_selectionLabel->setText(m_selected.isEmpty()
+                ? QObject::tr("Click a tooth")
+                : QObject::tr("Selected tooth: %1").arg(m_selected));
+    }
+}

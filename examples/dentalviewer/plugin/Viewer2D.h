@@ -1,0 +1,79 @@
+#pragma once
+
+#include <QImage>
+#include <QList>
+#include <QObject>
+#include <QPointF>
+#include <QRectF>
+#include <QString>
+
+class CustomGraphicsLabelItem;
+class CustomGraphicsLineSetItem;
+class CustomGraphicsPixmapItem;
+class CustomGraphicsTextItem;
+class GraphicsSceneExtra;
+class GraphicsViewExtra;
+class QWidget;
+
+// One measurement or annotation drawn over an image. Its items belong to the viewer's scene.
+struct Measurement
+{
+    QString id;
+    QString kind; // "length", "area" or "text"
+    QList<QPointF> points;
+    QString text;
+    QPointF labelOffset; // the label's position relative to the first point
+    CustomGraphicsLineSetItem* lines = nullptr;
+    CustomGraphicsLabelItem* label = nullptr;
+    CustomGraphicsTextItem* textItem = nullptr;
+};
+
+// A 2-D viewer: an extended graphics view over an extended scene showing one image with overlay
+// measurements. The view widget is owned by whoever takes it (the View); the scene by this object.
+class Viewer2D : public QObject
+{
+    Q_OBJECT
+
+public:
+    Viewer2D(const QString& id, double pixelSpacing, QObject* parent = nullptr);
+    ~Viewer2D() override;
+
+    QString getId() const { return m_id; }
+    // The scene; owned by the viewer.
+    GraphicsSceneExtra* scene() const { return m_scene; }
+    // The view widget, made on first call; owned by its Qt parent once the caller reparents it.
+    GraphicsViewExtra* view();
+
+    void setImage(const QImage& image);
+    QRectF imageRect() const;
+
+    QRectF getZoomBox() const;
+    void setZoomBox(const QRectF& box);
+    void resetView();
+
+    // Measurements. The viewer owns the items; the returned pointer stays valid until removal.
+    Measurement* addMeasurement(const QString& kind, const QList<QPointF>& points,
+        const QString& text = QString(), const QString& id = QString());
+    void updateMeasurement(Measurement* measurement);
+    void removeMeasurement(Measurement* measurement);
+    void clearMeasurements();
+    const QList<Measurement*>& measurements() const { return m_measurements; }
+    Measurement* findMeasurement(const QString& id) const;
+
+    QString measurementText(const Measurement& measurement) const;
+
+Q_SIGNALS:
+    void measurementsChanged();
+
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+private:
+    QString m_id;
+    double m_pixelSpacing;
+    GraphicsSceneExtra* m_scene = nullptr;
+    GraphicsViewExtra* m_view = nullptr;
+    CustomGraphicsPixmapItem* m_image = nullptr;
+    QList<Measurement*> m_measurements;
+    QRectF m_pendingZoomBox;
+};

@@ -1,0 +1,52 @@
+# Runs the dental viewer's end-to-end script under a virtual X server, checks the state dump and
+# the screenshots, then starts the viewer again to check that the saved state comes back and that
+# a damaged state file is reported, not fatal.
+#   -DXVFB_RUN= -DVIEWER= -DCHECKER= -DSCRIPT= -DWORK_DIR=
+get_filename_component(script_dir ${SCRIPT} DIRECTORY)
+file(REMOVE_RECURSE ${WORK_DIR})
+file(MAKE_DIRECTORY ${WORK_DIR}/shots ${WORK_DIR}/config ${WORK_DIR}/data)
+# Keep the user's own preferences and data out of the run.
+set(ENV{XDG_CONFIG_HOME} ${WORK_DIR}/config)
+set(ENV{XDG_DATA_HOME} ${WORK_DIR}/data)
+
+function(run_viewer script)
+    execute_process(
+        COMMAND ${XVFB_RUN} -a -s "-screen 0 1280x1024x24"
+            ${VIEWER} --script ${script} --screenshots ${WORK_DIR}/shots
+            --state-dir ${WORK_DIR}/state --palette dark
+        RESULT_VARIABLE result
+        OUTPUT_VARIABLE output
+        ERROR_VARIABLE errors
+        TIMEOUT 150)
+    message(STATUS "${output}")
+    if(NOT result EQUAL 0)
+        message(FATAL_ERROR "dentalviewer failed (${result}) on ${script}:\n${errors}")
+    endif()
+endfunction()
+
+function(check)
+    execute_process(COMMAND ${CHECKER} ${ARGN} RESULT_VARIABLE result OUTPUT_VARIABLE output
+        ERROR_VARIABLE output)
+    message(STATUS "${output}")
+    if(NOT result EQUAL 0)
+        message(FATAL_ERROR "check failed: ${ARGN}\n${output}")
+    endif()
+endfunction()
+
+run_viewer(${SCRIPT})
+check(dump ${WORK_DIR}/shots/state.json --lengths 1 --length-mm 30.0 --text "Implant site"
+    --notation UNIV --view Panoramic)
+check(image ${WORK_DIR}/shots/panoramic-length.png --measurement-pixels 150)
+check(image ${WORK_DIR}/shots/panoramic.png --measurement-pixels 150)
+check(image ${WORK_DIR}/shots/cross-sections.png)
+check(image ${WORK_DIR}/shots/tooth-chart.png)
+
+# The state written at exit comes back at the next start.
+run_viewer(${script_dir}/restore.script)
+check(dump ${WORK_DIR}/shots/restored.json --lengths 1 --length-mm 30.0 --text "Implant site"
+    --notation UNIV --view Panoramic)
+
+# A damaged state file is ignored: the viewer still starts with the default view.
+file(WRITE ${WORK_DIR}/state/ui-state.json "{ this is not a state tree")
+run_viewer(${script_dir}/restore.script)
+check(dump ${WORK_DIR}/shots/restored.json --lengths 1 --view Panoramic)
