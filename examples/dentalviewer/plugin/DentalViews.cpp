@@ -18,6 +18,8 @@
 
 #include <toothchart/ToothChart.h>
 
+#include <QGraphicsSceneHoverEvent>
+#include <QGraphicsSceneMouseEvent>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QPainterPath>
