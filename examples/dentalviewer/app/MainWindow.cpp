@@ -138,7 +138,7 @@ void MainWindow::buildViewBar()
     }
     m_subViews = new QComboBox(bar);
     m_subViews->setObjectName(QStringLiteral("subViewChooser"));
-    bar->addWidget(m_subViews);
+    m_subViewsItem = bar->addWidget(m_subViews);
     connect(m_subViews, &QComboBox::activated, this, [this](int index) {
         auto* multi = dynamic_cast<MultiView*>(m_switching->getCurrentView());
         if (multi)
@@ -198,7 +198,8 @@ void MainWindow::updateSubViewChooser()
 {
     auto* multi = dynamic_cast<MultiView*>(m_switching->getCurrentView());
     m_subViews->clear();
-    m_subViews->setVisible(multi != nullptr);
+    // A widget in a tool bar is shown and hidden through its action.
+    m_subViewsItem->setVisible(multi != nullptr);
     if (!multi)
         return;
     for (View* sub : multi->getSubViews())

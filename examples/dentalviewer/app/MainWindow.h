@@ -5,6 +5,7 @@
 #include <memory>
 
 class DentalSolutionApi;
+class QAction;
 class QActionGroup;
 class QComboBox;
 class QLabel;
@@ -76,6 +77,7 @@ private:
     QStackedWidget* m_stack = nullptr;
     QActionGroup* m_viewActions = nullptr;
     QComboBox* m_subViews = nullptr;
+    QAction* m_subViewsItem = nullptr;
     QLabel* m_statusLabel = nullptr;
     QString m_error;
     bool m_shutDown = false;

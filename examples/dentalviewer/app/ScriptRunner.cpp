@@ -18,6 +18,7 @@
 #include <QMouseEvent>
 #include <QRegularExpression>
 #include <QTextStream>
+#include <QScreen>
 #include <QTimer>
 #include <cstdio>
 
@@ -50,6 +51,15 @@ bool ScriptRunner::readScript(const QString& fileName, QStringList& lines, QStri
 
 void ScriptRunner::start()
 {
+    // Without a window manager (a virtual X server) nobody activates the window; keyboard input
+    // and the scene's focus item need an active one.
+    m_window.activateWindow();
+    if (QApplication::activeWindow() != &m_window) {
+        QT_WARNING_PUSH
+        QT_WARNING_DISABLE_DEPRECATED
+        QApplication::setActiveWindow(&m_window);
+        QT_WARNING_POP
+    }
     QTimer::singleShot(STEP_DELAY_MS, this, &ScriptRunner::next);
 }
 
@@ -124,7 +134,12 @@ bool ScriptRunner::run(const QStringList& words)
         return true;
     }
     if (step == QLatin1String("screenshot")) {
-        const QImage image = m_window.grab().toImage();
+        // What the window system shows, so that the OpenGL viewports are in the picture.
+        QImage image;
+        if (QScreen* screen = m_window.screen())
+            image = screen->grabWindow(m_window.winId()).toImage();
+        if (image.isNull())
+            image = m_window.grab().toImage();
         const QString path = m_output.filePath(rest);
         if (!image.save(path))
             return false;

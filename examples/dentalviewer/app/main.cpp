@@ -69,17 +69,17 @@ int main(int argc, char* argv[])
         {QStringLiteral(":/Resources/QSS_DIMENSIONS.txt")},
         {QStringLiteral(":/Resources/QSS_FONTS.txt")},
         {QStringLiteral(":/Resources/QSS_DATEFORMATS.txt")}, palette)));
-    FontsInitializer::loadFonts(StyleManager::manager(), QStringLiteral("APPLICATION_FONT"));
+    FontsInitializer::loadFonts(StyleManager::manager(), QStringLiteral("@APPLICATION_FONT"));
     {
         const StyleManager& style = StyleManager::manager();
         QPalette colours = app.palette();
-        colours.setColor(QPalette::Window, style.getColor(QStringLiteral("BACKGROUND_COLOR")));
-        colours.setColor(QPalette::Base, style.getColor(QStringLiteral("PANEL_BACKGROUND_COLOR")));
-        colours.setColor(QPalette::Button, style.getColor(QStringLiteral("PANEL_BACKGROUND_COLOR")));
-        colours.setColor(QPalette::WindowText, style.getColor(QStringLiteral("TEXT_COLOR")));
-        colours.setColor(QPalette::Text, style.getColor(QStringLiteral("TEXT_COLOR")));
-        colours.setColor(QPalette::ButtonText, style.getColor(QStringLiteral("TEXT_COLOR")));
-        colours.setColor(QPalette::Highlight, style.getColor(QStringLiteral("SELECTION_COLOR")));
+        colours.setColor(QPalette::Window, style.getColor(QStringLiteral("@BACKGROUND_COLOR")));
+        colours.setColor(QPalette::Base, style.getColor(QStringLiteral("@PANEL_BACKGROUND_COLOR")));
+        colours.setColor(QPalette::Button, style.getColor(QStringLiteral("@PANEL_BACKGROUND_COLOR")));
+        colours.setColor(QPalette::WindowText, style.getColor(QStringLiteral("@TEXT_COLOR")));
+        colours.setColor(QPalette::Text, style.getColor(QStringLiteral("@TEXT_COLOR")));
+        colours.setColor(QPalette::ButtonText, style.getColor(QStringLiteral("@TEXT_COLOR")));
+        colours.setColor(QPalette::Highlight, style.getColor(QStringLiteral("@SELECTION_COLOR")));
         app.setPalette(colours);
     }
 

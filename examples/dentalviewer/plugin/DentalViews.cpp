@@ -35,7 +35,7 @@ QColor styleColor(const char* id, const QColor& fallback)
 {
     if (!StyleManager::hasManager())
         return fallback;
-    const QColor color = StyleManager::manager().getOptionalColor(QString::fromLatin1(id));
+    const QColor color = StyleManager::manager().getOptionalColor(QLatin1Char('@') + QString::fromLatin1(id));
     return color.isValid() ? color : fallback;
 }
 

@@ -155,13 +155,16 @@ void TextAnnotationHandler::begin(Viewer2D& viewer)
                 QStringLiteral("text"), {event->scenePos()}, tr("Note"));
             setCanceled(false);
             // The tool ends on the next turn of the event loop, after the press is delivered,
-            // so that the scene is interactive again and the new item keeps the focus.
+            // so that the scene is interactive again before the note is edited.
             QTimer::singleShot(0, this, [this, note, &viewer] {
                 stopCurrentAction();
                 if (!viewer.measurements().contains(note))
                     return;
+                // The scene hands every key press to its text items itself. A text item takes
+                // the focus when made, and with it the stock delivery would type each key a
+                // second time; editing mode alone is what it needs.
                 note->textItem->setEditing(true);
-                note->textItem->setFocus();
+                note->textItem->clearFocus();
             });
         }));
 }

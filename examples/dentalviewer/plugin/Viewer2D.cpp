@@ -21,7 +21,7 @@ QColor styleColor(const char* id, const QColor& fallback)
 {
     if (!StyleManager::hasManager())
         return fallback;
-    const QColor color = StyleManager::manager().getOptionalColor(QString::fromLatin1(id));
+    const QColor color = StyleManager::manager().getOptionalColor(QLatin1Char('@') + QString::fromLatin1(id));
     return color.isValid() ? color : fallback;
 }
 
@@ -73,7 +73,8 @@ GraphicsViewExtra* Viewer2D::view()
         m_view->setObjectName(m_id);
         m_view->setRenderHint(QPainter::Antialiasing);
         m_view->setMinimumSize(320, 240);
-        m_view->installEventFilter(this);
+        // The viewport is resized after the view's layout, so its size is final in the filter.
+        m_view->viewport()->installEventFilter(this);
     }
     return m_view;
 }
@@ -81,7 +82,7 @@ GraphicsViewExtra* Viewer2D::view()
 bool Viewer2D::eventFilter(QObject* watched, QEvent* event)
 {
     // A zoom box restored before the view had its size is applied at the first real resize.
-    if (watched == m_view && event->type() == QEvent::Resize) {
+    if (m_view && watched == m_view->viewport() && event->type() == QEvent::Resize) {
         if (m_pendingZoomBox.isValid())
             m_view->fitInView(m_pendingZoomBox, Qt::KeepAspectRatio);
         else
