@@ -115,6 +115,9 @@ bool MainWindow::loadSolutionPlugin(const QString& fileName)
         updateSubViewChooser();
         updateStatus();
     });
+    // A command such as the numbering switch changes what the status bar shows.
+    connect(m_actionManager.get(), &action::ActionManager::actionStopped, this,
+        [this] { updateStatus(); });
     m_switching->installViewSwitchingShortcuts(this);
     const QList<View*> views = m_solutionManager->getViews();
     if (!views.isEmpty())

@@ -49,6 +49,8 @@ public:
     QJsonObject dumpState() const;
 
     void switchToView(const QString& id);
+    // Shows the current view and numbering in the status bar.
+    void updateStatus();
 
     // Borrowed pointers; valid while the window lives.
     SolutionManager* solutionManager() const { return m_solutionManager.get(); }
@@ -64,7 +66,6 @@ private:
     void buildToolPanels();
     void showView(View* view);
     void updateSubViewChooser();
-    void updateStatus();
     void applyStateTree(ui::Node& root);
 
     std::unique_ptr<SolutionManager> m_solutionManager;

@@ -118,6 +118,7 @@ bool ScriptRunner::run(const QStringList& words)
         return type(rest);
     if (step == QLatin1String("notation")) {
         m_window.solution()->setNotation(rest);
+        m_window.updateStatus();
         return m_window.solution()->notation() == rest;
     }
     if (step == QLatin1String("setting") && words.size() == 3) {
