@@ -10,6 +10,7 @@
 #include <guicore/action/MultiActionHandler.h>
 #include <guicore/action/SingleAction.h>
 #include <guicore/graphics/scene/GraphicsViewExtra.h>
+#include <guicore/graphics/scene/QuickGraphicsSceneItem.h>
 #include <guicore/solution/Solution.h>
 #include <guicore/solution/SolutionActionGroup.h>
 #include <guicore/solution/SolutionBuilderHelper.h>
@@ -79,6 +80,12 @@ DentalSolutionPlugin::~DentalSolutionPlugin()
 
 void DentalSolutionPlugin::initialize()
 {
+    // The tooth chart's QML page uses the scene host type; it must be known before QML loads.
+    static const bool registered = [] {
+        QuickGraphicsSceneItem::registerQMLType();
+        return true;
+    }();
+    Q_UNUSED(registered);
     m_workspace = std::make_unique<DentalWorkspace>();
 }
 

@@ -1,6 +1,7 @@
 #include "DentalViews.h"
 
 #include "DentalWorkspace.h"
+#include "ToothChartBridge.h"
 #include "SyntheticImages.h"
 #include "Viewer2D.h"
 
@@ -10,6 +11,7 @@
 #include <guicore/graphics/manipulators/CrossedLinesManipulationGraphicsItemGroup.h>
 #include <guicore/graphics/scene/GraphicsSceneExtra.h>
 #include <guicore/graphics/scene/GraphicsViewExtra.h>
+#include <guicore/graphics/scene/QuickGraphicsSceneItem.h>
 #include <guicore/style/StyleManager.h>
 #include <guicore/ui/Measurement2DNode.h>
 #include <guicore/ui/ViewNode.h>
@@ -20,12 +22,13 @@
 
 #include <QGraphicsSceneHoverEvent>
 #include <QGraphicsSceneMouseEvent>
-#include <QHBoxLayout>
-#include <QLabel>
+#include <QQmlContext>
+#include <QQmlError>
+#include <QQuickItem>
+#include <QQuickView>
 #include <QPainterPath>
 #include <QPen>
-#include <QPushButton>
-#include <QVBoxLayout>
+#include <QDebug>
 #include <QVector2D>
 #include <cmath>
 
@@ -277,6 +280,42 @@ CrossSectionsView::CrossSectionsView(DentalWorkspace& workspace)
         QStringLiteral("Cross-section B"), QObject::tr("Cross-section B"), workspace, 0.7));
 }
 
+// --- ToothChartBridge ----------------------------------------------------------------------
+
+ToothChartBridge::ToothChartBridge(QObject* parent)
+    : QObject(parent)
+    , panelColor(styleColor("PANEL_BACKGROUND_COLOR", QColor(40, 40, 40)))
+    , buttonColor(styleColor("BORDER_COLOR", Qt::darkGray))
+    , hoverColor(styleColor("HOVER_COLOR", Qt::blue))
+    , textColor(styleColor("TEXT_COLOR", Qt::white))
+    , fontFamily(StyleManager::hasManager()
+              ? StyleManager::manager().getFontFamilyForQml(QStringLiteral("@APPLICATION_FONT"))
+              : QString())
+{
+}
+
+void ToothChartBridge::setSelectedTooth(const QString& name)
+{
+    if (name == m_selected
+        || !ToothChart::isValidTooth(ToothNameGenerator::getToothIdByName(name)))
+        return;
+    m_selected = name;
+    Q_EMIT selectedToothChanged();
+}
+
+QString ToothChartBridge::firstTooth() const
+{
+    return ToothNameGenerator::getName(ToothChart::FirstTooth);
+}
+
+void ToothChartBridge::renameSelection(const QString& previousNumbering)
+{
+    const ToothChart::Tooth tooth
+        = ToothNameGenerator::getToothIdByName(m_selected, previousNumbering);
+    m_selected = ToothChart::isValidTooth(tooth) ? ToothNameGenerator::getName(tooth) : QString();
+    Q_EMIT selectedToothChanged();
+}
+
 // --- ToothChartView -------------------------------------------------------------------------
 
 ToothChartView::ToothChartView(DentalWorkspace& workspace)
@@ -290,10 +329,10 @@ ToothChartView::ToothChartView(DentalWorkspace& workspace)
 
 ToothChartView::~ToothChartView()
 {
-    // The page is ours unless a host still shows it; the chart's view is on the page.
+    // The page (and with it the QML window, its scene and items) is ours unless a host still
+    // shows it.
     if (QWidget* page = widget(); page && !page->parent())
         delete page;
-    delete m_chart.data();
 }
 
 void ToothChartView::start()
@@ -305,98 +344,95 @@ void ToothChartView::start()
 
 void ToothChartView::createWidget()
 {
-    auto* page = new QWidget();
+    auto* window = new QQuickView();
+    window->setResizeMode(QQuickView::SizeRootObjectToView);
+    window->setColor(styleColor("PANEL_BACKGROUND_COLOR", QColor(40, 40, 40)));
+    m_bridge = new ToothChartBridge(window);
+    m_names = new ToothNameGenerator(window);
+    window->rootContext()->setContextProperty(QStringLiteral("chart"), m_bridge);
+    window->rootContext()->setContextProperty(QStringLiteral("toothNames"), m_names);
+    window->setSource(QUrl(QStringLiteral("qrc:/dentalviewer/ToothChart.qml")));
+    for (const QQmlError& error : window->errors())
+        qWarning().noquote() << "ToothChartView :" << error.toString();
+
+    QWidget* page = QWidget::createWindowContainer(window);
     page->setObjectName(QStringLiteral("toothChartPage"));
-    auto* layout = new QVBoxLayout(page);
-
-    m_chart = new Viewer2D(QStringLiteral("Tooth chart viewer"), 1.0);
-    QImage canvas(880, 300, QImage::Format_RGB32);
-    canvas.fill(styleColor("PANEL_BACKGROUND_COLOR", QColor(40, 40, 40)));
-    m_chart->setImage(canvas);
-    m_chart->scene()->setMouseTracking(true);
-    layout->addWidget(m_chart->view(), 1);
-
-    const QColor toothColor = styleColor("TEXT_DISABLED_COLOR", Qt::gray);
-    for (int t = ToothChart::FirstTooth; t <= ToothChart::LastTooth; ++t) {
-        const bool upper = ToothChart::isUpperTooth(ToothChart::Tooth(t));
-        const int column = upper ? t - 1 : 32 - t;
-        auto* tooth = new CustomGraphicsItem(QStringLiteral("chartTooth%1").arg(t));
-        QPainterPath path;
-        path.addRoundedRect(QRectF(0, 0, 46, 70), 12, 12);
-        tooth->setPainterPath(path);
-        tooth->setPath(path);
-        tooth->setPen(QPen(styleColor("BORDER_COLOR", Qt::darkGray), 2));
-        tooth->setBrush(toothColor);
-        tooth->setPos(20 + column * 53, upper ? 40 : 170);
-        tooth->setAcceptHoverEvents(true);
-        m_chart->scene()->addItem(tooth);
-        m_teeth.append(tooth);
-        const QString toothName = QStringLiteral("%1").arg(t);
-        QObject::connect(tooth, &CustomGraphicsItem::mouseHoverEnter, tooth,
-            [this, tooth](QGraphicsSceneHoverEvent*) {
-                tooth->setBrush(styleColor("HOVER_COLOR", Qt::blue));
-            });
-        QObject::connect(tooth, &CustomGraphicsItem::mouseHoverLeave, tooth,
-            [this](QGraphicsSceneHoverEvent*) { updateChart(); });
-        QObject::connect(tooth, &CustomGraphicsItem::leftClicked, tooth,
-            [this, t](QGraphicsSceneMouseEvent*) {
-                selectTooth(ToothNameGenerator::getName(ToothChart::Tooth(t)));
-            });
-        auto* label = makeToothLabel(QStringLiteral("chartLabel%1").arg(t));
-        label->setPos(20 + column * 53 + 8, upper ? 10 : 245);
-        m_chart->scene()->addItem(label);
-        m_labels.append(label);
-    }
-
-    auto* buttons = new QHBoxLayout();
-    auto* previous = new QPushButton(QObject::tr("Previous tooth"), page);
-    previous->setObjectName(QStringLiteral("previousTooth"));
-    auto* next = new QPushButton(QObject::tr("Next tooth"), page);
-    next->setObjectName(QStringLiteral("nextTooth"));
-    m_selectionLabel = new QLabel(page);
-    m_selectionLabel->setObjectName(QStringLiteral("selectedTooth"));
-    buttons->addWidget(previous);
-    buttons->addWidget(m_selectionLabel, 1, Qt::AlignCenter);
-    buttons->addWidget(next);
-    layout->addLayout(buttons);
-    QObject::connect(previous, &QPushButton::clicked, page, [this] {
-        selectTooth(ToothNameGenerator::getPreviousTooth(m_selected));
-    });
-    QObject::connect(next, &QPushButton::clicked, page,
-        [this] { selectTooth(ToothNameGenerator::getNextTooth(m_selected)); });
-    QObject::connect(&m_workspace, &DentalWorkspace::notationChanged, page, [this] {
-        // The selection keeps its tooth, shown under the new numbering.
-        const ToothChart::Tooth tooth = ToothNameGenerator::getToothIdByName(
-            m_selected, m_workspace.notation() == QLatin1String("FDI") ? QStringLiteral("UNIV")
-                                                                        : QStringLiteral("FDI"));
-        m_selected = ToothChart::isValidTooth(tooth) ? ToothNameGenerator::getName(tooth)
-                                                     : QString();
-        updateChart();
-    });
+    page->setMinimumSize(320, 240);
     setWidget(page);
+
+    auto* host = window->rootObject()
+        ? window->rootObject()->findChild<QuickGraphicsSceneItem*>(QStringLiteral("chartScene"))
+        : nullptr;
+    if (!host)
+        return;
+    host->setViewerTag(QStringLiteral("toothChart"));
+    buildChart(*host->getGraphicsScene());
+
+    QObject::connect(m_bridge, &ToothChartBridge::selectedToothChanged, window,
+        [this] { updateChart(); });
+    QObject::connect(&m_workspace, &DentalWorkspace::notationChanged, window,
+        [this](const QString& notation) {
+            m_bridge->renameSelection(notation == QLatin1String("FDI") ? QStringLiteral("UNIV")
+                                                                        : QStringLiteral("FDI"));
+            updateChart();
+        });
     updateChart();
 }
 
-void ToothChartView::selectTooth(const QString& name)
+void ToothChartView::buildChart(GraphicsSceneExtra& scene)
 {
-    if (!ToothChart::isValidTooth(ToothNameGenerator::getToothIdByName(name)))
-        return;
-    m_selected = name;
-    updateChart();
+    scene.setMouseTracking(true);
+    scene.setBackgroundBrush(styleColor("PANEL_BACKGROUND_COLOR", QColor(40, 40, 40)));
+    scene.setSceneRect(0, 0, 880, 300);
+    for (int t = ToothChart::FirstTooth; t <= ToothChart::LastTooth; ++t) {
+        const bool upper = ToothChart::isUpperTooth(ToothChart::Tooth(t));
+        const int column = upper ? t - 1 : 32 - t;
+        const bool molar = column < 3 || column > 12;
+        auto* tooth = new CustomGraphicsItem(QStringLiteral("chartTooth%1").arg(t));
+        QPainterPath path;
+        path.addRoundedRect(QRectF(0, 0, 46, molar ? 70 : 80), molar ? 14 : 20, 12);
+        tooth->setPainterPath(path);
+        tooth->setPath(path);
+        tooth->setPen(QPen(styleColor("BORDER_COLOR", Qt::darkGray), 2));
+        tooth->setPos(20 + column * 53, upper ? 40 : 170);
+        tooth->setAcceptHoverEvents(true);
+        scene.addItem(tooth);
+        m_teeth.append(tooth);
+        const int index = t - 1;
+        QObject::connect(tooth, &CustomGraphicsItem::mouseHoverEnter, tooth,
+            [this, index](QGraphicsSceneHoverEvent*) {
+                m_hovered = index;
+                updateChart();
+            });
+        QObject::connect(tooth, &CustomGraphicsItem::mouseHoverLeave, tooth,
+            [this, index](QGraphicsSceneHoverEvent*) {
+                if (m_hovered == index)
+                    m_hovered = -1;
+                updateChart();
+            });
+        QObject::connect(tooth, &CustomGraphicsItem::leftClicked, tooth,
+            [this, t](QGraphicsSceneMouseEvent*) {
+                m_bridge->setSelectedTooth(ToothNameGenerator::getName(ToothChart::Tooth(t)));
+            });
+        auto* label = makeToothLabel(QStringLiteral("chartLabel%1").arg(t));
+        label->setPos(20 + column * 53 + 8, upper ? 10 : 255);
+        scene.addItem(label);
+        m_labels.append(label);
+    }
 }
 
 void ToothChartView::updateChart()
 {
-    const ToothChart::Tooth selected = ToothNameGenerator::getToothIdByName(m_selected);
+    const ToothChart::Tooth selected
+        = ToothNameGenerator::getToothIdByName(m_bridge ? m_bridge->selectedTooth() : QString());
     for (int i = 0; i < m_teeth.size(); ++i) {
         const auto tooth = ToothChart::Tooth(i + 1);
-        m_teeth[i]->setBrush(tooth == selected ? styleColor("SELECTION_COLOR", Qt::darkBlue)
-                                               : styleColor("TEXT_DISABLED_COLOR", Qt::gray));
+        QColor fill = styleColor("TEXT_DISABLED_COLOR", Qt::gray);
+        if (tooth == selected)
+            fill = styleColor("SELECTION_COLOR", Qt::darkBlue);
+        else if (i == m_hovered)
+            fill = styleColor("HOVER_COLOR", Qt::blue);
+        m_teeth[i]->setBrush(fill);
         m_labels[i]->setText(ToothNameGenerator::getName(tooth));
-    }
-    if (m_selectionLabel) {
-        m_selectionLabel->setText(m_selected.isEmpty()
-                ? QObject::tr("Click a tooth")
-                : QObject::tr("Selected tooth: %1").arg(m_selected));
     }
 }

@@ -12,7 +12,9 @@ class CrossedLinesManipulationGraphicsItemGroup;
 class CustomGraphicsItem;
 class CustomGraphicsLabelItem;
 class DentalWorkspace;
-class QLabel;
+class GraphicsSceneExtra;
+class ToothChartBridge;
+class ToothNameGenerator;
 class Viewer2D;
 
 // A view whose screen is one 2-D viewer. While it runs, its viewer is the workspace's current one,
@@ -91,8 +93,9 @@ public:
     explicit CrossSectionsView(DentalWorkspace& workspace);
 };
 
-// The tooth chart: both arches drawn with overlay items; hover highlights, a click selects, and
-// the buttons step to the next or previous tooth.
+// The tooth chart: a QML page that shows a scene through the library's Quick scene host. Both
+// arches are overlay items; hover highlights a tooth, a click selects it, and the page's buttons
+// step to the next or previous tooth through the tooth name generator.
 class ToothChartView : public View
 {
 public:
@@ -101,17 +104,15 @@ public:
 
     void start() override;
 
-    QString selectedTooth() const { return m_selected; }
-    void selectTooth(const QString& name);
-
 private:
     void createWidget() override;
+    void buildChart(GraphicsSceneExtra& scene);
     void updateChart();
 
     DentalWorkspace& m_workspace;
-    QPointer<Viewer2D> m_chart;
+    ToothChartBridge* m_bridge = nullptr;
+    ToothNameGenerator* m_names = nullptr;
     QList<CustomGraphicsItem*> m_teeth;
     QList<CustomGraphicsLabelItem*> m_labels;
-    QPointer<QLabel> m_selectionLabel;
-    QString m_selected;
+    int m_hovered = -1;
 };
