@@ -56,8 +56,10 @@ void checkDump(const QString& fileName, const QStringList& args)
     const QJsonObject dump = QJsonDocument::fromJson(file.readAll()).object();
     expect(!dump.isEmpty(), fileName + QStringLiteral(" holds a JSON object"));
 
-    const QJsonArray measurements
-        = dump.value(QStringLiteral("document")).toObject().value(QStringLiteral("measurements")).toArray();
+    const QJsonArray measurements = dump.value(QStringLiteral("document"))
+                                        .toObject()
+                                        .value(QStringLiteral("measurements"))
+                                        .toArray();
     QList<QJsonObject> lengths, texts;
     for (const QJsonValue& value : measurements) {
         const QJsonObject measurement = value.toObject();
@@ -71,7 +73,9 @@ void checkDump(const QString& fileName, const QStringList& args)
     const QString lengthCount = option(args, QStringLiteral("--lengths"));
     if (!lengthCount.isEmpty())
         expect(lengths.size() == lengthCount.toInt(),
-            QStringLiteral("%1 length measurement(s), found %2").arg(lengthCount).arg(lengths.size()));
+            QStringLiteral("%1 length measurement(s), found %2")
+                .arg(lengthCount)
+                .arg(lengths.size()));
 
     const QString lengthMm = option(args, QStringLiteral("--length-mm"));
     if (!lengthMm.isEmpty()) {
@@ -79,8 +83,9 @@ void checkDump(const QString& fileName, const QStringList& args)
         for (const QJsonObject& length : lengths) {
             const QString text = length.value(QStringLiteral("text")).toString();
             const double shown = text.section(QLatin1Char(' '), 0, 0).toDouble();
-            found = found || (text.endsWith(QLatin1String(" mm"))
-                                 && std::abs(shown - lengthMm.toDouble()) < 0.15);
+            found = found
+                || (text.endsWith(QLatin1String(" mm"))
+                    && std::abs(shown - lengthMm.toDouble()) < 0.15);
         }
         expect(found, QStringLiteral("a length labelled %1 mm").arg(lengthMm));
     }
@@ -142,7 +147,8 @@ void checkImage(const QString& fileName, const QStringList& args)
         }
     }
     const double count = double(image.width()) * image.height();
-    const double deviation = std::sqrt(std::max(0.0, sumSquares / count - std::pow(sum / count, 2)));
+    const double deviation
+        = std::sqrt(std::max(0.0, sumSquares / count - std::pow(sum / count, 2)));
     expect(colours.size() > 64 && deviation > 8.0,
         QStringLiteral("%1 is not blank (%2 colours, deviation %3)")
             .arg(fileName)

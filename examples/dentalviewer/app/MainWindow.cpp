@@ -39,7 +39,7 @@ const QString DOCUMENT_FILE = QStringLiteral("document.json");
 
 int viewRank(const View* view)
 {
-    static const QStringList order{QStringLiteral("Panoramic"), QStringLiteral("Cross-sections"),
+    static const QStringList order {QStringLiteral("Panoramic"), QStringLiteral("Cross-sections"),
         QStringLiteral("Tooth chart")};
     const int rank = order.indexOf(view->getID());
     return rank < 0 ? int(order.size()) : rank;
@@ -214,10 +214,10 @@ void MainWindow::updateStatus()
 {
     if (!m_api)
         return;
-    m_statusLabel->setText(tr("View: %1 · Numbering: %2")
-                               .arg(m_switching->getCurrentViewOrSubViewID(),
-                                   m_api->notation() == QLatin1String("UNIV") ? tr("Universal")
-                                                                              : tr("FDI")));
+    m_statusLabel->setText(
+        tr("View: %1 · Numbering: %2")
+            .arg(m_switching->getCurrentViewOrSubViewID(),
+                m_api->notation() == QLatin1String("UNIV") ? tr("Universal") : tr("FDI")));
 }
 
 std::unique_ptr<ui::Node> MainWindow::generateStateTree() const

@@ -17,8 +17,8 @@
 #include <QKeySequence>
 #include <QMouseEvent>
 #include <QRegularExpression>
-#include <QTextStream>
 #include <QScreen>
+#include <QTextStream>
 #include <QTimer>
 #include <cstdio>
 
@@ -66,8 +66,7 @@ void ScriptRunner::start()
 void ScriptRunner::fail(const QString& message)
 {
     ++m_failures;
-    std::fprintf(stderr, "dentalviewer: script line %d: %s\n", m_index,
-        qPrintable(message));
+    std::fprintf(stderr, "dentalviewer: script line %d: %s\n", m_index, qPrintable(message));
 }
 
 void ScriptRunner::next()
@@ -161,12 +160,13 @@ bool ScriptRunner::mouse(const QString& kind, const QStringList& words)
 {
     if (words.size() != 3)
         return false;
-    QGraphicsView* view = m_window.solution()->graphicsViewOf(
-        m_window.switchingViewsManager()->getCurrentView());
+    QGraphicsView* view
+        = m_window.solution()->graphicsViewOf(m_window.switchingViewsManager()->getCurrentView());
     if (!view)
         return false;
     QWidget* target = view->viewport();
-    const QPointF local = view->mapFromScene(QPointF(words.at(1).toDouble(), words.at(2).toDouble()));
+    const QPointF local
+        = view->mapFromScene(QPointF(words.at(1).toDouble(), words.at(2).toDouble()));
     const QPointF global = target->mapToGlobal(local);
     auto send = [&](QEvent::Type type, Qt::MouseButton button, Qt::MouseButtons buttons) {
         QMouseEvent event(type, local, global, button, buttons, Qt::NoModifier);

@@ -43,9 +43,8 @@ int main(int argc, char* argv[])
     QCommandLineParser parser;
     parser.setApplicationDescription(QStringLiteral("Dental viewer built on the GUI core library"));
     parser.addHelpOption();
-    const QCommandLineOption scriptOption(
-        QStringLiteral("script"), QStringLiteral("Run the steps of FILE, then quit."),
-        QStringLiteral("FILE"));
+    const QCommandLineOption scriptOption(QStringLiteral("script"),
+        QStringLiteral("Run the steps of FILE, then quit."), QStringLiteral("FILE"));
     const QCommandLineOption screenshotsOption(QStringLiteral("screenshots"),
         QStringLiteral("Folder for screenshots and dumps of a script."), QStringLiteral("DIR"));
     const QCommandLineOption stateOption(QStringLiteral("state-dir"),
@@ -64,18 +63,19 @@ int main(int argc, char* argv[])
         : preferences.value(QStringLiteral("palette"), QStringLiteral("dark")).toString();
     if (palette != QLatin1String("light"))
         palette = QStringLiteral("dark");
-    StyleManager::createManager(StyleManagerDataProvider(StyleManagerDataProvider::Data(
-        {QStringLiteral(":/Resources/QSS_COLORS_APP.txt")},
-        {QStringLiteral(":/Resources/QSS_DIMENSIONS.txt")},
-        {QStringLiteral(":/Resources/QSS_FONTS.txt")},
-        {QStringLiteral(":/Resources/QSS_DATEFORMATS.txt")}, palette)));
+    StyleManager::createManager(StyleManagerDataProvider(
+        StyleManagerDataProvider::Data({QStringLiteral(":/Resources/QSS_COLORS_APP.txt")},
+            {QStringLiteral(":/Resources/QSS_DIMENSIONS.txt")},
+            {QStringLiteral(":/Resources/QSS_FONTS.txt")},
+            {QStringLiteral(":/Resources/QSS_DATEFORMATS.txt")}, palette)));
     FontsInitializer::loadFonts(StyleManager::manager(), QStringLiteral("@APPLICATION_FONT"));
     {
         const StyleManager& style = StyleManager::manager();
         QPalette colours = app.palette();
         colours.setColor(QPalette::Window, style.getColor(QStringLiteral("@BACKGROUND_COLOR")));
         colours.setColor(QPalette::Base, style.getColor(QStringLiteral("@PANEL_BACKGROUND_COLOR")));
-        colours.setColor(QPalette::Button, style.getColor(QStringLiteral("@PANEL_BACKGROUND_COLOR")));
+        colours.setColor(
+            QPalette::Button, style.getColor(QStringLiteral("@PANEL_BACKGROUND_COLOR")));
         colours.setColor(QPalette::WindowText, style.getColor(QStringLiteral("@TEXT_COLOR")));
         colours.setColor(QPalette::Text, style.getColor(QStringLiteral("@TEXT_COLOR")));
         colours.setColor(QPalette::ButtonText, style.getColor(QStringLiteral("@TEXT_COLOR")));
@@ -110,8 +110,8 @@ int main(int argc, char* argv[])
             QStringList lines;
             QString error;
             if (!ScriptRunner::readScript(parser.value(scriptOption), lines, error)) {
-                std::fprintf(stderr, "dentalviewer: cannot read the script: %s\n",
-                    qPrintable(error));
+                std::fprintf(
+                    stderr, "dentalviewer: cannot read the script: %s\n", qPrintable(error));
                 window.shutDown();
                 StyleManager::deleteManager();
                 return 2;
@@ -127,8 +127,8 @@ int main(int argc, char* argv[])
 
         status = app.exec();
         if (!window.saveState(stateFolder))
-            std::fprintf(stderr, "dentalviewer: could not save the state in %s\n",
-                qPrintable(stateFolder));
+            std::fprintf(
+                stderr, "dentalviewer: could not save the state in %s\n", qPrintable(stateFolder));
         window.shutDown();
     }
     StyleManager::deleteManager();

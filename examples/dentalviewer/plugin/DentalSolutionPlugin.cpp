@@ -65,8 +65,7 @@ const ToolSpec TOOLS[] = {
     {"toggleNotation", QT_TRANSLATE_NOOP("DentalSolutionPlugin", "FDI / Universal"),
         QT_TRANSLATE_NOOP("DentalSolutionPlugin", "Switch the tooth numbering"), "N", false},
     {"preferences", QT_TRANSLATE_NOOP("DentalSolutionPlugin", "Preferences"),
-        QT_TRANSLATE_NOOP("DentalSolutionPlugin", "Palette and label font size"), "Ctrl+,",
-        false},
+        QT_TRANSLATE_NOOP("DentalSolutionPlugin", "Palette and label font size"), "Ctrl+,", false},
 };
 
 } // namespace
@@ -127,8 +126,9 @@ void DentalSolutionPlugin::loadActions()
         }));
     dispatcher->addActionHandler(
         QStringLiteral("exportSnapshot"), new CommandHandler([this](ActionHandler& handler) {
-            exportSnapshot(
-                static_cast<CommandHandler&>(handler).parameter(QStringLiteral("directory")).toString());
+            exportSnapshot(static_cast<CommandHandler&>(handler)
+                               .parameter(QStringLiteral("directory"))
+                               .toString());
         }));
     dispatcher->addActionHandler(
         QStringLiteral("toggleNotation"), new CommandHandler([&workspace](ActionHandler&) {
@@ -174,8 +174,8 @@ void DentalSolutionPlugin::buildSolution(SolutionManager& manager)
 
     // One panel group per kind of tool: measurements, then commands.
     int counter = 0;
-    SolutionActionGroup* tools = SolutionBuilderHelper::addActionGroupToSolution(
-        manager, m_step.get(), counter);
+    SolutionActionGroup* tools
+        = SolutionBuilderHelper::addActionGroupToSolution(manager, m_step.get(), counter);
     ActionList* measure
         = SolutionBuilderHelper::addActionListToGroup(manager, QStringLiteral("Measure"), tools);
     ActionList* commands
@@ -248,17 +248,17 @@ void DentalSolutionPlugin::exportSnapshot(const QString& directory)
         return;
     const QImage image = source->grab().toImage();
     const QString base = QDir(folder).filePath(
-        QStringLiteral("snapshot-%1").arg(QDateTime::currentDateTime().toString(
-            QStringLiteral("yyyyMMdd-HHmmss"))));
+        QStringLiteral("snapshot-%1")
+            .arg(QDateTime::currentDateTime().toString(QStringLiteral("yyyyMMdd-HHmmss"))));
     image.save(base + QStringLiteral(".png"));
     QFile page(base + QStringLiteral(".html"));
     if (page.open(QIODevice::WriteOnly | QIODevice::Truncate)) {
-        const QString html = QStringLiteral(
-            "<!DOCTYPE html>\n<html><head><meta charset=\"utf-8\"><title>%1</title></head>\n"
-            "<body><h1>%1</h1><img alt=\"snapshot\" src=\"%2\"></body>"
-            "</html>\n")
-                                 .arg(tr("Dental viewer snapshot"),
-                                     image2d::QImageHelper::streamToBase64(image));
+        const QString html
+            = QStringLiteral(
+                "<!DOCTYPE html>\n<html><head><meta charset=\"utf-8\"><title>%1</title></head>\n"
+                "<body><h1>%1</h1><img alt=\"snapshot\" src=\"%2\"></body>"
+                "</html>\n")
+                  .arg(tr("Dental viewer snapshot"), image2d::QImageHelper::streamToBase64(image));
         page.write(html.toUtf8());
     }
 }

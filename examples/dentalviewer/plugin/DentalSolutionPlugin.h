@@ -12,7 +12,9 @@ class DentalWorkspace;
 class SolutionStep;
 
 // The dental solution: its tools, views and solution layout, loaded by the host at run time.
-class DentalSolutionPlugin : public QObject, public SolutionPluginInterface, public DentalSolutionApi
+class DentalSolutionPlugin : public QObject,
+                             public SolutionPluginInterface,
+                             public DentalSolutionApi
 {
     Q_OBJECT
     Q_PLUGIN_METADATA(IID DentalSolutionApi_iid FILE "DentalSolutionPlugin.json")

@@ -1,8 +1,8 @@
 #include "DentalViews.h"
 
 #include "DentalWorkspace.h"
-#include "ToothChartBridge.h"
 #include "SyntheticImages.h"
+#include "ToothChartBridge.h"
 #include "Viewer2D.h"
 
 #include <guicore/graphics/items/CustomGraphicsItem.h>
@@ -20,15 +20,15 @@
 
 #include <toothchart/ToothChart.h>
 
+#include <QDebug>
 #include <QGraphicsSceneHoverEvent>
 #include <QGraphicsSceneMouseEvent>
+#include <QPainterPath>
+#include <QPen>
 #include <QQmlContext>
 #include <QQmlError>
 #include <QQuickItem>
 #include <QQuickView>
-#include <QPainterPath>
-#include <QPen>
-#include <QDebug>
 #include <QVector2D>
 #include <cmath>
 
@@ -38,7 +38,8 @@ QColor styleColor(const char* id, const QColor& fallback)
 {
     if (!StyleManager::hasManager())
         return fallback;
-    const QColor color = StyleManager::manager().getOptionalColor(QLatin1Char('@') + QString::fromLatin1(id));
+    const QColor color
+        = StyleManager::manager().getOptionalColor(QLatin1Char('@') + QString::fromLatin1(id));
     return color.isValid() ? color : fallback;
 }
 
@@ -235,8 +236,8 @@ CrossSectionView::CrossSectionView(
             *centre = at;
             m_lines->setHorizontalLine(at, direction(*horizontalAngle));
         });
-    QObject::connect(m_lines, &CrossedLinesManipulationGraphicsItemGroup::verticalLineTranslated,
-        v, [this, centre, verticalAngle, direction](const QPointF& at) {
+    QObject::connect(m_lines, &CrossedLinesManipulationGraphicsItemGroup::verticalLineTranslated, v,
+        [this, centre, verticalAngle, direction](const QPointF& at) {
             *centre = at;
             m_lines->setVerticalLine(at, direction(*verticalAngle));
         });
@@ -296,8 +297,7 @@ ToothChartBridge::ToothChartBridge(QObject* parent)
 
 void ToothChartBridge::setSelectedTooth(const QString& name)
 {
-    if (name == m_selected
-        || !ToothChart::isValidTooth(ToothNameGenerator::getToothIdByName(name)))
+    if (name == m_selected || !ToothChart::isValidTooth(ToothNameGenerator::getToothIdByName(name)))
         return;
     m_selected = name;
     Q_EMIT selectedToothChanged();
@@ -368,12 +368,12 @@ void ToothChartView::createWidget()
     host->setViewerTag(QStringLiteral("toothChart"));
     buildChart(*host->getGraphicsScene());
 
-    QObject::connect(m_bridge, &ToothChartBridge::selectedToothChanged, window,
-        [this] { updateChart(); });
-    QObject::connect(&m_workspace, &DentalWorkspace::notationChanged, window,
-        [this](const QString& notation) {
-            m_bridge->renameSelection(notation == QLatin1String("FDI") ? QStringLiteral("UNIV")
-                                                                        : QStringLiteral("FDI"));
+    QObject::connect(
+        m_bridge, &ToothChartBridge::selectedToothChanged, window, [this] { updateChart(); });
+    QObject::connect(
+        &m_workspace, &DentalWorkspace::notationChanged, window, [this](const QString& notation) {
+            m_bridge->renameSelection(
+                notation == QLatin1String("FDI") ? QStringLiteral("UNIV") : QStringLiteral("FDI"));
             updateChart();
         });
     updateChart();
@@ -410,8 +410,8 @@ void ToothChartView::buildChart(GraphicsSceneExtra& scene)
                     m_hovered = -1;
                 updateChart();
             });
-        QObject::connect(tooth, &CustomGraphicsItem::leftClicked, tooth,
-            [this, t](QGraphicsSceneMouseEvent*) {
+        QObject::connect(
+            tooth, &CustomGraphicsItem::leftClicked, tooth, [this, t](QGraphicsSceneMouseEvent*) {
                 m_bridge->setSelectedTooth(ToothNameGenerator::getName(ToothChart::Tooth(t)));
             });
         auto* label = makeToothLabel(QStringLiteral("chartLabel%1").arg(t));

@@ -72,8 +72,8 @@ private:
 class CrossSectionView : public Viewer2DView
 {
 public:
-    CrossSectionView(const QString& id, const QString& name, DentalWorkspace& workspace,
-        double archPosition);
+    CrossSectionView(
+        const QString& id, const QString& name, DentalWorkspace& workspace, double archPosition);
 
     double archPosition() const { return m_archPosition; }
 

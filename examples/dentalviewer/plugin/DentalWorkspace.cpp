@@ -69,16 +69,16 @@ QJsonObject DentalWorkspace::saveDocument() const
         for (const Measurement* measurement : viewer->measurements()) {
             QJsonArray points;
             for (const QPointF& point : measurement->points)
-                points.append(QJsonArray{point.x(), point.y()});
-            QJsonObject object{{QStringLiteral("id"), measurement->id},
+                points.append(QJsonArray {point.x(), point.y()});
+            QJsonObject object {{QStringLiteral("id"), measurement->id},
                 {QStringLiteral("viewer"), viewer->getId()},
                 {QStringLiteral("kind"), measurement->kind}, {QStringLiteral("points"), points},
                 {QStringLiteral("text"), viewer->measurementText(*measurement)}};
             measurements.append(object);
         }
     }
-    return QJsonObject{{QStringLiteral("notation"), notation()},
-        {QStringLiteral("measurements"), measurements}};
+    return QJsonObject {
+        {QStringLiteral("notation"), notation()}, {QStringLiteral("measurements"), measurements}};
 }
 
 bool DentalWorkspace::loadDocument(const QJsonObject& document)

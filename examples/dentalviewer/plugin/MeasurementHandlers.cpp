@@ -151,8 +151,8 @@ void TextAnnotationHandler::begin(Viewer2D& viewer)
         [this, &viewer](QGraphicsSceneMouseEvent* event) {
             if (event->button() != Qt::LeftButton)
                 return;
-            Measurement* note = viewer.addMeasurement(
-                QStringLiteral("text"), {event->scenePos()}, tr("Note"));
+            Measurement* note
+                = viewer.addMeasurement(QStringLiteral("text"), {event->scenePos()}, tr("Note"));
             setCanceled(false);
             // The tool ends on the next turn of the event loop, after the press is delivered,
             // so that the scene is interactive again before the note is edited.

@@ -9,8 +9,8 @@
 class ToothChartBridge : public QObject
 {
     Q_OBJECT
-    Q_PROPERTY(QString selectedTooth READ selectedTooth WRITE setSelectedTooth NOTIFY
-            selectedToothChanged)
+    Q_PROPERTY(
+        QString selectedTooth READ selectedTooth WRITE setSelectedTooth NOTIFY selectedToothChanged)
     Q_PROPERTY(QString firstTooth READ firstTooth NOTIFY selectedToothChanged)
     Q_PROPERTY(QColor panelColor MEMBER panelColor CONSTANT)
     Q_PROPERTY(QColor buttonColor MEMBER buttonColor CONSTANT)

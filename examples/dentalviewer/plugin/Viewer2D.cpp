@@ -21,7 +21,8 @@ QColor styleColor(const char* id, const QColor& fallback)
 {
     if (!StyleManager::hasManager())
         return fallback;
-    const QColor color = StyleManager::manager().getOptionalColor(QLatin1Char('@') + QString::fromLatin1(id));
+    const QColor color
+        = StyleManager::manager().getOptionalColor(QLatin1Char('@') + QString::fromLatin1(id));
     return color.isValid() ? color : fallback;
 }
 
@@ -128,8 +129,8 @@ void Viewer2D::resetView()
 QString Viewer2D::measurementText(const Measurement& measurement) const
 {
     if (measurement.kind == QLatin1String("length") && measurement.points.size() == 2) {
-        const double mm = QLineF(measurement.points[0], measurement.points[1]).length()
-            * m_pixelSpacing;
+        const double mm
+            = QLineF(measurement.points[0], measurement.points[1]).length() * m_pixelSpacing;
         return tr("%1 mm").arg(mm, 0, 'f', 1);
     }
     if (measurement.kind == QLatin1String("area") && measurement.points.size() > 2) {
@@ -153,7 +154,8 @@ Measurement* Viewer2D::addMeasurement(
     if (kind == QLatin1String("text")) {
         measurement->textItem = new CustomGraphicsTextItem();
         measurement->textItem->setObjectName(name);
-        measurement->textItem->setDefaultTextColor(styleColor("MEASUREMENT_LABEL_TEXT_COLOR", Qt::yellow));
+        measurement->textItem->setDefaultTextColor(
+            styleColor("MEASUREMENT_LABEL_TEXT_COLOR", Qt::yellow));
         measurement->textItem->setPlainText(text);
         m_scene->addItem(measurement->textItem);
         connect(measurement->textItem, &CustomGraphicsTextItem::textChanged, this,
