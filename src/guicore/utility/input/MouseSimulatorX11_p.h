@@ -11,6 +11,8 @@ struct _XDisplay;
 // MouseSimulator on X11 through the XTest extension: the server treats the faked events like
 // those of a real pointer, so they reach every client, this application included, through the
 // normal event path. Requests are flushed at once, but the events come back asynchronously.
+// The display connection is normally borrowed from the application, so the simulator must not
+// outlive the QGuiApplication.
 class MouseSimulatorX11 : public MouseSimulator
 {
     Q_OBJECT
