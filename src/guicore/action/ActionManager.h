@@ -1,0 +1,117 @@
+#pragma once
+
+#include <guicore/action/Action.h>
+#include <guicore/guicore_export.h>
+
+#include <QList>
+#include <QMultiMap>
+#include <QObject>
+#include <QPointer>
+#include <QString>
+#include <QVariant>
+
+class SolutionManager;
+/// The application's wizard type; only its pointer passes through the action manager.
+class WizardCore;
+Q_DECLARE_OPAQUE_POINTER(WizardCore*)
+Q_DECLARE_METATYPE(WizardCore*)
+
+namespace action {
+
+/// Keeps the application-wide run picture of every action the solution manager registers: which
+/// actions are active, which one is current (the most recently started one still running), which
+/// must be disabled while an exclusive action runs, and a queue of actions waiting to start. It
+/// owns no action.
+///
+/// Set the solution manager before plug-ins register their actions: actions registered earlier
+/// are never seen.
+class GUICORE_EXPORT ActionManager : public QObject
+{
+    Q_OBJECT
+
+public:
+    ActionManager();
+    /// Neither stops nor disables any action.
+    ~ActionManager() override;
+
+    /// Listens to `manager`'s actionAdded(); does not take ownership, does not disconnect an
+    /// earlier manager and does not visit actions registered before.
+    void setSolutionManager(SolutionManager* manager);
+    /// Not owned by the caller.
+    SolutionManager* getSolutionManager() const;
+
+    /// The most recently started action that still runs, or null; not owned by the caller.
+    Action* getCurrentAction() const;
+    int getActiveActionsCount() const;
+    bool hasActionsInQueue() const;
+    bool getEnableUpdates() const;
+
+    /// Queues `action` (not owned) with parameters to copy onto it, then starts whatever the queue
+    /// allows. Queued actions start forced, in strict order; a disabled action at the front holds
+    /// back the ones behind it until it is enabled when some action stops.
+    void queueAction(Action& action, QMultiMap<QString, QVariant> parameters);
+
+    /// Stops every active action that must be stopped, except those whose id is listed and,
+    /// unless `stopCurrentAction`, the current action.
+    void stopActiveMustBeStoppedActions(
+        bool stopCurrentAction, const QList<QString>& exceptActionIds);
+    void stopAllActiveActions();
+    /// Disables every registered action that must be disabled, except the current one.
+    void disableAllActions();
+    /// Sets every registered action's state back to 0 without any actionStateChanged().
+    void resetActions();
+
+    /// Emits wizardActionStartedSignal() with the current action rather than `action`: listeners
+    /// want the tool the wizard runs inside. Neither pointer is owned.
+    virtual void wizardActionStarted(WizardCore* wizard, Action* action);
+    /// Emits wizardActionStoppedSignal() with `action`, then updates all actions. Neither pointer
+    /// is owned.
+    virtual void wizardActionStopped(WizardCore* wizard, Action* action);
+
+public Q_SLOTS:
+    /// Calls update() on every registered action in id order, unless updates are off or an
+    /// exclusive action runs.
+    void updateActions() const;
+    /// Nests: each false must be matched by a true. Surplus trues are banked, so two enables and
+    /// one disable leave updates on; application code depends on this.
+    virtual void setEnableUpdates(bool enable);
+    void objectsChanged();
+    void objectsDeleted();
+
+private Q_SLOTS:
+    /// Tracks the sending action's start (true) or stop (false).
+    void actionTriggered(bool checked);
+
+public Q_SLOTS:
+    /// Watches a newly registered action (not owned).
+    void actionAdded(Action* action);
+
+Q_SIGNALS:
+    void actionStarted(Action* action);
+    void actionStopped(Action* action);
+    void actionTriggeredSignal(bool checked, Action* action);
+    void wizardActionStartedSignal(WizardCore* wizard, Action* action);
+    void wizardActionStoppedSignal(WizardCore* wizard, Action* action);
+
+protected:
+    /// Starts queued actions from the front while the front one is enabled.
+    void executeQueuedActionsIfPossible();
+
+private:
+    struct QueuedAction
+    {
+        QPointer<Action> action;
+        QMultiMap<QString, QVariant> parameters;
+    };
+
+    void forgetAction(QObject* action);
+
+    QList<Action*> m_activeActions;
+    Action* m_currentAction = nullptr;
+    bool m_enableUpdates = true;
+    int m_updatesCounter = 0;
+    QPointer<SolutionManager> m_solutionManager;
+    QList<QueuedAction> m_queue;
+};
+
+} // namespace action

@@ -1,0 +1,71 @@
+#pragma once
+
+#include <guicore/action/Action.h>
+
+class SolutionManager;
+
+/// An action that carries child actions, shown as a menu or a drop-down tool button.
+///
+/// The children run independently of the multi-action; by default they follow its disabled state.
+/// When a solution manager is set, children are registered with it as they are added and
+/// unregistered as they are removed.
+class GUICORE_EXPORT MultiAction : public Action
+{
+    Q_OBJECT
+
+public:
+    MultiAction();
+    explicit MultiAction(const QString& id);
+    MultiAction(const QString& id, const QString& name, const QString& tooltip, const QIcon& icon);
+    /// Removes every child (see clearActions()); the children themselves are not deleted.
+    ~MultiAction() override;
+
+    /// The registry children are added to and removed from, or null; not owned.
+    SolutionManager* getSolutionManager() const;
+    /// Does not take ownership.
+    void setSolutionManager(SolutionManager* manager);
+
+    /// Appends a child (not owned), registers it and emits actionAdded().
+    void addAction(Action* child);
+    /// removeAction() for every child, in order.
+    virtual void clearActions();
+    /// Unregisters the child, removes its first occurrence and emits actionRemoved(), also for an
+    /// action that was not a child.
+    virtual void removeAction(Action* child);
+    /// The children in display order; not owned by the caller.
+    QList<Action*> getActions() const;
+    bool hasActions() const;
+    /// A new wired QAction per child (see Action::getQAction()); each owned by its child.
+    QList<QAction*> getQActions();
+
+    /// Disables or enables the multi-action, then every child when synchronisation is on.
+    void setDisabled(bool disabled) override;
+
+    QString getMenuStyleSheetType() const;
+    void setMenuStyleSheetType(const QString& type);
+    QString getToolButtonStyleSheetType() const;
+    void setToolButtonStyleSheetType(const QString& type);
+    /// -1 means the style's default size.
+    int getMenuItemIconSize() const;
+    void setMenuItemIconSize(int size);
+
+Q_SIGNALS:
+    void actionAdded(Action* action);
+    void actionRemoved(Action* action);
+
+protected:
+    /// Inserts and registers a child like addAction() but emits no actionAdded(): subclasses use it
+    /// to build their menu without announcing each entry.
+    void insertAction(Action* child, int index);
+    void syncEnabledStateWithChildren(bool sync);
+
+private:
+    void forgetChild(QObject* child);
+
+    QPointer<SolutionManager> m_solutionManager;
+    QList<Action*> m_actions;
+    QString m_menuStyleSheetType;
+    QString m_toolButtonStyleSheetType;
+    int m_menuItemIconSize = -1;
+    bool m_syncEnabledStateWithChildren = true;
+};

@@ -1,0 +1,27 @@
+#pragma once
+
+#include <guicore/action/ActionHandler.h>
+
+#include <QMap>
+
+/// Dispatches each run to the handler registered for the current action's id. An action without
+/// a registered handler is stopped at once.
+class GUICORE_EXPORT MultiActionHandler : public ActionHandler
+{
+    Q_OBJECT
+
+public:
+    MultiActionHandler();
+    /// Deletes every registered handler.
+    ~MultiActionHandler() override;
+
+    /// Takes ownership of `handler`; one already registered under `actionId` is deleted at once.
+    void addActionHandler(QString actionId, ActionHandler* handler);
+
+protected:
+    void start() override;
+    void stop() override;
+
+private:
+    QMap<QString, ActionHandler*> m_handlers;
+};

@@ -1,0 +1,10 @@
+#include "SimpleActionHandlerInterface.h"
+
+#include <QAction>
+
+SimpleActionHandlerInterface::SimpleActionHandlerInterface(QAction* action)
+    : QObject(action)
+{
+    if (action)
+        connect(action, &QAction::triggered, this, &SimpleActionHandlerInterface::handleTriggered);
+}
