@@ -108,6 +108,9 @@ void tst_ImageHelpers::compareImages_data()
         << qRgb(0, 0, 0) << qRgb(3, 4, 0) << 2 << float(1.5 / 255) << 90.0f;
     QTest::newRow("alpha is no distance")
         << qRgba(9, 9, 9, 255) << qRgba(9, 9, 9, 10) << 20 << 0.0f << 100.0f;
+    // Below zero even d = 0 exceeds the tolerance: any changed value counts, equal ones never.
+    QTest::newRow("negative tolerance")
+        << qRgba(9, 9, 9, 255) << qRgba(9, 9, 9, 10) << 5 << -0.1f << 75.0f;
 }
 
 void tst_ImageHelpers::compareImages()

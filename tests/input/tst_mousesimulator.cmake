@@ -1,5 +1,6 @@
-# The same cases once more against a real X server, where QCursor::setPos warps the X pointer
-# and QCursor::pos() reads it back from the server.
+# The plain run uses the offscreen platform, which has no synthetic input. The same binary runs
+# once more against a real X server, where the simulator goes through XTest and the tests read
+# the pointer and the delivered events back from the server.
 find_program(XVFB_RUN xvfb-run)
 if(XVFB_RUN)
     add_test(NAME ${name}_xcb

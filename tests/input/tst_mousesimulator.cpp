@@ -1,6 +1,7 @@
 #include <guicore/utility/input/MouseSimulator.h>
 
 #include <QCursor>
+#include <QGuiApplication>
 #include <QMouseEvent>
 #include <QPushButton>
 #include <QRegularExpression>
@@ -20,9 +21,7 @@ QString names(Qt::MouseButtons buttons)
     return list.join(QLatin1Char('|'));
 }
 
-// Logs the mouse events it receives as readable lines, in order. The tests do not spin the event
-// loop after simulating, so the hover that the platform itself queues after QCursor::setPos is
-// not mixed in: the log shows exactly what the simulator delivered.
+// Logs the mouse events it receives as readable lines, in order.
 class MouseLog : public QWidget
 {
 public:
@@ -58,6 +57,11 @@ private:
     }
 };
 
+bool hasSyntheticInput()
+{
+    return QGuiApplication::platformName() == QLatin1String("xcb");
+}
+
 } // namespace
 
 class tst_MouseSimulator : public QObject
@@ -68,20 +72,21 @@ private Q_SLOTS:
     void init();
     void cleanup();
 
+    void unavailablePlatformWarnsOnce();
     void moveWarpsPointer();
     void pressAndRelease_data();
     void pressAndRelease();
     void clickClicksButton();
+    void scroll_data();
     void scroll();
-    void dragKeepsReceiver();
 
 private:
-    void moveTo(const QPoint& local)
-    {
-        const QPoint global = window->mapToGlobal(local);
-        simulator->move(global.x(), global.y());
-        target->log.clear();
-    }
+    // Moves the pointer over the window and waits until the move has come back from the server,
+    // so that the log starts empty for what follows.
+    void moveTo(const QPoint& local);
+    // XTest events come back through the server in the order they were sent: once a move sent
+    // last has arrived, everything sent before it has arrived too. The move is not logged.
+    void sendFenceAndWait();
 
     std::unique_ptr<QWidget> window;
     MouseLog* target = nullptr;
@@ -104,8 +109,6 @@ void tst_MouseSimulator::init()
     window->setGeometry(120, 90, 200, 150);
     window->show();
     QVERIFY(QTest::qWaitForWindowExposed(window.get()));
-    QCoreApplication::processEvents();
-    target->log.clear();
 
     simulator = createMouseSimulator();
     QVERIFY(simulator);
@@ -117,13 +120,68 @@ void tst_MouseSimulator::cleanup()
     window.reset();
 }
 
+void tst_MouseSimulator::moveTo(const QPoint& local)
+{
+    // Qt drops a move to where it last saw the pointer and merges queued moves into the last
+    // one, so the pointer visits a neighbouring point first and that move is waited for.
+    for (const QPoint& point : {local + QPoint(5, 5), local}) {
+        const QPoint global = window->mapToGlobal(point);
+        simulator->move(global.x(), global.y());
+        const QString arrived = QStringLiteral("move at %1,%2 []").arg(point.x()).arg(point.y());
+        QTRY_VERIFY(!target->log.isEmpty() && target->log.last() == arrived);
+    }
+    target->log.clear();
+}
+
+void tst_MouseSimulator::sendFenceAndWait()
+{
+    const QPoint fence = window->mapToGlobal(QPoint(150, 80));
+    simulator->move(fence.x(), fence.y());
+    QTRY_VERIFY(!target->log.isEmpty() && target->log.last() == "move at 150,80 []");
+    target->log.removeLast();
+}
+
+void tst_MouseSimulator::unavailablePlatformWarnsOnce()
+{
+    if (hasSyntheticInput())
+        QSKIP("The platform has synthetic input");
+
+    const QPoint before = QCursor::pos();
+    // Operations that send nothing anywhere lose nothing and do not warn.
+    simulator->press(MouseSimulator::NoButton);
+    simulator->release(MouseSimulator::NoButton);
+    simulator->scroll(0);
+
+    QTest::ignoreMessage(QtWarningMsg,
+        qPrintable(QStringLiteral("MouseSimulator : synthetic input is not available on platform ")
+            + QGuiApplication::platformName()));
+    const QPoint inside = window->mapToGlobal(QPoint(30, 40));
+    simulator->move(inside.x(), inside.y());
+    simulator->press(MouseSimulator::BothButtons);
+    simulator->scroll(240);
+    simulator->release(MouseSimulator::BothButtons);
+    simulator->move(inside.x() + 1, inside.y());
+    QCoreApplication::processEvents();
+
+    QCOMPARE(QCursor::pos(), before);
+    QCOMPARE(target->log, QStringList());
+}
+
 void tst_MouseSimulator::moveWarpsPointer()
 {
+    if (!hasSyntheticInput())
+        QSKIP("No synthetic input on this platform");
+
     const QPoint point = window->mapToGlobal(QPoint(50, 60));
     simulator->move(point.x(), point.y());
 
-    QCOMPARE(QCursor::pos(), point);
-    QCOMPARE(target->log, QStringList {"move at 50,60 []"});
+    QTRY_COMPARE(QCursor::pos(), point);
+    QTRY_VERIFY(!target->log.isEmpty() && target->log.last() == "move at 50,60 []");
+
+    // A second move lands exactly as well: the coordinates are absolute, not relative.
+    const QPoint next = window->mapToGlobal(QPoint(190, 5));
+    simulator->move(next.x(), next.y());
+    QTRY_COMPARE(QCursor::pos(), next);
 }
 
 void tst_MouseSimulator::pressAndRelease_data()
@@ -145,59 +203,67 @@ void tst_MouseSimulator::pressAndRelease_data()
 
 void tst_MouseSimulator::pressAndRelease()
 {
+    if (!hasSyntheticInput())
+        QSKIP("No synthetic input on this platform");
     QFETCH(MouseSimulator::Buttons, buttons);
     QFETCH(QStringList, expected);
 
     moveTo(QPoint(30, 40));
     simulator->press(buttons);
     simulator->release(buttons);
+    sendFenceAndWait();
 
     QCOMPARE(target->log, expected);
 }
 
 void tst_MouseSimulator::clickClicksButton()
 {
+    if (!hasSyntheticInput())
+        QSKIP("No synthetic input on this platform");
     QSignalSpy clicked(button, &QPushButton::clicked);
-    moveTo(QPoint(100, 125));
+    const QPoint global = window->mapToGlobal(QPoint(100, 125));
+    simulator->move(global.x(), global.y());
+    QTRY_COMPARE(QCursor::pos(), global);
 
     simulator->press(MouseSimulator::LeftButton);
-    QVERIFY(button->isDown());
+    QTRY_VERIFY(button->isDown());
     QCOMPARE(clicked.count(), 0);
     simulator->release(MouseSimulator::LeftButton);
 
-    QCOMPARE(clicked.count(), 1);
+    QTRY_COMPARE(clicked.count(), 1);
     QVERIFY(!button->isDown());
+}
+
+void tst_MouseSimulator::scroll_data()
+{
+    QTest::addColumn<QList<int>>("amounts");
+    QTest::addColumn<QStringList>("expected");
+
+    // One notch is 120 and positive turns away from the user.
+    QTest::newRow("two notches away")
+        << QList<int> {240} << QStringList {"wheel 120 at 70,20", "wheel 120 at 70,20"};
+    QTest::newRow("one notch back") << QList<int> {-120} << QStringList {"wheel -120 at 70,20"};
+    QTest::newRow("nothing") << QList<int> {0} << QStringList();
+    // Parts of a notch add up; a turn back eats into what was carried.
+    QTest::newRow("halves add up") << QList<int> {60, 0, 60} << QStringList {"wheel 120 at 70,20"};
+    QTest::newRow("turn back cancels") << QList<int> {100, -100, 100} << QStringList();
+    QTest::newRow("remainder carried")
+        << QList<int> {180, 60} << QStringList {"wheel 120 at 70,20", "wheel 120 at 70,20"};
 }
 
 void tst_MouseSimulator::scroll()
 {
-    // One notch is 120: 240 is two steps away from the user, -120 one step back, 0 nothing.
+    if (!hasSyntheticInput())
+        QSKIP("No synthetic input on this platform");
+    QFETCH(QList<int>, amounts);
+    QFETCH(QStringList, expected);
+
     moveTo(QPoint(70, 20));
-    simulator->scroll(240);
-    simulator->scroll(0);
-    simulator->scroll(-120);
+    for (int amount : amounts)
+        simulator->scroll(amount);
+    sendFenceAndWait();
 
-    QCOMPARE(target->log, (QStringList {"wheel 240 at 70,20", "wheel -120 at 70,20"}));
-}
-
-void tst_MouseSimulator::dragKeepsReceiver()
-{
-    // A drag that leaves the window keeps going to the widget it started on, as with a real
-    // mouse; without that the release would be lost and the widget would stay pressed.
-    moveTo(QPoint(10, 10));
-    simulator->press(MouseSimulator::LeftButton);
-    const QPoint outside = window->mapToGlobal(QPoint(-50, 300));
-    simulator->move(outside.x(), outside.y());
-    simulator->release(MouseSimulator::LeftButton);
-    // With no button held and no window of ours under the pointer, nothing is delivered.
-    simulator->move(outside.x() + 1, outside.y());
-    simulator->press(MouseSimulator::BothButtons);
-    simulator->scroll(120);
-    simulator->release(MouseSimulator::BothButtons);
-
-    QCOMPARE(target->log,
-        (QStringList {
-            "press Left at 10,10 [Left]", "move at -50,300 [Left]", "release Left at -50,300 []"}));
+    QCOMPARE(target->log, expected);
 }
 
 QTEST_MAIN(tst_MouseSimulator)

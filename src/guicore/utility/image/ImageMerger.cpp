@@ -43,6 +43,7 @@ QImage ImageMerger::mergeHorizontally(
     QImage result(left.width() + right.width(), height, QImage::Format_ARGB32);
     if (result.isNull())
         return result;
+    image2d::detail::adviseHugePages(result);
     fillBand(result, left, 0, 0, left.width(), height, background.rgba());
     fillBand(result, right, left.width(), 0, right.width(), height, background.rgba());
     return result;
@@ -55,6 +56,7 @@ QImage ImageMerger::mergeVertically(
     QImage result(width, top.height() + bottom.height(), QImage::Format_ARGB32);
     if (result.isNull())
         return result;
+    image2d::detail::adviseHugePages(result);
     fillBand(result, top, 0, 0, width, top.height(), background.rgba());
     fillBand(result, bottom, 0, top.height(), width, bottom.height(), background.rgba());
     return result;

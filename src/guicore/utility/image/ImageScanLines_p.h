@@ -2,6 +2,10 @@
 
 #include <QImage>
 
+#ifdef Q_OS_LINUX
+#include <sys/mman.h>
+#endif
+
 namespace image2d::detail {
 
 // The image helpers work on 32-bit ARGB scan lines instead of QImage::pixel(), which is far too
@@ -25,5 +29,25 @@ struct Argb32View
     QImage image;
     QRgb alphaMask;
 };
+
+// A new image's pixels are not yet mapped: the first write to every 4 KiB page faults, and for a
+// full-size result the faults cost more than the copying itself. Asking for huge pages on the
+// untouched buffer cuts their number by 512. Only a hint: where the kernel declines, nothing
+// changes. Call it on a freshly made image before writing to it.
+inline void adviseHugePages(QImage& image)
+{
+#if defined(Q_OS_LINUX) && defined(MADV_HUGEPAGE)
+    constexpr quintptr hugePage = 2 * 1024 * 1024;
+    if (image.sizeInBytes() < qsizetype(4 * hugePage))
+        return;
+    const auto start = reinterpret_cast<quintptr>(image.bits());
+    const quintptr begin = (start + hugePage - 1) & ~(hugePage - 1);
+    const quintptr end = (start + quintptr(image.sizeInBytes())) & ~(hugePage - 1);
+    if (end > begin)
+        madvise(reinterpret_cast<void*>(begin), end - begin, MADV_HUGEPAGE);
+#else
+    Q_UNUSED(image);
+#endif
+}
 
 } // namespace image2d::detail

@@ -44,5 +44,8 @@ private:
 
 Q_DECLARE_OPERATORS_FOR_FLAGS(MouseSimulator::Buttons)
 
-/// The mouse simulator of the running platform; ownership passes to the caller.
+/// The mouse simulator of the running platform: mouse_event on Windows, the XTest extension on
+/// X11 ("xcb"). Elsewhere (offscreen, Wayland, an X server without XTest) the simulator drops
+/// everything and warns once, at its first operation that would have sent input.
+/// Never null; ownership passes to the caller. Needs a QGuiApplication, which it must not outlive.
 GUICORE_EXPORT std::unique_ptr<MouseSimulator> createMouseSimulator();
