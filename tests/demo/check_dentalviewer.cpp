@@ -1,5 +1,6 @@
 // Checks what the dental viewer's end-to-end script left behind.
-//   check_dentalviewer dump FILE [--lengths N] [--length-mm MM] [--text TEXT] [--notation N]
+//   check_dentalviewer dump FILE [--lengths N] [--areas N] [--length-mm MM] [--text TEXT]
+//   [--notation N]
 //                               [--view ID]
 //   check_dentalviewer image FILE [--measurement-pixels MIN]
 // Prints every failed expectation and exits with 1 when there was one.
@@ -60,12 +61,14 @@ void checkDump(const QString& fileName, const QStringList& args)
                                         .toObject()
                                         .value(QStringLiteral("measurements"))
                                         .toArray();
-    QList<QJsonObject> lengths, texts;
+    QList<QJsonObject> lengths, areas, texts;
     for (const QJsonValue& value : measurements) {
         const QJsonObject measurement = value.toObject();
         const QString kind = measurement.value(QStringLiteral("kind")).toString();
         if (kind == QLatin1String("length"))
             lengths.append(measurement);
+        else if (kind == QLatin1String("area"))
+            areas.append(measurement);
         else if (kind == QLatin1String("text"))
             texts.append(measurement);
     }
@@ -76,6 +79,19 @@ void checkDump(const QString& fileName, const QStringList& args)
             QStringLiteral("%1 length measurement(s), found %2")
                 .arg(lengthCount)
                 .arg(lengths.size()));
+
+    const QString areaCount = option(args, QStringLiteral("--areas"));
+    if (!areaCount.isEmpty())
+        expect(areas.size() == areaCount.toInt(),
+            QStringLiteral("%1 area measurement(s), found %2").arg(areaCount).arg(areas.size()));
+    for (const QJsonObject& area : areas) {
+        const QString text = area.value(QStringLiteral("text")).toString();
+        expect(text.endsWith(QStringLiteral(" mm²"))
+                && text.section(QLatin1Char(' '), 0, 0).toDouble() > 0,
+            QStringLiteral("an area labelled in mm², not \"%1\"").arg(text));
+        expect(area.value(QStringLiteral("points")).toArray().size() >= 3,
+            QStringLiteral("a closed area has at least three corners"));
+    }
 
     const QString lengthMm = option(args, QStringLiteral("--length-mm"));
     if (!lengthMm.isEmpty()) {

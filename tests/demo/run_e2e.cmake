@@ -34,8 +34,20 @@ function(check)
 endfunction()
 
 run_viewer(${SCRIPT})
-check(dump ${WORK_DIR}/shots/state.json --lengths 1 --length-mm 30.0 --text "Implant site"
-    --notation UNIV --view Panoramic)
+check(dump ${WORK_DIR}/shots/state.json --lengths 1 --areas 1 --length-mm 30.0
+    --text "Implant site" --notation UNIV --view Panoramic)
+
+# The snapshot export wrote a picture and a page that carries it inline.
+file(GLOB snapshot_png ${WORK_DIR}/shots/export/snapshot-*.png)
+file(GLOB snapshot_html ${WORK_DIR}/shots/export/snapshot-*.html)
+if(NOT snapshot_png OR NOT snapshot_html)
+    message(FATAL_ERROR "the snapshot export wrote no PNG and HTML into ${WORK_DIR}/shots/export")
+endif()
+check(image ${snapshot_png} --measurement-pixels 150)
+file(READ ${snapshot_html} page)
+if(NOT page MATCHES "<img[^>]*src=\"data:image/[A-Za-z]+;base64,[A-Za-z0-9+/]")
+    message(FATAL_ERROR "the snapshot page does not hold the picture as a data URL")
+endif()
 check(image ${WORK_DIR}/shots/panoramic-length.png --measurement-pixels 150)
 check(image ${WORK_DIR}/shots/panoramic.png --measurement-pixels 150)
 check(image ${WORK_DIR}/shots/cross-sections.png)
@@ -43,8 +55,8 @@ check(image ${WORK_DIR}/shots/tooth-chart.png)
 
 # The state written at exit comes back at the next start.
 run_viewer(${script_dir}/restore.script)
-check(dump ${WORK_DIR}/shots/restored.json --lengths 1 --length-mm 30.0 --text "Implant site"
-    --notation UNIV --view Panoramic)
+check(dump ${WORK_DIR}/shots/restored.json --lengths 1 --areas 1 --length-mm 30.0
+    --text "Implant site" --notation UNIV --view Panoramic)
 
 # A damaged state file is ignored: the viewer still starts with the default view.
 file(WRITE ${WORK_DIR}/state/ui-state.json "{ this is not a state tree")

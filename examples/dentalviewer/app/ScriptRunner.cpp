@@ -100,8 +100,13 @@ bool ScriptRunner::run(const QStringList& words)
             return false;
         for (const QString& pair : words.mid(2)) {
             const int equals = pair.indexOf(QLatin1Char('='));
-            if (equals > 0)
-                action->setParameter(pair.left(equals), pair.mid(equals + 1));
+            if (equals <= 0)
+                continue;
+            QString value = pair.mid(equals + 1);
+            // A folder given to a tool is taken relative to the script's output folder.
+            if (pair.left(equals) == QLatin1String("directory") && QDir::isRelativePath(value))
+                value = m_output.filePath(value);
+            action->setParameter(pair.left(equals), value);
         }
         // The same path as a click on the tool button.
         action->trigger(true);

@@ -46,24 +46,24 @@ struct ToolSpec
 };
 
 // The tools in panel order: the first list holds the exclusive measurement tools, the second the
-// commands.
+// commands. Shortcuts carry a modifier so that typing into a text annotation never starts a tool.
 const ToolSpec TOOLS[] = {
     {"measureLength", QT_TRANSLATE_NOOP("DentalSolutionPlugin", "Length"),
-        QT_TRANSLATE_NOOP("DentalSolutionPlugin", "Measure a length: press, drag, release"), "L",
-        true},
+        QT_TRANSLATE_NOOP("DentalSolutionPlugin", "Measure a length: press, drag, release"),
+        "Alt+L", true},
     {"measureArea", QT_TRANSLATE_NOOP("DentalSolutionPlugin", "Area"),
         QT_TRANSLATE_NOOP(
             "DentalSolutionPlugin", "Measure an area: click corners, double-click or Enter"),
-        "A", true},
+        "Alt+A", true},
     {"annotateText", QT_TRANSLATE_NOOP("DentalSolutionPlugin", "Text"),
-        QT_TRANSLATE_NOOP("DentalSolutionPlugin", "Place a text annotation"), "T", true},
+        QT_TRANSLATE_NOOP("DentalSolutionPlugin", "Place a text annotation"), "Alt+T", true},
     {"resetView", QT_TRANSLATE_NOOP("DentalSolutionPlugin", "Reset view"),
-        QT_TRANSLATE_NOOP("DentalSolutionPlugin", "Fit the image into the viewer"), "R", false},
+        QT_TRANSLATE_NOOP("DentalSolutionPlugin", "Fit the image into the viewer"), "Alt+R", false},
     {"exportSnapshot", QT_TRANSLATE_NOOP("DentalSolutionPlugin", "Export snapshot"),
         QT_TRANSLATE_NOOP("DentalSolutionPlugin", "Save the viewer as PNG and as an HTML page"),
         "Ctrl+E", false},
     {"toggleNotation", QT_TRANSLATE_NOOP("DentalSolutionPlugin", "FDI / Universal"),
-        QT_TRANSLATE_NOOP("DentalSolutionPlugin", "Switch the tooth numbering"), "N", false},
+        QT_TRANSLATE_NOOP("DentalSolutionPlugin", "Switch the tooth numbering"), "Alt+N", false},
     {"preferences", QT_TRANSLATE_NOOP("DentalSolutionPlugin", "Preferences"),
         QT_TRANSLATE_NOOP("DentalSolutionPlugin", "Palette and label font size"), "Ctrl+,", false},
 };
