@@ -27,6 +27,8 @@
 #include <QDir>
 #include <QFile>
 #include <QFormLayout>
+#include <QPainter>
+#include <QScreen>
 #include <QSettings>
 #include <QSpinBox>
 #include <QStandardPaths>
@@ -239,14 +241,23 @@ void DentalSolutionPlugin::exportSnapshot(const QString& directory)
     if (folder.isEmpty())
         folder = QStandardPaths::writableLocation(QStandardPaths::PicturesLocation);
     QDir().mkpath(folder);
-    QWidget* source = nullptr;
-    if (Viewer2D* viewer = m_workspace->currentViewer())
-        source = viewer->view();
-    else if (m_dialogParent)
-        source = m_dialogParent->window();
-    if (!source)
+    QImage image;
+    if (Viewer2D* viewer = m_workspace->currentViewer()) {
+        // The viewer paints through OpenGL, which a widget grab does not see: render its scene
+        // through the view's transform instead.
+        GraphicsViewExtra* view = viewer->view();
+        image = QImage(view->viewport()->size(), QImage::Format_RGB32);
+        image.fill(Qt::black);
+        QPainter painter(&image);
+        painter.setRenderHint(QPainter::Antialiasing);
+        view->render(&painter, QRectF(image.rect()), view->viewport()->rect());
+    } else if (m_dialogParent) {
+        QWidget* window = m_dialogParent->window();
+        if (QScreen* screen = window->screen())
+            image = screen->grabWindow(window->winId()).toImage();
+    }
+    if (image.isNull())
         return;
-    const QImage image = source->grab().toImage();
     const QString base = QDir(folder).filePath(
         QStringLiteral("snapshot-%1")
             .arg(QDateTime::currentDateTime().toString(QStringLiteral("yyyyMMdd-HHmmss"))));

@@ -72,9 +72,8 @@ Viewer2DView::~Viewer2DView()
         m_workspace.setCurrentViewer(nullptr);
     // The view widget belongs to whoever shows it; when nobody took it, it goes with the viewer.
     if (m_viewer) {
-        GraphicsViewExtra* view = m_viewer->view();
-        if (!view->parent())
-            delete view;
+        if (m_viewer->hasView() && !m_viewer->view()->parent())
+            delete m_viewer->view();
         delete m_viewer.data();
     }
 }

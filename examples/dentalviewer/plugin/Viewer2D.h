@@ -43,6 +43,7 @@ public:
     GraphicsSceneExtra* scene() const { return m_scene; }
     // The view widget, made on first call; owned by its Qt parent once the caller reparents it.
     GraphicsViewExtra* view();
+    bool hasView() const { return m_view != nullptr; }
 
     void setImage(const QImage& image);
     QRectF imageRect() const;
