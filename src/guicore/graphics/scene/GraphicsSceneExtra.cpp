@@ -470,11 +470,13 @@ void GraphicsSceneExtra::wheelEvent(QGraphicsSceneWheelEvent* event)
     remainder -= notches * wheelNotch;
     event->setDelta(notches * wheelNotch);
 
+    // One query serves both the question whether anything that handles events lies under the
+    // point and the delivery: the items at the point are exactly the visible ones containing it.
     const QPointF scenePos = event->scenePos();
-    if (eventHandlingObjectBelowMouse(scenePos)) {
-        const QList<QGraphicsItem*> sceneItems = items();
-        const QList<QGraphicsItem*> hit
-            = items(scenePos, Qt::IntersectsItemShape, Qt::DescendingOrder, QTransform());
+    const QList<QGraphicsItem*> sceneItems = items();
+    const QList<QGraphicsItem*> hit
+        = items(scenePos, Qt::IntersectsItemShape, Qt::DescendingOrder, QTransform());
+    if (handlingObjectAmong(hit)) {
         std::vector<SceneItemEntry> customs;
         for (QGraphicsItem* item : hit) {
             SceneItemEntry entry = makeSceneItemEntry(item);
@@ -482,16 +484,35 @@ void GraphicsSceneExtra::wheelEvent(QGraphicsSceneWheelEvent* event)
                 customs.push_back(std::move(entry));
         }
         SceneItemLiveness liveness(this, sceneItems);
+        bool outsideCodeRan = false;
         for (const SceneItemEntry& entry : customs) {
-            if (!liveness.isInScene(entry) || !containsScenePoint(entry.item, scenePos))
+            // Until a handler ran, the query's own shape test still holds.
+            if (!liveness.isInScene(entry)
+                || (outsideCodeRan && !containsScenePoint(entry.item, scenePos)))
                 continue;
             GraphicsItemAccess::wheel(entry.item, event);
             liveness.outsideCodeRan();
+            outsideCodeRan = true;
         }
     }
 
     Q_EMIT userInteracted();
     Q_EMIT mouseScrolled(scenePos, event->delta(), event->orientation());
+}
+
+bool GraphicsSceneExtra::handlingObjectAmong(const QList<QGraphicsItem*>& hitsAtPoint) const
+{
+    bool lineItem = false;
+    for (QGraphicsItem* item : hitsAtPoint) {
+        const SceneItemEntry entry = makeSceneItemEntry(item);
+        const bool reacts = entry.is(TextItemKind)
+            || (entry.is(CustomItemKind)
+                && static_cast<CustomGraphicsItem*>(item)->getHandleRightClick());
+        if (reacts && item->isEnabled())
+            return true;
+        lineItem = lineItem || entry.is(LineItemKind);
+    }
+    return lineItem;
 }
 
 bool GraphicsSceneExtra::eventHandlingObjectBelowMouse(const QPointF& scenePos)

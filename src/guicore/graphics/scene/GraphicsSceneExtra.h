@@ -97,6 +97,9 @@ private:
     void deliverHover(QGraphicsSceneHoverEvent* event);
     void handleHoverableItems(QGraphicsSceneHoverEvent* event);
     void fixScreenPos(QGraphicsSceneMouseEvent* event) const;
+    /// eventHandlingObjectBelowMouse over the items already found at the point (visible, and
+    /// containing it), in one pass.
+    bool handlingObjectAmong(const QList<QGraphicsItem*>& hitsAtPoint) const;
 
     bool mouseTracking = false;
     bool dragging = false;
