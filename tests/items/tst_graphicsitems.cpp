@@ -45,6 +45,12 @@ void fillButtons(QGraphicsSceneMouseEvent& event, const QPointF& scenePos, Qt::M
         event, scenePos, buttons & Qt::RightButton ? Qt::RightButton : Qt::LeftButton, buttons);
 }
 
+// Renders the view and counts the pixels of the colour in the row through the scene origin.
+int spanThroughOrigin(ViewFixture& fixture, QRgb color)
+{
+    return countInRow(fixture.render(), fixture.origin().y(), color);
+}
+
 class TestHoverable : public HoverableItem
 {
 public:
@@ -526,13 +532,11 @@ void tst_GraphicsItems::zoomAgnosticEllipseKeepsScreenSize()
     ellipse->setUseZoomAgnostic(agnostic);
     fixture.scene.addItem(ellipse);
 
-    const QImage image = fixture.render();
-    const QPoint origin = fixture.origin();
-    const int span = countInRow(image, origin.y(), qRgb(255, 0, 0));
+    const int span = spanThroughOrigin(fixture, qRgb(255, 0, 0));
     QVERIFY2(qAbs(span - diameter) <= 1, qPrintable(QString::number(span)));
 
     // The hit region follows what was drawn.
-    const QPointF nineteenPixelsRight = fixture.view.mapToScene(origin + QPoint(9, 0));
+    const QPointF nineteenPixelsRight = fixture.view.mapToScene(fixture.origin() + QPoint(9, 0));
     QVERIFY(ellipse->isMouseOver(nineteenPixelsRight));
 }
 
@@ -570,9 +574,7 @@ void tst_GraphicsItems::pathItemZoomAgnosticPenWidth()
     item->setPainterPath(linePath(QPointF(0, -10), QPointF(0, 10)));
     item->setUseZoomAgnostic(true);
     fixture.scene.addItem(item);
-    const QImage image = fixture.render();
-    const QPoint origin = fixture.origin();
-    const int span = countInRow(image, origin.y(), QColor(Qt::green).rgb());
+    const int span = spanThroughOrigin(fixture, QColor(Qt::green).rgb());
     QVERIFY2(qAbs(span - 6) <= 1, qPrintable(QString::number(span)));
 }
 
@@ -733,9 +735,7 @@ void tst_GraphicsItems::pointDraggerHitKeepsScreenSize()
     QVERIFY(handle->isMouseOver(QPointF(1.4, 0)));
     QVERIFY(!handle->isMouseOver(QPointF(1.6, 0)));
 
-    const QImage image = fixture.render();
-    const QPoint origin = fixture.origin();
-    const int span = countInRow(image, origin.y(), qRgb(255, 0, 0));
+    const int span = spanThroughOrigin(fixture, qRgb(255, 0, 0));
     QVERIFY2(qAbs(span - 12) <= 1, qPrintable(QString::number(span)));
 }
 

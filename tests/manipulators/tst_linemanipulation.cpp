@@ -28,22 +28,14 @@ InvisibleLineDragger* pickLineOf(QGraphicsItem* item)
 }
 
 // The group's lines by their stacking: the horizontal line lies above the vertical one.
-LineManipulationGraphicsItem* horizontalOf(QGraphicsItem* group)
+QList<LineManipulationGraphicsItem*> horizontalAndVerticalOf(QGraphicsItem* group)
 {
+    QList<LineManipulationGraphicsItem*> lines {nullptr, nullptr};
     for (auto* line : childrenOfType<LineManipulationGraphicsItem>(group)) {
-        if (line->zValue() == 0.2)
-            return line;
+        if (line->zValue() == 0.2 || line->zValue() == 0.1)
+            lines[line->zValue() == 0.2 ? 0 : 1] = line;
     }
-    return nullptr;
-}
-
-LineManipulationGraphicsItem* verticalOf(QGraphicsItem* group)
-{
-    for (auto* line : childrenOfType<LineManipulationGraphicsItem>(group)) {
-        if (line->zValue() == 0.1)
-            return line;
-    }
-    return nullptr;
+    return lines;
 }
 
 // The drawn lines are clipped in single precision.
@@ -404,8 +396,9 @@ void tst_LineManipulation::overrideCursorsArePaired()
 void tst_LineManipulation::groupConstruction()
 {
     CrossedLinesManipulationGraphicsItemGroup* group = addGroup();
-    LineManipulationGraphicsItem* horizontal = horizontalOf(group);
-    LineManipulationGraphicsItem* vertical = verticalOf(group);
+    const auto lines = horizontalAndVerticalOf(group);
+    LineManipulationGraphicsItem* horizontal = lines.at(0);
+    LineManipulationGraphicsItem* vertical = lines.at(1);
     CenterDragger* center = childrenOfType<CenterDragger>(group).first();
     QVERIFY(horizontal && vertical);
     QCOMPARE(horizontal->pen().color(), QColor(Qt::red));
@@ -499,7 +492,7 @@ void tst_LineManipulation::hoveringTheCenterDisablesTheLines()
 void tst_LineManipulation::groupForwardsRotations()
 {
     CrossedLinesManipulationGraphicsItemGroup* group = addGroup();
-    const QList<LineManipulationGraphicsItem*> lines = {horizontalOf(group), verticalOf(group)};
+    const QList<LineManipulationGraphicsItem*> lines = horizontalAndVerticalOf(group);
     QSignalSpy horizontalRotated(
         group, &CrossedLinesManipulationGraphicsItemGroup::horizontalLineRotated);
     QSignalSpy verticalRotated(
@@ -524,7 +517,7 @@ void tst_LineManipulation::groupForwardsRotations()
 void tst_LineManipulation::groupSettingsReportTheHorizontalLine()
 {
     CrossedLinesManipulationGraphicsItemGroup group;
-    const QList<LineManipulationGraphicsItem*> lines = {horizontalOf(&group), verticalOf(&group)};
+    const QList<LineManipulationGraphicsItem*> lines = horizontalAndVerticalOf(&group);
     CenterDragger* center = childrenOfType<CenterDragger>(&group).first();
 
     group.enableTranslation(false);
@@ -546,7 +539,7 @@ void tst_LineManipulation::groupSettingsReportTheHorizontalLine()
 void tst_LineManipulation::groupVisibility()
 {
     CrossedLinesManipulationGraphicsItemGroup group;
-    const QList<LineManipulationGraphicsItem*> lines = {horizontalOf(&group), verticalOf(&group)};
+    const QList<LineManipulationGraphicsItem*> lines = horizontalAndVerticalOf(&group);
     CenterDragger* center = childrenOfType<CenterDragger>(&group).first();
 
     group.showVerticalLine(false);
