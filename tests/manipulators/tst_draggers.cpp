@@ -38,8 +38,7 @@ private Q_SLOTS:
     void moveHorizontalIsSilent();
     void draggingTheCenterEmitsVerticalThenHorizontal();
     void draggingALineMovesTheCenter();
-    void crossMovableReportsTheHorizontalLine();
-    void crossVisibility();
+    void crossMovableAndVisibility();
 
 private:
     CrossDragger* addCross();
@@ -375,9 +374,10 @@ void tst_Draggers::draggingALineMovesTheCenter()
     QCOMPARE(horizontalMoved.count(), 0);
 }
 
-void tst_Draggers::crossMovableReportsTheHorizontalLine()
+void tst_Draggers::crossMovableAndVisibility()
 {
     CrossDragger cross;
+    // Movable reports the horizontal line.
     cross.setMovable(false);
     QVERIFY(!cross.getMovable());
     QVERIFY(!cross.getVerticalDragger()->isMovable());
@@ -386,11 +386,7 @@ void tst_Draggers::crossMovableReportsTheHorizontalLine()
     cross.getHorizontalDragger()->setMovable(true);
     cross.getVerticalDragger()->setMovable(false);
     QVERIFY(cross.getMovable());
-}
 
-void tst_Draggers::crossVisibility()
-{
-    CrossDragger cross;
     auto* center = childNamed<CenterDragger>(&cross, "centerDragger");
     LineDragger* horizontal = cross.getHorizontalDragger();
     LineDragger* vertical = cross.getVerticalDragger();

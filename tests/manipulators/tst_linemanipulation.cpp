@@ -74,8 +74,7 @@ private Q_SLOTS:
     void draggingTheGroupCenterTranslatesVerticalThenHorizontal();
     void hoveringTheCenterDisablesTheLines();
     void groupForwardsRotations();
-    void groupSettingsReportTheHorizontalLine();
-    void groupVisibility();
+    void groupSettingsAndVisibility();
     void addLineManipulatorIsNotConnected();
 
 private:
@@ -514,7 +513,7 @@ void tst_LineManipulation::groupForwardsRotations()
     QCOMPARE(verticalRotated.count(), 0);
 }
 
-void tst_LineManipulation::groupSettingsReportTheHorizontalLine()
+void tst_LineManipulation::groupSettingsAndVisibility()
 {
     CrossedLinesManipulationGraphicsItemGroup group;
     const QList<LineManipulationGraphicsItem*> lines = horizontalAndVerticalOf(&group);
@@ -534,14 +533,8 @@ void tst_LineManipulation::groupSettingsReportTheHorizontalLine()
     lines.at(0)->enableRotation(true);
     QVERIFY(group.isRotationEnabled());
     QVERIFY(!lines.at(1)->isRotationEnabled());
-}
 
-void tst_LineManipulation::groupVisibility()
-{
-    CrossedLinesManipulationGraphicsItemGroup group;
-    const QList<LineManipulationGraphicsItem*> lines = horizontalAndVerticalOf(&group);
-    CenterDragger* center = childrenOfType<CenterDragger>(&group).first();
-
+    // The handle shows only while both lines do.
     group.showVerticalLine(false);
     QVERIFY(!lines.at(1)->isVisible());
     QVERIFY(!center->isVisible());
