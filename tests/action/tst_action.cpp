@@ -57,6 +57,19 @@ public:
     int updateStateCalls = 0;
 };
 
+// A checkable action driven by a recording handler.
+struct Rig
+{
+    Rig(QStringList* log, bool accept, bool checkable = true)
+        : handler(log, accept)
+    {
+        action.setCheckable(checkable);
+        action.setActionHandler(&handler);
+    }
+    RecordingHandler handler;
+    Action action {QStringLiteral("a")};
+};
+
 void record(Action* action, QStringList* log)
 {
     QObject::connect(action, &Action::triggered, action, [log](bool checked) {
@@ -113,16 +126,6 @@ void tst_Action::construction()
     QVERIFY(unnamed.stopOnViewSwitch());
     QVERIFY(unnamed.mustBeDisabled());
     QVERIFY(!unnamed.mustBeStopped());
-
-    Action full(
-        QStringLiteral("measure"), QStringLiteral("Measure"), QStringLiteral("Measures"), QIcon());
-    QCOMPARE(full.getID(), QStringLiteral("measure"));
-    QCOMPARE(full.getName(), QStringLiteral("Measure"));
-    QCOMPARE(full.getTooltip(), QStringLiteral("Measures"));
-
-    // An action is a feature known by its id.
-    solution::Feature* feature = &full;
-    QCOMPARE(feature->getID(), QStringLiteral("measure"));
 }
 
 void tst_Action::startSequence_data()
@@ -193,10 +196,8 @@ void tst_Action::stopSequence()
 
 void tst_Action::disabledBlocksStartAndToggleButNotTrigger()
 {
-    RecordingHandler handler(&m_log, true);
-    Action action(QStringLiteral("a"));
-    action.setCheckable(true);
-    action.setActionHandler(&handler);
+    Rig rig(&m_log, true);
+    Action& action = rig.action;
     action.setDisabled(true);
 
     action.start(false);
@@ -221,13 +222,11 @@ void tst_Action::disabledBlocksStartAndToggleButNotTrigger()
 
 void tst_Action::repeatedStartAndIdleStopAreSilent()
 {
-    RecordingHandler handler(&m_log, true);
-    Action action(QStringLiteral("a"));
-    action.setCheckable(true);
-    action.setActionHandler(&handler);
+    Rig rig(&m_log, true);
+    Action& action = rig.action;
 
     action.stop();
-    QCOMPARE(handler.stops, 0);
+    QCOMPARE(rig.handler.stops, 0);
 
     action.start(false);
     QSignalSpy triggered(&action, &Action::triggered);
@@ -263,10 +262,8 @@ void tst_Action::triggerFollowsCheckedState()
     QFETCH(bool, checked);
     QFETCH(bool, activeAfter);
 
-    RecordingHandler handler(&m_log, true);
-    Action action(QStringLiteral("a"));
-    action.setCheckable(checkable);
-    action.setActionHandler(&handler);
+    Rig rig(&m_log, true, checkable);
+    Action& action = rig.action;
     if (startActive)
         action.start(false);
     QVERIFY(action.isActive() == startActive);
@@ -425,26 +422,20 @@ void tst_Action::qactionDrivesTheAction()
 {
     // A checkable action follows the QAction's check box, and a refusing handler unchecks it.
     {
-        RecordingHandler refusing(&m_log, false);
-        Action action(QStringLiteral("a"));
-        action.setCheckable(true);
-        action.setActionHandler(&refusing);
-        QAction* qaction = action.getQAction();
+        Rig refusing(&m_log, false);
+        QAction* qaction = refusing.action.getQAction();
         qaction->trigger();
         QCOMPARE(m_log, QStringList {"refused"});
-        QVERIFY(!action.isActive());
+        QVERIFY(!refusing.action.isActive());
         QVERIFY(!qaction->isChecked());
     }
     {
-        RecordingHandler accepting(&m_log, true);
-        Action action(QStringLiteral("a"));
-        action.setCheckable(true);
-        action.setActionHandler(&accepting);
-        QAction* qaction = action.getQAction();
+        Rig accepting(&m_log, true);
+        QAction* qaction = accepting.action.getQAction();
         qaction->trigger();
-        QVERIFY(action.isActive());
+        QVERIFY(accepting.action.isActive());
         qaction->trigger();
-        QVERIFY(!action.isActive());
+        QVERIFY(!accepting.action.isActive());
     }
     // A one-shot command runs and ends inside one trigger.
     {

@@ -38,8 +38,7 @@ private Q_SLOTS:
     void moveHorizontalIsSilent();
     void draggingTheCenterEmitsVerticalThenHorizontal();
     void draggingALineMovesTheCenter();
-    void crossMovableReportsTheHorizontalLine();
-    void crossVisibility();
+    void crossMovableAndVisibility();
 
 private:
     CrossDragger* addCross();
@@ -85,44 +84,35 @@ void tst_Draggers::lineConstraint_data()
     QTest::addColumn<QPointF>("proposed");
     QTest::addColumn<QPointF>("expected");
 
+    const auto row = [](const char* name, Qt::Orientation orientation, bool useTestBounds,
+                         float tick, bool halfOffset, QPointF proposed, QPointF expected) {
+        QTest::newRow(name) << orientation << useTestBounds << tick << halfOffset << proposed
+                            << expected;
+    };
     // The default rectangle ends at 0 on the right and at the bottom.
-    QTest::newRow("default vertical 50 -> 0")
-        << Qt::Vertical << false << 0.0f << true << QPointF(50, 30) << QPointF(0, 0);
-    QTest::newRow("default horizontal 50 -> 0")
-        << Qt::Horizontal << false << 0.0f << true << QPointF(30, 50) << QPointF(0, 0);
-    QTest::newRow("default vertical inside")
-        << Qt::Vertical << false << 0.0f << true << QPointF(-250.5, 7) << QPointF(-250.5, 0);
+    row("default vertical 50 -> 0", Qt::Vertical, false, 0.0f, true, {50, 30}, {0, 0});
+    row("default horizontal 50 -> 0", Qt::Horizontal, false, 0.0f, true, {30, 50}, {0, 0});
+    row("default vertical inside", Qt::Vertical, false, 0.0f, true, {-250.5, 7}, {-250.5, 0});
 
-    QTest::newRow("vertical floors 27 -> 20")
-        << Qt::Vertical << true << 10.0f << false << QPointF(27, 0) << QPointF(20, 0);
-    QTest::newRow("vertical floors -27 -> -30")
-        << Qt::Vertical << true << 10.0f << false << QPointF(-27, 0) << QPointF(-30, 0);
-    QTest::newRow("horizontal truncates -27 -> -20")
-        << Qt::Horizontal << true << 10.0f << false << QPointF(0, -27) << QPointF(0, -20);
-    QTest::newRow("horizontal truncates 27 -> 20")
-        << Qt::Horizontal << true << 10.0f << false << QPointF(0, 27) << QPointF(0, 20);
-    QTest::newRow("vertical half offset 27 -> 25")
-        << Qt::Vertical << true << 10.0f << true << QPointF(27, 0) << QPointF(25, 0);
-    QTest::newRow("horizontal half offset 27 -> 25")
-        << Qt::Horizontal << true << 10.0f << true << QPointF(0, 27) << QPointF(0, 25);
+    row("vertical floors 27 -> 20", Qt::Vertical, true, 10.0f, false, {27, 0}, {20, 0});
+    row("vertical floors -27 -> -30", Qt::Vertical, true, 10.0f, false, {-27, 0}, {-30, 0});
+    row("horizontal truncates -27 -> -20", Qt::Horizontal, true, 10.0f, false, {0, -27}, {0, -20});
+    row("horizontal truncates 27 -> 20", Qt::Horizontal, true, 10.0f, false, {0, 27}, {0, 20});
+    row("vertical half offset 27 -> 25", Qt::Vertical, true, 10.0f, true, {27, 0}, {25, 0});
+    row("horizontal half offset 27 -> 25", Qt::Horizontal, true, 10.0f, true, {0, 27}, {0, 25});
 
     // Clamping to the left and top edges.
-    QTest::newRow("vertical left edge")
-        << Qt::Vertical << true << 0.0f << false << QPointF(-150, 0) << QPointF(-100, 0);
-    QTest::newRow("horizontal top edge")
-        << Qt::Horizontal << true << 0.0f << false << QPointF(0, -150) << QPointF(0, -100);
+    row("vertical left edge", Qt::Vertical, true, 0.0f, false, {-150, 0}, {-100, 0});
+    row("horizontal top edge", Qt::Horizontal, true, 0.0f, false, {0, -150}, {0, -100});
     // Without half offset the vertical line reaches the right edge, while the horizontal line
     // always stays a whole tick above the bottom edge.
-    QTest::newRow("vertical right edge")
-        << Qt::Vertical << true << 10.0f << false << QPointF(150, 0) << QPointF(100, 0);
-    QTest::newRow("horizontal bottom edge less a tick")
-        << Qt::Horizontal << true << 10.0f << false << QPointF(0, 150) << QPointF(0, 90);
+    row("vertical right edge", Qt::Vertical, true, 10.0f, false, {150, 0}, {100, 0});
+    row("horizontal bottom edge less a tick", Qt::Horizontal, true, 10.0f, false, {0, 150},
+        {0, 90});
     // With half offset the rectangle grows by half a tick: right edge 110, less a tick, then
     // snapped to the middle of the tick.
-    QTest::newRow("vertical right edge half offset")
-        << Qt::Vertical << true << 10.0f << true << QPointF(150, 0) << QPointF(105, 0);
-    QTest::newRow("vertical left edge half offset")
-        << Qt::Vertical << true << 10.0f << true << QPointF(-150, 0) << QPointF(-95, 0);
+    row("vertical right edge half offset", Qt::Vertical, true, 10.0f, true, {150, 0}, {105, 0});
+    row("vertical left edge half offset", Qt::Vertical, true, 10.0f, true, {-150, 0}, {-95, 0});
 
     // Snapping in single precision: 0.1 is not exact, the product is rounded as a float.
     QTest::newRow("single precision snap") << Qt::Vertical << true << 0.1f << false
@@ -384,9 +374,10 @@ void tst_Draggers::draggingALineMovesTheCenter()
     QCOMPARE(horizontalMoved.count(), 0);
 }
 
-void tst_Draggers::crossMovableReportsTheHorizontalLine()
+void tst_Draggers::crossMovableAndVisibility()
 {
     CrossDragger cross;
+    // Movable reports the horizontal line.
     cross.setMovable(false);
     QVERIFY(!cross.getMovable());
     QVERIFY(!cross.getVerticalDragger()->isMovable());
@@ -395,11 +386,7 @@ void tst_Draggers::crossMovableReportsTheHorizontalLine()
     cross.getHorizontalDragger()->setMovable(true);
     cross.getVerticalDragger()->setMovable(false);
     QVERIFY(cross.getMovable());
-}
 
-void tst_Draggers::crossVisibility()
-{
-    CrossDragger cross;
     auto* center = childNamed<CenterDragger>(&cross, "centerDragger");
     LineDragger* horizontal = cross.getHorizontalDragger();
     LineDragger* vertical = cross.getVerticalDragger();

@@ -28,22 +28,14 @@ InvisibleLineDragger* pickLineOf(QGraphicsItem* item)
 }
 
 // The group's lines by their stacking: the horizontal line lies above the vertical one.
-LineManipulationGraphicsItem* horizontalOf(QGraphicsItem* group)
+QList<LineManipulationGraphicsItem*> horizontalAndVerticalOf(QGraphicsItem* group)
 {
+    QList<LineManipulationGraphicsItem*> lines {nullptr, nullptr};
     for (auto* line : childrenOfType<LineManipulationGraphicsItem>(group)) {
-        if (line->zValue() == 0.2)
-            return line;
+        if (line->zValue() == 0.2 || line->zValue() == 0.1)
+            lines[line->zValue() == 0.2 ? 0 : 1] = line;
     }
-    return nullptr;
-}
-
-LineManipulationGraphicsItem* verticalOf(QGraphicsItem* group)
-{
-    for (auto* line : childrenOfType<LineManipulationGraphicsItem>(group)) {
-        if (line->zValue() == 0.1)
-            return line;
-    }
-    return nullptr;
+    return lines;
 }
 
 // The drawn lines are clipped in single precision.
@@ -82,8 +74,7 @@ private Q_SLOTS:
     void draggingTheGroupCenterTranslatesVerticalThenHorizontal();
     void hoveringTheCenterDisablesTheLines();
     void groupForwardsRotations();
-    void groupSettingsReportTheHorizontalLine();
-    void groupVisibility();
+    void groupSettingsAndVisibility();
     void addLineManipulatorIsNotConnected();
 
 private:
@@ -404,8 +395,9 @@ void tst_LineManipulation::overrideCursorsArePaired()
 void tst_LineManipulation::groupConstruction()
 {
     CrossedLinesManipulationGraphicsItemGroup* group = addGroup();
-    LineManipulationGraphicsItem* horizontal = horizontalOf(group);
-    LineManipulationGraphicsItem* vertical = verticalOf(group);
+    const auto lines = horizontalAndVerticalOf(group);
+    LineManipulationGraphicsItem* horizontal = lines.at(0);
+    LineManipulationGraphicsItem* vertical = lines.at(1);
     CenterDragger* center = childrenOfType<CenterDragger>(group).first();
     QVERIFY(horizontal && vertical);
     QCOMPARE(horizontal->pen().color(), QColor(Qt::red));
@@ -499,7 +491,7 @@ void tst_LineManipulation::hoveringTheCenterDisablesTheLines()
 void tst_LineManipulation::groupForwardsRotations()
 {
     CrossedLinesManipulationGraphicsItemGroup* group = addGroup();
-    const QList<LineManipulationGraphicsItem*> lines = {horizontalOf(group), verticalOf(group)};
+    const QList<LineManipulationGraphicsItem*> lines = horizontalAndVerticalOf(group);
     QSignalSpy horizontalRotated(
         group, &CrossedLinesManipulationGraphicsItemGroup::horizontalLineRotated);
     QSignalSpy verticalRotated(
@@ -521,10 +513,10 @@ void tst_LineManipulation::groupForwardsRotations()
     QCOMPARE(verticalRotated.count(), 0);
 }
 
-void tst_LineManipulation::groupSettingsReportTheHorizontalLine()
+void tst_LineManipulation::groupSettingsAndVisibility()
 {
     CrossedLinesManipulationGraphicsItemGroup group;
-    const QList<LineManipulationGraphicsItem*> lines = {horizontalOf(&group), verticalOf(&group)};
+    const QList<LineManipulationGraphicsItem*> lines = horizontalAndVerticalOf(&group);
     CenterDragger* center = childrenOfType<CenterDragger>(&group).first();
 
     group.enableTranslation(false);
@@ -541,14 +533,8 @@ void tst_LineManipulation::groupSettingsReportTheHorizontalLine()
     lines.at(0)->enableRotation(true);
     QVERIFY(group.isRotationEnabled());
     QVERIFY(!lines.at(1)->isRotationEnabled());
-}
 
-void tst_LineManipulation::groupVisibility()
-{
-    CrossedLinesManipulationGraphicsItemGroup group;
-    const QList<LineManipulationGraphicsItem*> lines = {horizontalOf(&group), verticalOf(&group)};
-    CenterDragger* center = childrenOfType<CenterDragger>(&group).first();
-
+    // The handle shows only while both lines do.
     group.showVerticalLine(false);
     QVERIFY(!lines.at(1)->isVisible());
     QVERIFY(!center->isVisible());

@@ -21,7 +21,6 @@ private Q_SLOTS:
     void sameWidgetAndSequenceGiveOneShortcut();
     void findMatchesParentAndKey();
     void applicationShortcutNeedsTheMainWidget();
-    void mainWidgetIsSetOnce();
     void applicationShortcutFiresOnKeyPress();
     void destroyedShortcutsAreForgotten();
     void deleteWidgetShortcut();
@@ -98,12 +97,9 @@ void tst_ShortcutManager::applicationShortcutNeedsTheMainWidget()
     QCOMPARE(shortcut->parent(), m_mainWidget.get());
     QCOMPARE(m_manager->addApplicationShortcut(QKeySequence("Ctrl+Q")), shortcut);
     QCOMPARE(m_manager->findShortCutFor(m_mainWidget.get(), QKeySequence("Ctrl+Q")), shortcut);
-}
 
-void tst_ShortcutManager::mainWidgetIsSetOnce()
-{
+    // The main widget is set once.
     QWidget second;
-    m_manager->setMainApplicationWidget(m_mainWidget.get());
     QTest::ignoreMessage(
         QtDebugMsg, "ShortcutManager : we already have an application main widget set.");
     m_manager->setMainApplicationWidget(&second);

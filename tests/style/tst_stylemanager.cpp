@@ -44,11 +44,6 @@ private:
     }
 };
 
-QString quoted(const QString& text)
-{
-    return QLatin1Char('"') + text + QLatin1Char('"');
-}
-
 bool writeFile(const QString& path, const QByteArray& content)
 {
     QFile file(path);
@@ -72,7 +67,6 @@ private Q_SLOTS:
     void completeFont();
     void fontFamilies_data();
     void fontFamilies();
-    void deprecatedGetFontWarns();
     void dateFormatFallsBackToGenericFormat();
     void formatting();
     void commonFormatsOverwriteEvenWhenEmpty();
@@ -137,58 +131,29 @@ void tst_StyleManager::numericGetters_data()
     const QString noProperty = "StyleManager : font property not found for id \"@X\"";
     const QString noLineHeight = "StyleManager : line-height not found for font id \"@X\"";
 
-    QTest::newRow("size") << "size"
-                          << "@X"
-                          << "1.5" << 1.5 << QString();
-    QTest::newRow("size not a number") << "size"
-                                       << "@X"
-                                       << "12px" << 0.0 << badSize.arg("12px");
-    QTest::newRow("size empty") << "size"
-                                << "@X"
-                                << "" << 0.0 << "StyleManager : size not found for id \"@X\"";
-    QTest::newRow("font size") << "fontSize"
-                               << "@X"
-                               << "13" << 13.0 << QString();
-    QTest::newRow("font size fraction") << "fontSize"
-                                        << "@X"
-                                        << "12.5" << 0.0 << badProperty.arg("12.5");
-    QTest::newRow("font size empty") << "fontSize"
-                                     << "@X"
-                                     << "" << 0.0 << noProperty;
-    QTest::newRow("weight") << "fontWeight"
-                            << "@X"
-                            << "600" << 600.0 << QString();
-    QTest::newRow("weight not base 10") << "fontWeight"
-                                        << "@X"
-                                        << "0x10" << 0.0 << badProperty.arg("0x10");
-    QTest::newRow("bool true") << "bool"
-                               << "@X"
-                               << "true" << 1.0 << QString();
-    QTest::newRow("bool false") << "bool"
-                                << "@X"
-                                << "false" << 0.0 << QString();
-    QTest::newRow("bool upper case") << "bool"
-                                     << "@X"
-                                     << "TRUE" << 0.0 << badProperty.arg("TRUE");
-    QTest::newRow("bool one") << "bool"
-                              << "@X"
-                              << "1" << 0.0 << badProperty.arg("1");
-    QTest::newRow("bool empty") << "bool"
-                                << "@X"
-                                << "" << 0.0 << noProperty;
-    QTest::newRow("line height") << "lineHeight"
-                                 << "@X-line-height"
-                                 << "1.25" << 1.25 << QString();
-    QTest::newRow("line height reads only its own key") << "lineHeight"
-                                                        << "@X"
-                                                        << "1.5" << 0.1 << noLineHeight;
-    QTest::newRow("line height empty") << "lineHeight"
-                                       << "@X-line-height"
-                                       << "" << 0.1 << noLineHeight;
-    QTest::newRow("line height not a number")
-        << "lineHeight"
-        << "@X-line-height"
-        << "normal" << 0.1 << "StyleManager : Invalid line-height format for id \"@X\"";
+    const auto row = [](const char* name, const char* getter, const char* key, const char* value,
+                         double expected, const QString& warning = QString()) {
+        QTest::newRow(name) << QString(getter) << QString(key) << QString(value) << expected
+                            << warning;
+    };
+    row("size", "size", "@X", "1.5", 1.5);
+    row("size not a number", "size", "@X", "12px", 0.0, badSize.arg("12px"));
+    row("size empty", "size", "@X", "", 0.0, "StyleManager : size not found for id \"@X\"");
+    row("font size", "fontSize", "@X", "13", 13.0);
+    row("font size fraction", "fontSize", "@X", "12.5", 0.0, badProperty.arg("12.5"));
+    row("font size empty", "fontSize", "@X", "", 0.0, noProperty);
+    row("weight", "fontWeight", "@X", "600", 600.0);
+    row("weight not base 10", "fontWeight", "@X", "0x10", 0.0, badProperty.arg("0x10"));
+    row("bool true", "bool", "@X", "true", 1.0);
+    row("bool false", "bool", "@X", "false", 0.0);
+    row("bool upper case", "bool", "@X", "TRUE", 0.0, badProperty.arg("TRUE"));
+    row("bool one", "bool", "@X", "1", 0.0, badProperty.arg("1"));
+    row("bool empty", "bool", "@X", "", 0.0, noProperty);
+    row("line height", "lineHeight", "@X-line-height", "1.25", 1.25);
+    row("line height reads only its own key", "lineHeight", "@X", "1.5", 0.1, noLineHeight);
+    row("line height empty", "lineHeight", "@X-line-height", "", 0.1, noLineHeight);
+    row("line height not a number", "lineHeight", "@X-line-height", "normal", 0.1,
+        "StyleManager : Invalid line-height format for id \"@X\"");
 }
 
 void tst_StyleManager::numericGetters()
@@ -258,14 +223,11 @@ void tst_StyleManager::fontFamilies_data()
     QTest::addColumn<QString>("value");
     QTest::addColumn<QString>("forQFont");
 
-    QTest::newRow("quoted") << "\"DejaVu Sans\""
-                            << "DejaVu Sans";
-    QTest::newRow("unquoted") << "DejaVu Sans"
-                              << "DejaVu Sans";
-    QTest::newRow("opening quote only loses last character") << "\"DejaVu Sans"
-                                                             << "DejaVu San";
-    QTest::newRow("just a quote") << "\""
-                                  << "";
+    QTest::newRow("quoted") << QString("\"DejaVu Sans\"") << QString("DejaVu Sans");
+    QTest::newRow("unquoted") << QString("DejaVu Sans") << QString("DejaVu Sans");
+    QTest::newRow("opening quote only loses last character")
+        << QString("\"DejaVu Sans") << QString("DejaVu San");
+    QTest::newRow("just a quote") << QString("\"") << QString();
 }
 
 void tst_StyleManager::fontFamilies()
@@ -284,14 +246,6 @@ void tst_StyleManager::fontFamilies()
     QCOMPARE(manager.getFontFamilyForQFont("@F"), QString());
     QTest::ignoreMessage(QtWarningMsg, "StyleManager : font not found for id \"@F\"");
     QCOMPARE(manager.getCompleteFont("@F"), QFont());
-}
-
-void tst_StyleManager::deprecatedGetFontWarns()
-{
-    manager.setFonts({{"@F", "\"Serif\""}});
-    QTest::ignoreMessage(
-        QtWarningMsg, "StyleManager::getFont  is deprecated. Use getFontFamily instead.");
-    QCOMPARE(manager.getFont("@F"), QString("\"Serif\""));
 }
 
 void tst_StyleManager::dateFormatFallsBackToGenericFormat()

@@ -96,33 +96,20 @@ inline const std::vector<Change>& allChanges()
     using namespace ui;
     static const std::vector<Change> changes {
         change<DataObjectNode>("uuid", [](auto& n) { n.setDataObjectUUID("uuid-1"); }),
-        change<AngulatedResliceNode>("origin",
-            [](auto& n) {
-                n.setOrigin({1, 2, 3});
-            }),
-        change<AngulatedResliceNode>("direction0",
-            [](auto& n) {
-                n.setDirection0({0, 1, 0});
-            }),
-        change<AngulatedResliceNode>("direction1",
-            [](auto& n) {
-                n.setDirection1({0, 0, 1});
-            }),
-        change<AttachablePointNode>("position",
-            [](auto& n) {
-                n.setAttachedPosition({4, 5, 6});
-            }),
-        change<AttachablePointNode>("direction",
-            [](auto& n) {
-                n.setAttachedDirection({1, 0, 0});
-            }),
-        change<AttachablePointNode>("upper",
-            [](auto& n) {
-                n.setAttachedUpperDirection({0, 0, 1});
-            }),
+        change<AngulatedResliceNode>("origin", [](auto& n) { n.setOrigin(QVector3D(1, 2, 3)); }),
+        change<AngulatedResliceNode>(
+            "direction0", [](auto& n) { n.setDirection0(QVector3D(0, 1, 0)); }),
+        change<AngulatedResliceNode>(
+            "direction1", [](auto& n) { n.setDirection1(QVector3D(0, 0, 1)); }),
+        change<AttachablePointNode>(
+            "position", [](auto& n) { n.setAttachedPosition(QVector3D(4, 5, 6)); }),
+        change<AttachablePointNode>(
+            "direction", [](auto& n) { n.setAttachedDirection(QVector3D(1, 0, 0)); }),
+        change<AttachablePointNode>(
+            "upper", [](auto& n) { n.setAttachedUpperDirection(QVector3D(0, 0, 1)); }),
         change<Measurement2DNode>("labels",
             [](auto& n) {
-                n.setLabelRelativePositions({{0.5, 0.25}, {-1, 2}});
+                n.setLabelRelativePositions({QPointF(0.5, 0.25), QPointF(-1, 2)});
             }),
         change<DentalScanComparisonOptionsNode>(
             "transparency", [](auto& n) { n.setComparisonScanTransparency(40); }),
@@ -142,20 +129,14 @@ inline const std::vector<Change>& allChanges()
         change<ViewerNode>("maximized", [](auto& n) { n.setMaximized(true); }),
         change<ViewerNode>("hadContent", [](auto& n) { n.setHadContentWhenGenerated(true); }),
         change<ViewerNode>("associated", [](auto& n) { n.setAssociatedDataObjectUUID("uuid-2"); }),
-        change<Viewer2DNode>("zoomBox",
-            [](auto& n) {
-                n.setZoomBox({1.5, 2.5, 30, 40});
-            }),
+        change<Viewer2DNode>("zoomBox", [](auto& n) { n.setZoomBox(QRectF(1.5, 2.5, 30, 40)); }),
         change<ResliceViewerNode>("orientation", [](auto& n) { n.setPlaneOrientation("axial"); }),
         change<ResliceViewerNode>("slider", [](auto& n) { n.setSliderIndex(17); }),
         change<CrossSectionalResliceViewerNode>("slices", [](auto& n) { n.setNumberOfSlices(9); }),
         change<CrossSectionalResliceViewerNode>(
             "spacing", [](auto& n) { n.setSliceSpacing(0.25f); }),
         change<CrossSectionalResliceViewerNode>("slider", [](auto& n) { n.setSliderIndex(4); }),
-        change<Viewer3DNode>("camera",
-            [](auto& n) {
-                n.setCameraPosition({10, 20, 30});
-            }),
+        change<Viewer3DNode>("camera", [](auto& n) { n.setCameraPosition(QVector3D(10, 20, 30)); }),
         change<Viewer3DNode>(
             "rotation", [](auto& n) { n.setRotation(QQuaternion::fromEulerAngles(10, 20, 30)); }),
         change<Viewer3DNode>("near", [](auto& n) { n.setNearDistance(0.125f); }),
@@ -165,18 +146,11 @@ inline const std::vector<Change>& allChanges()
         change<CtDataViewer3DNode>(
             "updateCamera", [](auto& n) { n.setUpdateCameraWhenPatientOrientationChanges(false); }),
         change<DentalScanViewer3DNode>("arch", [](auto& n) { n.setArchType(ToothChart::Lower); }),
-        change<SnappedResliceNode>("origin",
-            [](auto& n) {
-                n.setOrigin({7, 8, 9});
-            }),
-        change<SnappedResliceNode>("direction0",
-            [](auto& n) {
-                n.setDirection0({1, 1, 0});
-            }),
-        change<SnappedResliceNode>("direction1",
-            [](auto& n) {
-                n.setDirection1({0, 1, 1});
-            }),
+        change<SnappedResliceNode>("origin", [](auto& n) { n.setOrigin(QVector3D(7, 8, 9)); }),
+        change<SnappedResliceNode>(
+            "direction0", [](auto& n) { n.setDirection0(QVector3D(1, 1, 0)); }),
+        change<SnappedResliceNode>(
+            "direction1", [](auto& n) { n.setDirection1(QVector3D(0, 1, 1)); }),
         change<SnappedResliceNode>(
             "orientation", [](auto& n) { n.setPlaneOrientation("coronal"); }),
         change<Clipping3DNode>("reslice", [](auto& n) { n.setClippingResliceUUID("uuid-3"); }),

@@ -217,7 +217,6 @@ void tst_NodeKinds::viewerDefaultsAndClearing()
 {
     ui::ViewerNode viewer;
     QCOMPARE(viewer.getViewerIndex(), -1);
-    QCOMPARE(ui::ViewerNode::DEFAULT_VIEWER_INDEX, -1);
     viewer.setAssociatedDataObjectUUID("abc");
     viewer.clearAlteredRecursively();
     viewer.clearAssociatedDataObjectUUID();

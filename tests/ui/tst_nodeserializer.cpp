@@ -181,49 +181,46 @@ void tst_NodeSerializer::malformedInputGivesNoTree_data()
     const QString notTree = "NodeSerializer : the document does not hold a state tree.";
     const QString malformed = "NodeSerializer : malformed state tree, nothing was read: %1.";
 
-    QTest::newRow("empty") << QByteArray() << notJson;
-    QTest::newRow("truncated") << valid.left(valid.size() / 2) << notJson;
-    QTest::newRow("garbage") << QByteArray("\x01\xff{{") << notJson;
-    QTest::newRow("array document") << QByteArray("[1, 2]") << notTree;
-    QTest::newRow("foreign object") << QByteArray(R"({"root": {}})") << notTree;
-    QTest::newRow("root is a string")
-        << QByteArray(R"({"format": "GuiCoreStateTree", "root": "ViewNode"})") << notTree;
-    QTest::newRow("no type") << document(QJsonObject {{"versions", QJsonObject()}})
-                             << malformed.arg("a node has no type id");
-    QTest::newRow("numeric type") << document(
-        QJsonObject {{"type", 5}, {"versions", QJsonObject()}})
-                                  << malformed.arg("a node has no type id");
-    QTest::newRow("no versions") << document(QJsonObject {{"type", "ViewNode"}})
-                                 << malformed.arg(
-                                        R"(the versions of "ViewNode" are missing or malformed)");
-    QTest::newRow("bad version") << document(
-        QJsonObject {{"type", "ViewNode"}, {"versions", QJsonObject {{"Node", "one"}}}})
-                                 << malformed.arg(
-                                        R"(the versions of "ViewNode" are missing or malformed)");
-    QTest::newRow("version with suffix")
-        << document(
-               QJsonObject {{"type", "ViewNode"}, {"versions", QJsonObject {{"Node", "1.0-beta"}}}})
-        << malformed.arg(R"(the versions of "ViewNode" are missing or malformed)");
-    QTest::newRow("children not an array")
-        << document(QJsonObject {
-               {"type", "ViewNode"}, {"versions", QJsonObject()}, {"children", QJsonObject()}})
-        << malformed.arg(R"(the children of "ViewNode" are not an array)");
-    QTest::newRow("child not an object")
-        << document(nodeJson("ViewNode", QJsonArray {nodeJson("SplitterNode"), 42}))
-        << malformed.arg("a node is not a JSON object");
-    QTest::newRow("bad grandchild deep in a valid tree")
-        << document(nodeJson("ViewNode",
-               QJsonArray {
-                   nodeJson("ViewerNode", QJsonArray {QJsonObject {{"type", "SplitterNode"}}})}))
-        << malformed.arg(R"(the versions of "SplitterNode" are missing or malformed)");
-    QTest::newRow("properties not an object")
-        << document(QJsonObject {
-               {"type", "ViewNode"}, {"versions", QJsonObject()}, {"properties", QJsonArray()}})
-        << malformed.arg(R"(the properties of "ViewNode" are not an object)");
-    QTest::newRow("level not an object")
-        << document(QJsonObject {{"type", "ViewNode"}, {"versions", QJsonObject()},
-               {"properties", QJsonObject {{"ViewNode", 1}}}})
-        << malformed.arg(R"(the properties of level "ViewNode" in "ViewNode" are not an object)");
+    const auto row = [](const char* name, const QByteArray& json, const QString& warning) {
+        QTest::newRow(name) << json << warning;
+    };
+    const QString badVersions = malformed.arg(R"(the versions of "%1" are missing or malformed)");
+    const QJsonObject noVersions {{"type", "ViewNode"}, {"versions", QJsonObject()}};
+    const auto plus = [](QJsonObject node, const char* key, const QJsonValue& value) {
+        node.insert(key, value);
+        return node;
+    };
+
+    row("empty", QByteArray(), notJson);
+    row("truncated", valid.left(valid.size() / 2), notJson);
+    row("garbage", QByteArray("\x01\xff{{"), notJson);
+    row("array document", QByteArray("[1, 2]"), notTree);
+    row("foreign object", QByteArray(R"({"root": {}})"), notTree);
+    row("root is a string", R"({"format": "GuiCoreStateTree", "root": "ViewNode"})", notTree);
+    const QString noType = malformed.arg("a node has no type id");
+    row("no type", document(QJsonObject {{"versions", QJsonObject()}}), noType);
+    row("numeric type", document(QJsonObject {{"type", 5}, {"versions", QJsonObject()}}), noType);
+    row("no versions", document(QJsonObject {{"type", "ViewNode"}}), badVersions.arg("ViewNode"));
+    row("bad version", document(plus(noVersions, "versions", QJsonObject {{"Node", "one"}})),
+        badVersions.arg("ViewNode"));
+    row("version with suffix",
+        document(plus(noVersions, "versions", QJsonObject {{"Node", "1.0-beta"}})),
+        badVersions.arg("ViewNode"));
+    row("children not an array", document(plus(noVersions, "children", QJsonObject())),
+        malformed.arg(R"(the children of "ViewNode" are not an array)"));
+    row("child not an object",
+        document(nodeJson("ViewNode", QJsonArray {nodeJson("SplitterNode"), 42})),
+        malformed.arg("a node is not a JSON object"));
+    row("bad grandchild deep in a valid tree",
+        document(nodeJson("ViewNode",
+            QJsonArray {
+                nodeJson("ViewerNode", QJsonArray {QJsonObject {{"type", "SplitterNode"}}})})),
+        badVersions.arg("SplitterNode"));
+    row("properties not an object", document(plus(noVersions, "properties", QJsonArray())),
+        malformed.arg(R"(the properties of "ViewNode" are not an object)"));
+    row("level not an object",
+        document(plus(noVersions, "properties", QJsonObject {{"ViewNode", 1}})),
+        malformed.arg(R"(the properties of level "ViewNode" in "ViewNode" are not an object)"));
 
     struct WrongValue
     {
@@ -258,21 +255,18 @@ void tst_NodeSerializer::malformedInputGivesNoTree_data()
             QJsonArray {nodeJson("FutureNode")}},
     };
     for (const WrongValue& wrong : wrongValues) {
-        QTest::newRow(wrong.row) << document(
-            withProperty(wrong.type, wrong.level, wrong.name, wrong.value))
-                                 << malformed.arg(QStringLiteral(
-                                        R"(property "%1" of "%2" in "%3" has the wrong type)")
-                                                      .arg(wrong.name, wrong.level, wrong.type));
+        row(wrong.row, document(withProperty(wrong.type, wrong.level, wrong.name, wrong.value)),
+            malformed.arg(QStringLiteral(R"(property "%1" of "%2" in "%3" has the wrong type)")
+                              .arg(wrong.name, wrong.level, wrong.type)));
     }
 
-    QTest::newRow("deeper than the limit")
-        << chain(ui::NodeSerializer::MAXIMUM_DEPTH + 1)
-        << malformed.arg(QStringLiteral("the tree is nested deeper than %1 levels")
-                             .arg(ui::NodeSerializer::MAXIMUM_DEPTH));
+    row("deeper than the limit", chain(ui::NodeSerializer::MAXIMUM_DEPTH + 1),
+        malformed.arg(QStringLiteral("the tree is nested deeper than %1 levels")
+                          .arg(ui::NodeSerializer::MAXIMUM_DEPTH)));
     QByteArray runaway;
     for (int i = 0; i < 100000; ++i)
         runaway += R"({"children":[)";
-    QTest::newRow("runaway nesting") << runaway << notJson;
+    row("runaway nesting", runaway, notJson);
 }
 
 void tst_NodeSerializer::malformedInputGivesNoTree()
@@ -316,9 +310,7 @@ void tst_NodeSerializer::unreadableFile()
 
     const QString inMissingFolder = dir.filePath("no/such/folder/state.json");
     QTest::ignoreMessage(QtWarningMsg,
-        qPrintable(QStringLiteral("NodeSerializer : cannot write "
-                                  "%1.")
-                       .arg(inMissingFolder)));
+        qPrintable(QStringLiteral("NodeSerializer : cannot write %1.").arg(inMissingFolder)));
     QVERIFY(!ui::NodeSerializer::writeFile(ui::ViewNode(), inMissingFolder));
 }
 

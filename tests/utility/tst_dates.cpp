@@ -60,23 +60,19 @@ void tst_Dates::builtDates_data()
     QTest::addColumn<QString>("abbreviated");
     QTest::addColumn<QString>("full");
 
+    const auto row = [](const char* name, DateBuilder::DateFormat format, const char* separator,
+                         const char* numeric, const char* abbreviated, const char* full) {
+        QTest::newRow(name) << int(format) << QString(separator) << QString(numeric)
+                            << QString(abbreviated) << QString(full);
+    };
     // The day keeps its leading zero, the numeric month does not.
-    QTest::newRow("year month day") << int(DateBuilder::YearMonthDay) << "-"
-                                    << "2024-3-05"
-                                    << "2024-Mar-05"
-                                    << "2024-March-05";
-    QTest::newRow("day month year") << int(DateBuilder::DayMonthYear) << "."
-                                    << "05.3.2024"
-                                    << "05.Mar.2024"
-                                    << "05.March.2024";
-    QTest::newRow("month day year") << int(DateBuilder::MonthDayYear) << " / "
-                                    << "3 / 05 / 2024"
-                                    << "Mar / 05 / 2024"
-                                    << "March / 05 / 2024";
-    QTest::newRow("empty separator") << int(DateBuilder::DayMonthYear) << ""
-                                     << "0532024"
-                                     << "05Mar2024"
-                                     << "05March2024";
+    row("year month day", DateBuilder::YearMonthDay, "-", "2024-3-05", "2024-Mar-05",
+        "2024-March-05");
+    row("day month year", DateBuilder::DayMonthYear, ".", "05.3.2024", "05.Mar.2024",
+        "05.March.2024");
+    row("month day year", DateBuilder::MonthDayYear, " / ", "3 / 05 / 2024", "Mar / 05 / 2024",
+        "March / 05 / 2024");
+    row("empty separator", DateBuilder::DayMonthYear, "", "0532024", "05Mar2024", "05March2024");
 }
 
 void tst_Dates::builtDates()
@@ -125,47 +121,26 @@ void tst_Dates::matching_data()
     QTest::addColumn<QString>("date");
     QTest::addColumn<bool>("matches");
 
-    QTest::newRow("year first, month fixed") << "yyyy-MM-dd"
-                                             << "YYYY-03-DD"
-                                             << "2024-03-05" << true;
-    QTest::newRow("year first, other month") << "yyyy-MM-dd"
-                                             << "YYYY-04-DD"
-                                             << "2024-03-05" << false;
-    QTest::newRow("year first, one year digit") << "yyyy-MM-dd"
-                                                << "Y0YY-MM-DD"
-                                                << "2024-03-05" << true;
-    QTest::newRow("year first, wrong year digit") << "yyyy-MM-dd"
-                                                  << "Y1YY-MM-DD"
-                                                  << "2024-03-05" << false;
-    QTest::newRow("day first, day tens") << "dd.MM.yyyy"
-                                         << "1D.MM.YYYY"
-                                         << "15.03.2024" << true;
-    QTest::newRow("day first, day fixed") << "dd.MM.yyyy"
-                                          << "05.MM.YYYY"
-                                          << "15.03.2024" << false;
-    QTest::newRow("month first") << "MM/dd/yyyy"
-                                 << "03/DD/YYYY"
-                                 << "03/05/2024" << true;
-    QTest::newRow("month first, day is not month") << "MM/dd/yyyy"
-                                                   << "05/DD/YYYY"
-                                                   << "03/05/2024" << false;
-    QTest::newRow("lower-case pattern letters") << "dd MM yyyy"
-                                                << "dd 03 yyyy"
-                                                << "31 03 1999" << true;
+    const auto row = [](const char* name, const char* format, const char* pattern, const char* date,
+                         bool matches) {
+        QTest::newRow(name) << QString(format) << QString(pattern) << QString(date) << matches;
+    };
+    row("year first, month fixed", "yyyy-MM-dd", "YYYY-03-DD", "2024-03-05", true);
+    row("year first, other month", "yyyy-MM-dd", "YYYY-04-DD", "2024-03-05", false);
+    row("year first, one year digit", "yyyy-MM-dd", "Y0YY-MM-DD", "2024-03-05", true);
+    row("year first, wrong year digit", "yyyy-MM-dd", "Y1YY-MM-DD", "2024-03-05", false);
+    row("day first, day tens", "dd.MM.yyyy", "1D.MM.YYYY", "15.03.2024", true);
+    row("day first, day fixed", "dd.MM.yyyy", "05.MM.YYYY", "15.03.2024", false);
+    row("month first", "MM/dd/yyyy", "03/DD/YYYY", "03/05/2024", true);
+    row("month first, day is not month", "MM/dd/yyyy", "05/DD/YYYY", "03/05/2024", false);
+    row("lower-case pattern letters", "dd MM yyyy", "dd 03 yyyy", "31 03 1999", true);
     // Only one separator needs to be in place; the digits are read from fixed positions, so
     // this text's year digits are 0, none (the separator), 2 and 4.
-    QTest::newRow("second separator misplaced") << "dd-MM-yyyy"
-                                                << "DD-03-0YY4"
-                                                << "05-0320-24" << true;
-    QTest::newRow("second separator misplaced, year digit missing") << "dd-MM-yyyy"
-                                                                    << "DD-03-00Y4"
-                                                                    << "05-0320-24" << false;
-    QTest::newRow("second separator misplaced, month read") << "dd-MM-yyyy"
-                                                            << "DD-04-YYYY"
-                                                            << "05-0320-24" << false;
-    QTest::newRow("default pattern matches any date") << "dd.MM.yyyy"
-                                                      << ""
-                                                      << "29.02.2023" << true;
+    row("second separator misplaced", "dd-MM-yyyy", "DD-03-0YY4", "05-0320-24", true);
+    row("second separator misplaced, year digit missing", "dd-MM-yyyy", "DD-03-00Y4", "05-0320-24",
+        false);
+    row("second separator misplaced, month read", "dd-MM-yyyy", "DD-04-YYYY", "05-0320-24", false);
+    row("default pattern matches any date", "dd.MM.yyyy", "", "29.02.2023", true);
 }
 
 void tst_Dates::matching()
@@ -248,21 +223,15 @@ void tst_Dates::dateFormatModifiers_data()
     QTest::addColumn<QString>("mask");
     QTest::addColumn<QString>("inputFormat");
 
-    QTest::newRow("dotted") << "dd.MM.yyyy"
-                            << "09.09.D999"
-                            << "dd.MM.yyyy";
-    QTest::newRow("short fields") << "d/M/yy"
-                                  << "09/09/D999"
-                                  << "dd/MM/yyyy";
-    QTest::newRow("year first") << "yyyy-MM-dd"
-                                << "D999-09-09"
-                                << "yyyy-MM-dd";
-    QTest::newRow("upper-case year") << "dd.MM.YY"
-                                     << "09.09.D999"
-                                     << "dd.MM";
-    QTest::newRow("unknown field dropped") << "d.M.yy.hh"
-                                           << "09.09.D999.09"
-                                           << "dd.MM.yyyy";
+    const auto row
+        = [](const char* name, const char* shortFormat, const char* mask, const char* inputFormat) {
+              QTest::newRow(name) << QString(shortFormat) << QString(mask) << QString(inputFormat);
+          };
+    row("dotted", "dd.MM.yyyy", "09.09.D999", "dd.MM.yyyy");
+    row("short fields", "d/M/yy", "09/09/D999", "dd/MM/yyyy");
+    row("year first", "yyyy-MM-dd", "D999-09-09", "yyyy-MM-dd");
+    row("upper-case year", "dd.MM.YY", "09.09.D999", "dd.MM");
+    row("unknown field dropped", "d.M.yy.hh", "09.09.D999.09", "dd.MM.yyyy");
 }
 
 void tst_Dates::dateFormatModifiers()

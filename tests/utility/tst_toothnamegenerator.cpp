@@ -181,34 +181,18 @@ void tst_ToothNameGenerator::nextAndPrevious_data()
     QTest::addColumn<QString>("next");
     QTest::addColumn<QString>("previous");
 
-    QTest::newRow("fdi permanent") << ""
-                                   << "11"
-                                   << "21"
-                                   << "12";
-    QTest::newRow("fdi across arches") << ""
-                                       << "28"
-                                       << "38"
-                                       << "27";
-    QTest::newRow("fdi deciduous") << ""
-                                   << "51"
-                                   << "61"
-                                   << "52";
-    QTest::newRow("universal permanent") << "UNIV"
-                                         << "16"
-                                         << "17"
-                                         << "15";
-    QTest::newRow("universal deciduous") << "UNIV"
-                                         << "J"
-                                         << "K"
-                                         << "I";
-    QTest::newRow("first tooth") << "UNIV"
-                                 << "1"
-                                 << "2"
-                                 << "-";
-    QTest::newRow("not a tooth") << ""
-                                 << "xx"
-                                 << ""
-                                 << "";
+    const auto row = [](const char* name, const char* numbering, const char* tooth,
+                         const char* next, const char* previous) {
+        QTest::newRow(name) << QString(numbering) << QString(tooth) << QString(next)
+                            << QString(previous);
+    };
+    row("fdi permanent", "", "11", "21", "12");
+    row("fdi across arches", "", "28", "38", "27");
+    row("fdi deciduous", "", "51", "61", "52");
+    row("universal permanent", "UNIV", "16", "17", "15");
+    row("universal deciduous", "UNIV", "J", "K", "I");
+    row("first tooth", "UNIV", "1", "2", "-");
+    row("not a tooth", "", "xx", "", "");
 }
 
 void tst_ToothNameGenerator::nextAndPrevious()
