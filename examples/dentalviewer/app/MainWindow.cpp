@@ -77,6 +77,7 @@ bool MainWindow::loadSolutionPlugin(const QString& fileName)
 {
     m_loader = std::make_unique<QPluginLoader>(fileName);
     QObject* instance = m_loader->instance();
+    m_pluginObject = instance;
     m_api = qobject_cast<DentalSolutionApi*>(instance);
     m_plugin = dynamic_cast<SolutionPluginInterface*>(m_api);
     if (!instance || !m_api || !m_plugin) {
@@ -331,6 +332,8 @@ void MainWindow::shutDown()
         m_plugin->close();
     m_plugin = nullptr;
     m_api = nullptr;
-    // The plug-in library stays mapped until the process ends: objects made by it may still be
-    // queued for deletion.
+    // The plug-in object goes now, while the library's registries still exist; left to Qt, it
+    // would be deleted among the static destructors at exit, after them. The plug-in library
+    // stays mapped until the process ends: objects made by it may still be queued for deletion.
+    delete m_pluginObject.data();
 }

@@ -73,6 +73,7 @@ private:
     std::unique_ptr<ShortcutManager> m_shortcutManager;
     std::unique_ptr<SwitchingViewsManager> m_switching;
     std::unique_ptr<QPluginLoader> m_loader;
+    QPointer<QObject> m_pluginObject;
     SolutionPluginInterface* m_plugin = nullptr;
     DentalSolutionApi* m_api = nullptr;
     QStackedWidget* m_stack = nullptr;
