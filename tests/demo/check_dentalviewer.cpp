@@ -1,7 +1,7 @@
 // Checks what the dental viewer's end-to-end script left behind.
 //   check_dentalviewer dump FILE [--lengths N] [--areas N] [--length-mm MM] [--text TEXT]
 //   [--notation N]
-//                               [--view ID]
+//                               [--view ID] [--reslice ID POSITION]
 //   check_dentalviewer image FILE [--measurement-pixels MIN]
 // Prints every failed expectation and exits with 1 when there was one.
 
@@ -112,6 +112,21 @@ void checkDump(const QString& fileName, const QStringList& args)
         for (const QJsonObject& note : texts)
             found = found || note.value(QStringLiteral("text")).toString() == text;
         expect(found, QStringLiteral("a text annotation reading \"%1\"").arg(text));
+    }
+
+    // --reslice ID POSITION: the cross-section's position along the arch, to two hundredths.
+    const int reslice = args.indexOf(QStringLiteral("--reslice"));
+    if (reslice >= 0 && reslice + 2 < args.size()) {
+        const QJsonValue position = dump.value(QStringLiteral("document"))
+                                        .toObject()
+                                        .value(QStringLiteral("reslices"))
+                                        .toObject()
+                                        .value(args.at(reslice + 1));
+        expect(position.isDouble()
+                && std::abs(position.toDouble() - args.at(reslice + 2).toDouble()) < 0.02,
+            QStringLiteral("%1 resliced at %2, found %3")
+                .arg(args.at(reslice + 1), args.at(reslice + 2))
+                .arg(position.toDouble()));
     }
 
     const QString notation = option(args, QStringLiteral("--notation"));

@@ -35,7 +35,7 @@ endfunction()
 
 run_viewer(${SCRIPT})
 check(dump ${WORK_DIR}/shots/state.json --lengths 1 --areas 1 --length-mm 30.0
-    --text "Implant site" --notation UNIV --view Panoramic)
+    --text "Implant site" --notation UNIV --view Panoramic --reslice "Cross-section A" 0.5)
 
 # The snapshot export wrote a picture and a page that carries it inline.
 file(GLOB snapshot_png ${WORK_DIR}/shots/export/snapshot-*.png)
@@ -56,7 +56,7 @@ check(image ${WORK_DIR}/shots/tooth-chart.png)
 # The state written at exit comes back at the next start.
 run_viewer(${script_dir}/restore.script)
 check(dump ${WORK_DIR}/shots/restored.json --lengths 1 --areas 1 --length-mm 30.0
-    --text "Implant site" --notation UNIV --view Panoramic)
+    --text "Implant site" --notation UNIV --view Panoramic --reslice "Cross-section A" 0.5)
 
 # A damaged state file is ignored: the viewer still starts with the default view.
 file(WRITE ${WORK_DIR}/state/ui-state.json "{ this is not a state tree")

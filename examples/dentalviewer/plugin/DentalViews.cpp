@@ -255,6 +255,13 @@ CrossSectionView::CrossSectionView(
     m_positionLabel->setPos(8, 8);
     v->scene()->addItem(m_positionLabel);
     setArchPosition(archPosition);
+    workspace.addReslice(id,
+        {[this] { return m_archPosition; },
+            [this, bounds](double position) {
+                setArchPosition(position);
+                m_cross->moveVertical(
+                    QPointF(bounds.width() * m_archPosition, bounds.center().y()));
+            }});
 }
 
 void CrossSectionView::setArchPosition(double position)

@@ -46,6 +46,11 @@ void DentalWorkspace::setCurrentViewer(Viewer2D* viewer)
     Q_EMIT currentViewerChanged(viewer);
 }
 
+void DentalWorkspace::addReslice(const QString& viewerId, ResliceAccess access)
+{
+    m_reslices.insert(viewerId, std::move(access));
+}
+
 QString DentalWorkspace::notation() const
 {
     return ToothNameGenerator::TOOTH_NUMBERING_SYSTEM;
@@ -77,8 +82,11 @@ QJsonObject DentalWorkspace::saveDocument() const
             measurements.append(object);
         }
     }
-    return QJsonObject {
-        {QStringLiteral("notation"), notation()}, {QStringLiteral("measurements"), measurements}};
+    QJsonObject reslices;
+    for (auto it = m_reslices.begin(); it != m_reslices.end(); ++it)
+        reslices.insert(it.key(), it.value().first());
+    return QJsonObject {{QStringLiteral("notation"), notation()},
+        {QStringLiteral("measurements"), measurements}, {QStringLiteral("reslices"), reslices}};
 }
 
 bool DentalWorkspace::loadDocument(const QJsonObject& document)
@@ -86,6 +94,11 @@ bool DentalWorkspace::loadDocument(const QJsonObject& document)
     const QString savedNotation = document.value(QStringLiteral("notation")).toString();
     if (!savedNotation.isEmpty())
         setNotation(savedNotation);
+    const QJsonObject reslices = document.value(QStringLiteral("reslices")).toObject();
+    for (auto it = reslices.begin(); it != reslices.end(); ++it) {
+        if (m_reslices.contains(it.key()) && it.value().isDouble())
+            m_reslices.value(it.key()).second(it.value().toDouble());
+    }
     for (Viewer2D* viewer : viewers())
         viewer->clearMeasurements();
     bool complete = true;

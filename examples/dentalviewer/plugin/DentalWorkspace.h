@@ -2,9 +2,12 @@
 
 #include <QJsonObject>
 #include <QList>
+#include <QMap>
 #include <QObject>
 #include <QPointer>
 #include <QString>
+#include <functional>
+#include <utility>
 
 class Viewer2D;
 
@@ -28,6 +31,11 @@ public:
     Viewer2D* currentViewer() const { return m_current; }
     void setCurrentViewer(Viewer2D* viewer);
 
+    // Positions along the arch (0..1) of the cross-section viewers, by viewer id; a viewer's
+    // reslice is part of the document so that it comes back at the next start.
+    using ResliceAccess = std::pair<std::function<double()>, std::function<void(double)>>;
+    void addReslice(const QString& viewerId, ResliceAccess access);
+
     QString notation() const;
     void setNotation(const QString& notation);
 
@@ -41,4 +49,5 @@ Q_SIGNALS:
 private:
     QList<QPointer<Viewer2D>> m_viewers;
     QPointer<Viewer2D> m_current;
+    QMap<QString, ResliceAccess> m_reslices;
 };
