@@ -1,5 +1,8 @@
 # A real binary resource file beside the test executable, as the application ships it: one good
-# font and one file that only pretends to be a font.
+# font and one file that only pretends to be a font. The test runs from a folder of its own so
+# that its resource file never takes the place of an application's in the shared bin folder.
+set_target_properties(${name} PROPERTIES
+    RUNTIME_OUTPUT_DIRECTORY ${CMAKE_CURRENT_BINARY_DIR}/${name}_bin)
 set(fonts_dir ${CMAKE_CURRENT_BINARY_DIR}/${name}_fonts)
 file(WRITE ${fonts_dir}/Broken.ttf "this is not a font file\n")
 file(WRITE ${fonts_dir}/fonts.qrc

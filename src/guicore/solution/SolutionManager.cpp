@@ -16,16 +16,18 @@
 
 namespace solution::detail {
 
+// Both lists are made on first use and never destroyed: a plug-in instance that Qt's plug-in
+// loader deletes among the static destructors at exit must still find its list alive.
 QList<SolutionManager*>& Registries::managers()
 {
-    static QList<SolutionManager*> live;
-    return live;
+    static auto* live = new QList<SolutionManager*>;
+    return *live;
 }
 
 QList<SolutionPluginInterface*>& Registries::plugins()
 {
-    static QList<SolutionPluginInterface*> live;
-    return live;
+    static auto* live = new QList<SolutionPluginInterface*>;
+    return *live;
 }
 
 void Registries::releaseFromManagers(View* view)
