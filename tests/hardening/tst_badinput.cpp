@@ -406,6 +406,27 @@ void tst_BadInput::stateTrees_data()
     QTest::newRow("one bad child spoils the tree")
         << QStringList {malformed + "a node is not a JSON object."}
         << unread(document(viewNode(R"(, "children": [)" + viewNode("") + R"(, 7])")));
+    // Infinity has no JSON form: a tree that took it in could never be written back.
+    QTest::newRow("number beyond the range of a float")
+        << QStringList {malformed
+               + "property \"nearDistance\" of \"Viewer3DNode\" in \"Viewer3DNode\" has the "
+                 "wrong type."}
+        << unread(document(R"({"type": "Viewer3DNode", "versions": {"Node": "1.0"}, )"
+                           R"("properties": {"Viewer3DNode": {"nearDistance": -1e300}}})"));
+    QTest::newRow("vector beyond the range of a float")
+        << QStringList {malformed
+               + "property \"cameraPosition\" of \"Viewer3DNode\" in \"Viewer3DNode\" has the "
+                 "wrong type."}
+        << unread(document(R"({"type": "Viewer3DNode", "versions": {"Node": "1.0"}, )"
+                           R"("properties": {"Viewer3DNode": {"cameraPosition": [0, 4e38, 0]}}})"));
+    QTest::newRow("largest float is kept") << QStringList {} << Check([] {
+        const std::unique_ptr<ui::Node> tree = ui::NodeSerializer::read(
+            document(R"({"type": "Viewer3DNode", "versions": {"Node": "1.0"}, )"
+                     R"("properties": {"Viewer3DNode": {"farDistance": 3.4028234663852886e38}}})"));
+        const auto* viewer = dynamic_cast<const ui::Viewer3DNode*>(tree.get());
+        return viewer && viewer->getFarDistance() == std::numeric_limits<float>::max()
+            && ui::NodeSerializer::read(ui::NodeSerializer::write(*viewer)) != nullptr;
+    });
     QTest::newRow("nested too deep")
         << QStringList {malformed + "the tree is nested deeper than 400 levels."}
         << unread(nested(401));
