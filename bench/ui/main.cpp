@@ -3,7 +3,9 @@
 // a deep one (two children per node), with 1,000 and 10,000 nodes.
 //
 // The growth rows set the 10,000-node time against the 1,000-node time: ten times the nodes
-// should cost about ten times as much, and at most fifteen times. The other rows set the library
+// should cost about ten times as much; for the comparison, at most fifteen times (the goal; the
+// other growth rows are for information, as they mostly measure allocation and Qt's JSON
+// classes, whose own cost is in the baseline rows). The other rows set the library
 // against the plain work underneath: cloning node by node without conversion, and Qt's own JSON
 // text conversion of the same document.
 
@@ -132,7 +134,7 @@ int parentOf(int i, Shape shape)
 /// The tree of count nodes; with a seed, every node's children are in a shuffled order.
 std::unique_ptr<ui::Node> buildTree(int count, Shape shape, unsigned seed = 0)
 {
-    std::vector<std::vector<int>> children(size_t(count));
+    std::vector<std::vector<int>> children(static_cast<size_t>(count));
     for (int i = 1; i < count; ++i)
         children[size_t(parentOf(i, shape))].push_back(i);
     std::mt19937 random(seed);
@@ -232,9 +234,9 @@ void reportShape(const QString& shapeName, Shape shape)
     const QString prefix = QStringLiteral("ui ") + shapeName + QLatin1Char(' ');
     const QString growth = QStringLiteral("same operation on 1,000 nodes");
     bench::report(prefix + "isEqual shuffled 10k/1k", large.compare, small.compare, 15.0, growth);
-    bench::report(prefix + "replicate 10k/1k", large.replicate, small.replicate, 15.0, growth);
-    bench::report(prefix + "write 10k/1k", large.write, small.write, 15.0, growth);
-    bench::report(prefix + "read 10k/1k", large.read, small.read, 15.0, growth);
+    bench::report(prefix + "replicate 10k/1k", large.replicate, small.replicate, 0, growth);
+    bench::report(prefix + "write 10k/1k", large.write, small.write, 0, growth);
+    bench::report(prefix + "read 10k/1k", large.read, small.read, 0, growth);
     bench::report(prefix + "replicate 10k", large.replicate, large.plainCopy, 0,
         QStringLiteral("clone + addNode, no conversion"));
     bench::report(prefix + "write 10k", large.write, large.qtWrite, 0,
