@@ -1,0 +1,161 @@
+// Frame time of 1,000 labels and 1,000 zoom-agnostic ellipses in one zoomed view, rendered into a
+// QImage, against 1,000 stock QGraphicsSimpleTextItems and QGraphicsEllipseItems in the same run.
+//
+// Two render paths are timed: QGraphicsView::render() into a painter on the image, and the
+// viewport's own paint event rendered into the image (the path an on-screen frame takes). Each
+// result is the median frame time; one BENCH row per comparison, nothing is asserted.
+//
+//     bench_items [frames]          (offscreen platform unless QT_QPA_PLATFORM says otherwise)
+
+#include <guicore/graphics/items/CustomGraphicsEllipseItem.h>
+#include <guicore/graphics/items/CustomGraphicsLabelItem.h>
+#include <guicore/style/StyleManager.h>
+#include <guicore/style/StyleManagerDataProvider.h>
+
+#include <BenchReport.h>
+
+#include <QApplication>
+#include <QGraphicsEllipseItem>
+#include <QGraphicsScene>
+#include <QGraphicsSimpleTextItem>
+#include <QGraphicsView>
+#include <QPainter>
+#include <QRandomGenerator>
+
+#include <functional>
+
+namespace {
+
+constexpr int itemCount = 1000;
+constexpr int viewSize = 1000;
+constexpr qreal zoom = 2.0;
+
+enum class RenderPath { ViewRender, ViewportPaint };
+
+using Populate = std::function<void(QGraphicsScene&, QRandomGenerator&)>;
+
+QPointF randomPosition(QRandomGenerator& random)
+{
+    return QPointF(random.bounded(viewSize / zoom), random.bounded(viewSize / zoom));
+}
+
+QString measurement(int i)
+{
+    return QStringLiteral("%1.%2 mm").arg(i % 97).arg(i % 10);
+}
+
+/// Median nanoseconds per frame of rendering the scene through a zoomed view into an image.
+double frameTime(QGraphicsScene& scene, RenderPath path, int frames)
+{
+    QGraphicsView view(&scene);
+    view.setFrameShape(QFrame::NoFrame);
+    view.setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    view.setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    view.setRenderHint(QPainter::Antialiasing, true);
+    view.resize(viewSize, viewSize);
+    view.setTransform(QTransform::fromScale(zoom, zoom));
+    view.setSceneRect(0, 0, viewSize / zoom, viewSize / zoom);
+
+    QImage image(viewSize, viewSize, QImage::Format_ARGB32_Premultiplied);
+    // The warm-up frame also lets zoom-agnostic items settle their geometry.
+    return bench::medianNanoseconds(
+        [&] {
+            image.fill(Qt::black);
+            if (path == RenderPath::ViewportPaint) {
+                view.viewport()->render(&image);
+            } else {
+                QPainter painter(&image);
+                view.render(&painter, QRectF(image.rect()), view.viewport()->rect());
+            }
+        },
+        frames);
+}
+
+double measure(const Populate& populate, RenderPath path, int frames)
+{
+    QGraphicsScene scene;
+    QRandomGenerator random(42); // the same positions for both kinds of item
+    populate(scene, random);
+    return frameTime(scene, path, frames);
+}
+
+void labels(QGraphicsScene& scene, QRandomGenerator& random)
+{
+    for (int i = 0; i < itemCount; ++i) {
+        auto* label = new CustomGraphicsLabelItem(QStringLiteral("label%1").arg(i));
+        scene.addItem(label);
+        label->setText(measurement(i));
+        label->setPos(randomPosition(random));
+    }
+}
+
+void stockTexts(QGraphicsScene& scene, QRandomGenerator& random)
+{
+    QFont font;
+    font.setPixelSize(12);
+    for (int i = 0; i < itemCount; ++i) {
+        auto* text = scene.addSimpleText(measurement(i), font);
+        text->setBrush(Qt::yellow);
+        text->setFlag(QGraphicsItem::ItemIgnoresTransformations, true);
+        text->setPos(randomPosition(random));
+    }
+}
+
+void ellipses(QGraphicsScene& scene, QRandomGenerator& random)
+{
+    for (int i = 0; i < itemCount; ++i) {
+        auto* ellipse = new CustomGraphicsEllipseItem(5.0f, 5.0f);
+        ellipse->setUseZoomAgnostic(true);
+        ellipse->setPen(QPen(Qt::green, 0));
+        ellipse->setBrush(Qt::red);
+        scene.addItem(ellipse);
+        ellipse->setPos(randomPosition(random));
+    }
+}
+
+void stockEllipses(QGraphicsScene& scene, QRandomGenerator& random)
+{
+    for (int i = 0; i < itemCount; ++i) {
+        // The same on-screen size: a radius of 5 pixels at the view's zoom.
+        auto* ellipse = scene.addEllipse(QRectF(-5 / zoom, -5 / zoom, 10 / zoom, 10 / zoom),
+            QPen(Qt::green, 0), QBrush(Qt::red));
+        ellipse->setPos(randomPosition(random));
+    }
+}
+
+void compare(const QString& name, const Populate& ours, const QString& stockName,
+    const Populate& stock, double goal, int frames)
+{
+    for (RenderPath path : {RenderPath::ViewRender, RenderPath::ViewportPaint}) {
+        const bool viewRender = path == RenderPath::ViewRender;
+        const double oursNs = measure(ours, path, frames);
+        const double stockNs = measure(stock, path, frames);
+        bench::report(
+            QStringLiteral("items.%1.%2").arg(name, viewRender ? "view_render" : "viewport_paint"),
+            oursNs, stockNs, goal,
+            QStringLiteral("%1 %2, %3 frame in a %4x%4 view at %5x zoom")
+                .arg(itemCount)
+                .arg(stockName, viewRender ? "QGraphicsView::render" : "viewport paint event")
+                .arg(viewSize)
+                .arg(zoom));
+    }
+}
+
+} // namespace
+
+int main(int argc, char** argv)
+{
+    if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
+        qputenv("QT_QPA_PLATFORM", "offscreen");
+    QApplication app(argc, argv);
+    const int frames = argc > 1 ? qMax(1, QString::fromLocal8Bit(argv[1]).toInt()) : 20;
+    StyleManager::createManager(StyleManagerDataProvider());
+
+    compare(QStringLiteral("labels"), labels, QStringLiteral("QGraphicsSimpleTextItems"),
+        stockTexts, 3.0, frames);
+    compare(QStringLiteral("ellipses"), ellipses, QStringLiteral("QGraphicsEllipseItems"),
+        stockEllipses, 1.5, frames);
+
+    StyleManager::deleteManager();
+    return 0;
+}

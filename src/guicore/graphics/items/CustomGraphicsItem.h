@@ -1,0 +1,139 @@
+#pragma once
+
+#include <guicore/guicore_export.h>
+#include <guicore/style/DevicePixelRatio.h>
+
+#include <QGraphicsPathItem>
+#include <QList>
+#include <QObject>
+#include <QPainterPath>
+
+class QGraphicsSceneContextMenuEvent;
+class QGraphicsSceneHoverEvent;
+class QGraphicsSceneMouseEvent;
+class QGraphicsSceneWheelEvent;
+class QKeyEvent;
+class QPainter;
+class QStyleOptionGraphicsItem;
+class QTransform;
+class QWidget;
+
+/// The base of the overlay items drawn over images.
+///
+/// Turns mouse, hover, wheel and visibility events into signals, keeps a clickable region apart
+/// from the drawn shape (optionally widened to the stroke of the shape), forwards presses and
+/// context-menu events to its custom children and can draw itself at a constant on-screen size
+/// whatever the view's zoom. The item never moves itself: `ItemIsMovable` is cleared.
+class GUICORE_EXPORT CustomGraphicsItem : public QObject,
+                                          public QGraphicsPathItem,
+                                          public DevicePixelRatio::Listener
+{
+    Q_OBJECT
+    Q_DISABLE_COPY(CustomGraphicsItem)
+
+public:
+    /// Ownership follows Qt: a non-null parent item owns the item.
+    explicit CustomGraphicsItem(const QString& name = QString(), QGraphicsItem* parent = nullptr);
+    ~CustomGraphicsItem() override;
+
+    /// Stores the drawn path and recomputes the clickable region from it.
+    void setPainterPath(const QPainterPath& path);
+    const QPainterPath& getPainterPath() const { return painterPath; }
+    const QPainterPath& getClickableRegion() const { return clickableRegion; }
+
+    /// Recomputes the clickable region before the pen is replaced, that is from the pen still in
+    /// place; the next setPainterPath or setUseStroker brings the region up to date. Kept so
+    /// because callers rely on the order in which the two take effect.
+    virtual void setPen(const QPen& pen);
+    /// True: the clickable region is the stroke of the drawn path made with the pen's width, cap
+    /// and join; false: the drawn path itself. An empty path gives an empty region either way.
+    void setUseStroker(bool use);
+    bool isUsingStroker() const { return useStroker; }
+
+    void setUseZoomAgnostic(bool agnostic);
+    bool isZoomAgnostic() const { return zoomAgnostic; }
+    void setHandleRightClick(bool handle);
+    bool getHandleRightClick() const { return handleRightClick; }
+    void setDragging(bool drag);
+    bool isDragging() const { return dragging; }
+
+    /// Makes this item the child's parent item and reports the child's clicks as this item's
+    /// own. Null is ignored. Ownership passes to this item through the parent relation.
+    void addCustomChildItem(CustomGraphicsItem* child);
+    /// Clears the child's parent item and the signal forwarding; ownership passes back to the
+    /// caller. Null is ignored.
+    void removeCustomChildItem(CustomGraphicsItem* child);
+    /// The custom children in the order they were added; they are owned by this item.
+    const QList<CustomGraphicsItem*>& getCustomChildItems() const { return customChildItems; }
+
+    /// True when the clickable region, mapped to the scene, holds the point and the item is
+    /// visible and enabled.
+    virtual bool isMouseOver(const QPointF& scenePos);
+
+    static float getScaleFactorXAxis(const QTransform& transform);
+    static float getScaleFactorYAxis(const QTransform& transform);
+    /// The transform with the view's scale taken out, so that item units become pixels.
+    static QTransform getScaleAgnosticTransform(const QTransform& transform);
+
+    /// Draws the painter path with the painter's pen and brush. Does not take ownership.
+    void paintPath(QPainter* painter);
+    /// Draws the painter path, then fills it with the colour. Does not take ownership.
+    void fillPath(QPainter* painter, const QColor& color);
+
+    void devicePixelRatioChanged() override;
+
+    QPainterPath shape() const override;
+    /// Paints scale-agnostically or scaled as the item is set; the painter is borrowed.
+    void paint(QPainter* painter, const QStyleOptionGraphicsItem* option,
+        QWidget* widget = nullptr) override;
+
+    // Event handlers, public so that a scene dispatching by itself can call them; the events
+    // are borrowed.
+    void mousePressEvent(QGraphicsSceneMouseEvent* event) override;
+    void mouseMoveEvent(QGraphicsSceneMouseEvent* event) override;
+    void mouseReleaseEvent(QGraphicsSceneMouseEvent* event) override;
+    void wheelEvent(QGraphicsSceneWheelEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+    void contextMenuEvent(QGraphicsSceneContextMenuEvent* event) override;
+    void hoverEnterEvent(QGraphicsSceneHoverEvent* event) override;
+    void hoverMoveEvent(QGraphicsSceneHoverEvent* event) override;
+    void hoverLeaveEvent(QGraphicsSceneHoverEvent* event) override;
+
+Q_SIGNALS:
+    // Every event pointer is the scene's, borrowed for the duration of the emission.
+    void leftClicked(QGraphicsSceneMouseEvent* event);
+    void mouseReleased(QGraphicsSceneMouseEvent* event);
+    void mouseMoved(QGraphicsSceneMouseEvent* event);
+    void mouseHoverMove(QGraphicsSceneHoverEvent* event);
+    void mouseHoverLeave(QGraphicsSceneHoverEvent* event);
+    void mouseHoverEnter(QGraphicsSceneHoverEvent* event);
+    void rightClicked(QGraphicsSceneMouseEvent* event);
+    void mouseWheelChanged(QGraphicsSceneWheelEvent* event);
+    void visibilityChanged(bool visible);
+
+protected:
+    /// Painting at the view's scale; the plain path-item painting. The painter is borrowed.
+    virtual void paintScaled(
+        QPainter* painter, const QStyleOptionGraphicsItem* option, QWidget* widget);
+    /// Painting at constant screen size, between a save and a restore of the painter; the
+    /// base draws as paintScaled. The painter is borrowed.
+    virtual void paintScaleAgnostic(
+        QPainter* painter, const QStyleOptionGraphicsItem* option, QWidget* widget);
+
+    QVariant itemChange(GraphicsItemChange change, const QVariant& value) override;
+
+    /// Replaces the clickable region directly, for items with their own hit geometry.
+    void setClickableRegion(const QPainterPath& region) { clickableRegion = region; }
+    /// Adopts a path rebuilt while painting (for a new zoom): the drawn path and clickable
+    /// region follow it, and the item's geometry grows when the path no longer fits in it.
+    void adoptPaintedPath(const QPainterPath& path);
+
+private:
+    QPainterPath clickableRegion;
+    QList<CustomGraphicsItem*> customChildItems;
+    QPainterPath painterPath;
+    bool handleRightClick = true;
+    bool useStroker = false;
+    bool dragging = false;
+    bool zoomAgnostic = false;
+};

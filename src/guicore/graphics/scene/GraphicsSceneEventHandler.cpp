@@ -1,0 +1,3 @@
+#include "GraphicsSceneEventHandler.h"
+
+GraphicsSceneEventHandler::~GraphicsSceneEventHandler() = default;
