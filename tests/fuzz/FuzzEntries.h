@@ -6,6 +6,7 @@
 // properties that must hold for any input, which they enforce with fuzzCheck().
 
 #include <guicore/style/StyleManager.h>
+#include <guicore/style/StyleManagerDataProvider.h>
 #include <guicore/ui/Node.h>
 #include <guicore/ui/NodeSerializer.h>
 #include <guicore/utility/dates/DateMatcher.h>
@@ -90,10 +91,39 @@ public:
     }
 };
 
+/// The conversions of the style manager that the application uses most, on a manager created
+/// as the application creates it: from a data provider whose files give the first line of the
+/// input (as the style reader leaves it: trimmed, without a trailing ";") as every value.
+inline void styleManagerFromProvider(const QByteArray& firstLine)
+{
+    static QTemporaryDir directory;
+    const QString path = directory.filePath(QStringLiteral("values.txt"));
+    {
+        QFile file(path);
+        fuzzCheck(file.open(QIODevice::WriteOnly | QIODevice::Truncate), "temporary file");
+        file.write("@C: " + firstLine + "\n@S: " + firstLine + "\n@F: " + firstLine
+            + "\n@F-line-height: " + firstLine + "\n@DATE_FORMAT: x\n");
+    }
+    StyleManager::createManager(StyleManagerDataProvider(
+        StyleManagerDataProvider::Data({path}, {path}, {path}, {path}, QString())));
+    const StyleManager& style = StyleManager::manager();
+    style.getColor(QStringLiteral("@C"));
+    style.getSize(QStringLiteral("@S"));
+    style.getFontSize(QStringLiteral("@F"));
+    style.getFontBoolValue(QStringLiteral("@F"));
+    style.getCompleteFont(QStringLiteral("@F"));
+    style.getLineHeight(QStringLiteral("@F"));
+    style.getFontFamilyForQFont(QStringLiteral("@F"));
+    StyleManager::deleteManager();
+}
+
 /// Every conversion of the style manager on one value text: colours, sizes, integer and boolean
-/// font properties, complete fonts, line heights, families and date/time formats.
+/// font properties, complete fonts, line heights, families and date/time formats; first through
+/// the provider and the style files, then on the raw text, which the files could not carry
+/// (line breaks, surrounding blanks).
 inline void styleManagerEntry(const QByteArray& data)
 {
+    styleManagerFromProvider(splitParts(data, 2).first());
     const QString value = QString::fromUtf8(data);
     const FuzzStyleManager style(value);
     const QString c = QStringLiteral("@C");
