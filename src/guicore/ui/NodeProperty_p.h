@@ -54,6 +54,32 @@ inline bool readNumbers(const QJsonValue& value, double* out, int count)
     return true;
 }
 
+/// A JSON number that a float can hold. Larger magnitudes would become infinity, which JSON
+/// cannot store: the tree would load but could never be written back.
+inline bool readFloat(const QJsonValue& value, float& out)
+{
+    double number = 0;
+    if (!readNumber(value, number)
+        || std::abs(number) > static_cast<double>(std::numeric_limits<float>::max()))
+        return false;
+    out = static_cast<float>(number);
+    return true;
+}
+
+inline bool readFloats(const QJsonValue& value, float* out, int count)
+{
+    if (!value.isArray())
+        return false;
+    const QJsonArray array = value.toArray();
+    if (array.size() != count)
+        return false;
+    for (int i = 0; i < count; ++i) {
+        if (!readFloat(array.at(i), out[i]))
+            return false;
+    }
+    return true;
+}
+
 /// How one property type is compared, copied and turned into JSON. Every property of every node
 /// kind goes through exactly one of these, so setters, copy, comparison and persistence agree.
 template <typename T, typename Enable = void> struct PropertyTraits;
@@ -115,14 +141,7 @@ template <> struct PropertyTraits<float>
 {
     static bool equal(float a, float b) { return fuzzyEqual(a, b); }
     static QJsonValue toJson(float value) { return static_cast<double>(value); }
-    static bool fromJson(const QJsonValue& json, float& out)
-    {
-        double number = 0;
-        if (!readNumber(json, number))
-            return false;
-        out = static_cast<float>(number);
-        return true;
-    }
+    static bool fromJson(const QJsonValue& json, float& out) { return readFloat(json, out); }
 };
 
 template <> struct PropertyTraits<QString>
@@ -151,10 +170,10 @@ template <> struct PropertyTraits<QVector3D>
     }
     static bool fromJson(const QJsonValue& json, QVector3D& out)
     {
-        double v[3];
-        if (!readNumbers(json, v, 3))
+        float v[3];
+        if (!readFloats(json, v, 3))
             return false;
-        out = QVector3D(float(v[0]), float(v[1]), float(v[2]));
+        out = QVector3D(v[0], v[1], v[2]);
         return true;
     }
 };
@@ -172,10 +191,10 @@ template <> struct PropertyTraits<QQuaternion>
     }
     static bool fromJson(const QJsonValue& json, QQuaternion& out)
     {
-        double v[4];
-        if (!readNumbers(json, v, 4))
+        float v[4];
+        if (!readFloats(json, v, 4))
             return false;
-        out = QQuaternion(float(v[0]), float(v[1]), float(v[2]), float(v[3]));
+        out = QQuaternion(v[0], v[1], v[2], v[3]);
         return true;
     }
 };
