@@ -157,19 +157,51 @@ const Node* Node::findCorrespondingNode(
 
 namespace detail {
 
+namespace {
+
+// Equal nodes share their whole inheritance list, hence their most derived type name, and their
+// exactly compared properties; nodes that differ in either never need the full comparison.
+struct BucketKey
+{
+    QString typeName;
+    size_t exactProperties;
+    bool operator==(const BucketKey& other) const
+    {
+        return exactProperties == other.exactProperties && typeName == other.typeName;
+    }
+};
+
+size_t qHash(const BucketKey& key, size_t seed = 0)
+{
+    return ::qHash(key.typeName, seed) ^ key.exactProperties;
+}
+
+BucketKey bucketKey(const Node* node)
+{
+    std::vector<const NodePropertyTable*> tables;
+    node->collectPropertyTables(tables);
+    size_t hash = 0;
+    for (const NodePropertyTable* table : tables) {
+        for (const NodeProperty& property : table->properties)
+            hash = hash * 31 + property.hash(*node);
+    }
+    return {node->getTypeName(), hash};
+}
+
+} // namespace
+
 bool equalAsMultisets(const std::vector<const Node*>& mine, const std::vector<const Node*>& theirs)
 {
     if (mine.size() != theirs.size())
         return false;
 
-    // Equal nodes share their whole inheritance list and hence their most derived type name;
-    // within a bucket the matching is the plain greedy one, each candidate used at most once.
-    QHash<QString, std::vector<const Node*>> buckets;
+    // Within a bucket the matching is the plain greedy one, each candidate used at most once.
+    QHash<BucketKey, std::vector<const Node*>> buckets;
     for (const Node* node : theirs)
-        buckets[node->getTypeName()].push_back(node);
+        buckets[bucketKey(node)].push_back(node);
 
     for (const Node* node : mine) {
-        const auto bucket = buckets.find(node->getTypeName());
+        const auto bucket = buckets.find(bucketKey(node));
         if (bucket == buckets.end())
             return false;
         std::vector<const Node*>& candidates = bucket.value();

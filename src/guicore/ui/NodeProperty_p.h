@@ -294,12 +294,33 @@ template <typename Traits, typename T> void copyValue(T& target, const T& source
     target = source;
 }
 
-/// One property of one class level: its JSON key and the four ways it is walked.
+/// A hash of a value for the kinds that compare exactly; 0 for the kinds compared within a
+/// tolerance, whose nearly equal values must not be told apart by their hash.
+template <typename T> size_t exactHash(const T& value)
+{
+    if constexpr (std::is_same_v<T, bool> || std::is_integral_v<T>)
+        return qHash(value);
+    else if constexpr (std::is_enum_v<T>)
+        return qHash(static_cast<std::underlying_type_t<T>>(value));
+    else if constexpr (std::is_same_v<T, QString>)
+        return qHash(value);
+    else
+        return 0;
+}
+
+template <typename T> size_t exactHash(const std::optional<T>& value)
+{
+    return value ? exactHash(*value) * 31 + 1 : 0;
+}
+
+/// One property of one class level: its JSON key and the ways it is walked.
 struct NodeProperty
 {
     QString name;
     std::function<void(Node& target, const Node& source)> copy;
     std::function<bool(const Node& a, const Node& b)> equal;
+    /// Equal values give equal hashes (see exactHash).
+    std::function<size_t(const Node& node)> hash;
     std::function<QJsonValue(const Node& node)> toJson;
     std::function<bool(Node& node, const QJsonValue& json)> fromJson;
 };
@@ -326,6 +347,8 @@ template <typename Owner, typename T> NodeProperty makeProperty(const char* name
         return Traits::equal(
             static_cast<const Owner&>(a).*member, static_cast<const Owner&>(b).*member);
     };
+    property.hash
+        = [member](const Node& node) { return exactHash(static_cast<const Owner&>(node).*member); };
     property.toJson = [member](const Node& node) {
         return Traits::toJson(static_cast<const Owner&>(node).*member);
     };
@@ -360,8 +383,8 @@ template <typename T> bool assignIfChanged(T& member, const T& value)
 }
 
 /// Multiset equality of two node lists under isEqual. Candidates are bucketed by their type name
-/// first (nodes of different classes are never equal), so wide trees of mixed kinds do not pay
-/// for comparing every child with every other.
+/// and a hash of their exactly compared properties (equal nodes agree on both), so wide trees do
+/// not pay for comparing every child with every other.
 bool equalAsMultisets(const std::vector<const Node*>& mine, const std::vector<const Node*>& theirs);
 
 } // namespace ui::detail
