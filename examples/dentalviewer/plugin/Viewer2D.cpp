@@ -75,6 +75,7 @@ GraphicsViewExtra* Viewer2D::view()
         m_view->setRenderHint(QPainter::Antialiasing);
         m_view->setMinimumSize(320, 240);
         // The viewport is resized after the view's layout, so its size is final in the filter.
+        m_viewport = m_view->viewport();
         m_view->viewport()->installEventFilter(this);
     }
     return m_view;
@@ -83,7 +84,7 @@ GraphicsViewExtra* Viewer2D::view()
 bool Viewer2D::eventFilter(QObject* watched, QEvent* event)
 {
     // A zoom box restored before the view had its size is applied at the first real resize.
-    if (m_view && watched == m_view->viewport() && event->type() == QEvent::Resize) {
+    if (event->type() == QEvent::Resize && m_view && watched == m_viewport) {
         if (m_pendingZoomBox.isValid())
             m_view->fitInView(m_pendingZoomBox, Qt::KeepAspectRatio);
         else

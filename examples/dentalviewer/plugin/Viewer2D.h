@@ -74,6 +74,8 @@ private:
     double m_pixelSpacing;
     GraphicsSceneExtra* m_scene = nullptr;
     GraphicsViewExtra* m_view = nullptr;
+    // Compared by identity only: the filter also sees the viewport's last events while it dies.
+    const QObject* m_viewport = nullptr;
     CustomGraphicsPixmapItem* m_image = nullptr;
     QList<Measurement*> m_measurements;
     QRectF m_pendingZoomBox;
