@@ -38,7 +38,7 @@ namespace {
 
 const QString SOLUTION_ID = QStringLiteral("dental");
 
-struct ToolSpec
+struct ToolEntry
 {
     const char* id;
     const char* name;
@@ -49,7 +49,7 @@ struct ToolSpec
 
 // The tools in panel order: the first list holds the exclusive measurement tools, the second the
 // commands. Shortcuts carry a modifier so that typing into a text annotation never starts a tool.
-const ToolSpec TOOLS[] = {
+const ToolEntry TOOLS[] = {
     {"measureLength", QT_TRANSLATE_NOOP("DentalSolutionPlugin", "Length"),
         QT_TRANSLATE_NOOP("DentalSolutionPlugin", "Measure a length: press, drag, release"),
         "Alt+L", true},
@@ -97,12 +97,12 @@ void DentalSolutionPlugin::loadActions()
     auto* exclusive = new ActionGroup();
     m_handlers.emplace_back(exclusive);
 
-    for (const ToolSpec& spec : TOOLS) {
-        const QString id = QString::fromLatin1(spec.id);
-        auto* action = new SingleAction(id, tr(spec.name), tr(spec.tooltip), QIcon());
-        action->setCheckable(spec.checkable);
-        action->setShortcuts({QKeySequence(QString::fromLatin1(spec.shortcut))});
-        if (spec.checkable) {
+    for (const ToolEntry& tool : TOOLS) {
+        const QString id = QString::fromLatin1(tool.id);
+        auto* action = new SingleAction(id, tr(tool.name), tr(tool.tooltip), QIcon());
+        action->setCheckable(tool.checkable);
+        action->setShortcuts({QKeySequence(QString::fromLatin1(tool.shortcut))});
+        if (tool.checkable) {
             // Escape or a right click ends a running tool; a view switch stops it too.
             action->enableStopWithEventFilter();
             action->setMustBeStopped(true);
@@ -182,9 +182,9 @@ void DentalSolutionPlugin::buildSolution(SolutionManager& manager)
         = SolutionBuilderHelper::addActionListToGroup(manager, QStringLiteral("Measure"), tools);
     ActionList* commands
         = SolutionBuilderHelper::addActionListToGroup(manager, QStringLiteral("View"), tools);
-    for (const ToolSpec& spec : TOOLS) {
-        Action* action = manager.getAction(QString::fromLatin1(spec.id));
-        SolutionBuilderHelper::addActionsToList({action}, spec.checkable ? measure : commands);
+    for (const ToolEntry& tool : TOOLS) {
+        Action* action = manager.getAction(QString::fromLatin1(tool.id));
+        SolutionBuilderHelper::addActionsToList({action}, tool.checkable ? measure : commands);
     }
     manager.setCurrentSolutionStep(m_step->getID());
 }
