@@ -5,10 +5,17 @@
 // viewport's own paint event rendered into the image (the path an on-screen frame takes). Each
 // result is the median frame time; one BENCH row per comparison, nothing is asserted.
 //
+// The library's items are drawn in the library's scene (GraphicsSceneExtra, which keeps no item
+// index) and the stock items in a stock QGraphicsScene, as each would be used. One more row,
+// without a goal, shows labels in a stock scene with its default BSP index: Qt looks up every
+// part of an item that ignores transformations in a linear list there, so the cost of many
+// labels grows with the square of their number.
+//
 //     bench_items [frames]          (offscreen platform unless QT_QPA_PLATFORM says otherwise)
 
 #include <guicore/graphics/items/CustomGraphicsEllipseItem.h>
 #include <guicore/graphics/items/CustomGraphicsLabelItem.h>
+#include <guicore/graphics/scene/GraphicsSceneExtra.h>
 #include <guicore/style/StyleManager.h>
 #include <guicore/style/StyleManagerDataProvider.h>
 
@@ -23,6 +30,7 @@
 #include <QRandomGenerator>
 
 #include <functional>
+#include <memory>
 
 namespace {
 
@@ -31,6 +39,7 @@ constexpr int viewSize = 1000;
 constexpr qreal zoom = 2.0;
 
 enum class RenderPath { ViewRender, ViewportPaint };
+enum class SceneKind { Library, Stock };
 
 using Populate = std::function<void(QGraphicsScene&, QRandomGenerator&)>;
 
@@ -71,12 +80,14 @@ double frameTime(QGraphicsScene& scene, RenderPath path, int frames)
         frames);
 }
 
-double measure(const Populate& populate, RenderPath path, int frames)
+double measure(SceneKind kind, const Populate& populate, RenderPath path, int frames)
 {
-    QGraphicsScene scene;
+    const std::unique_ptr<QGraphicsScene> scene = kind == SceneKind::Library
+        ? std::make_unique<GraphicsSceneExtra>()
+        : std::make_unique<QGraphicsScene>();
     QRandomGenerator random(42); // the same positions for both kinds of item
-    populate(scene, random);
-    return frameTime(scene, path, frames);
+    populate(*scene, random);
+    return frameTime(*scene, path, frames);
 }
 
 void labels(QGraphicsScene& scene, QRandomGenerator& random)
@@ -128,8 +139,8 @@ void compare(const QString& name, const Populate& ours, const QString& stockName
 {
     for (RenderPath path : {RenderPath::ViewRender, RenderPath::ViewportPaint}) {
         const bool viewRender = path == RenderPath::ViewRender;
-        const double oursNs = measure(ours, path, frames);
-        const double stockNs = measure(stock, path, frames);
+        const double oursNs = measure(SceneKind::Library, ours, path, frames);
+        const double stockNs = measure(SceneKind::Stock, stock, path, frames);
         bench::report(
             QStringLiteral("items.%1.%2").arg(name, viewRender ? "view_render" : "viewport_paint"),
             oursNs, stockNs, goal,
@@ -153,6 +164,11 @@ int main(int argc, char** argv)
 
     compare(QStringLiteral("labels"), labels, QStringLiteral("QGraphicsSimpleTextItems"),
         stockTexts, 3.0, frames);
+    bench::report(QStringLiteral("items.labels.view_render.bsp_index"),
+        measure(SceneKind::Stock, labels, RenderPath::ViewRender, frames),
+        measure(SceneKind::Stock, stockTexts, RenderPath::ViewRender, frames), 0.0,
+        QStringLiteral("labels and QGraphicsSimpleTextItems both in a stock scene with the BSP "
+                       "index, QGraphicsView::render frame"));
     compare(QStringLiteral("ellipses"), ellipses, QStringLiteral("QGraphicsEllipseItems"),
         stockEllipses, 1.5, frames);
 

@@ -19,6 +19,10 @@ class QPixmap;
 /// the icon or the text are reported as the label's own: the parts take no mouse button of their
 /// own, so that even a stock scene hands presses on them to the label. The icon is hidden while
 /// it has no picture.
+///
+/// Hundreds of labels belong in a scene without an item index, as GraphicsSceneExtra is: Qt's
+/// BSP index keeps every part of an item that ignores transformations in a list that each
+/// lookup searches once per part, which makes a frame quadratic in the number of labels.
 class GUICORE_EXPORT CustomGraphicsLabelItem : public CustomGraphicsItem
 {
     Q_OBJECT

@@ -60,15 +60,11 @@ void CustomGraphicsOutlineTextItem::setOutlineWidth(qreal width)
     applyColors();
 }
 
-QRectF CustomGraphicsOutlineTextItem::textBoundingRect() const
-{
-    const QFontMetricsF metrics(font);
-    return QRectF(0.0, -metrics.ascent(), metrics.horizontalAdvance(text),
-        metrics.ascent() + metrics.descent());
-}
-
 void CustomGraphicsOutlineTextItem::rebuild()
 {
+    const QFontMetricsF metrics(font);
+    metricsBox = QRectF(0.0, -metrics.ascent(), metrics.horizontalAdvance(text),
+        metrics.ascent() + metrics.descent());
     QPainterPath glyphs;
     if (!text.isEmpty())
         glyphs.addText(0.0, 0.0, font, text);

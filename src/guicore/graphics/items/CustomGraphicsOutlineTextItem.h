@@ -36,7 +36,7 @@ public:
 
     /// The text's box from the font metrics: the advance wide, ascent plus descent high, its
     /// top at minus the ascent (the baseline lies on y = 0).
-    QRectF textBoundingRect() const;
+    QRectF textBoundingRect() const { return metricsBox; }
 
 private:
     void rebuild();
@@ -47,6 +47,9 @@ private:
     QColor textColor = Qt::white;
     QColor outlineColor = Qt::black;
     qreal outlineWidth = 2.0;
+    // Measured when the text or the font changes: the owning label asks for it from
+    // boundingRect(), which the scene calls for every item on every frame.
+    QRectF metricsBox;
     CustomGraphicsPathItem* textItem = nullptr;
     CustomGraphicsPathItem* outlineItem = nullptr;
 };
