@@ -1,8 +1,9 @@
 // Checks what the dental viewer's end-to-end script left behind.
 //   check_dentalviewer dump FILE [--lengths N] [--areas N] [--length-mm MM] [--text TEXT]
-//   [--notation N]
-//                               [--view ID] [--reslice ID POSITION]
+//       [--notation N] [--view ID] [--reslice ID POSITION]... [--label-offset X Y]
+//       [--label-size PIXELS] [--selected-tooth NAME] [--status TEXT]
 //   check_dentalviewer image FILE [--measurement-pixels MIN]
+// Reslices, the numbering and label positions are read from the dumped ui state tree.
 // Prints every failed expectation and exits with 1 when there was one.
 
 #include <QCoreApplication>
@@ -11,6 +12,7 @@
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
+#include <QLineF>
 #include <QSet>
 #include <QStringList>
 #include <cmath>
@@ -48,6 +50,55 @@ void collectStrings(const QJsonValue& value, QSet<QString>& strings)
             collectStrings(it.value(), strings);
         }
     }
+}
+
+QJsonObject properties(const QJsonObject& node, const QString& level)
+{
+    return node.value(QStringLiteral("properties")).toObject().value(level).toObject();
+}
+
+QJsonArray children(const QJsonObject& node)
+{
+    return node.value(QStringLiteral("children")).toArray();
+}
+
+// The state tree's nodes of the given type, depth first.
+void collectNodes(const QJsonObject& node, const QString& type, QList<QJsonObject>& found)
+{
+    if (node.value(QStringLiteral("type")).toString() == type)
+        found.append(node);
+    for (const QJsonValue& child : children(node))
+        collectNodes(child.toObject(), type, found);
+}
+
+// The view node of the given view below the root, or an empty object.
+QJsonObject viewNode(const QJsonObject& root, const QString& viewId)
+{
+    for (const QJsonValue& child : children(root)) {
+        const QJsonObject node = child.toObject();
+        if (node.value(QStringLiteral("type")).toString() == QLatin1String("ViewNode")
+            && properties(node, QStringLiteral("ViewNode")).value(QStringLiteral("viewId"))
+                == viewId)
+            return node;
+    }
+    return QJsonObject();
+}
+
+// A cross-section's position along the arch (0..1) as its reslice viewer node records it; NaN
+// when the tree has no such node.
+double reslicePosition(const QJsonObject& root, const QString& viewId)
+{
+    for (const QJsonValue& child : children(viewNode(root, viewId))) {
+        const QJsonObject node = child.toObject();
+        if (node.value(QStringLiteral("type")).toString()
+            != QLatin1String("CrossSectionalResliceViewerNode"))
+            continue;
+        const QJsonObject own = properties(node, QStringLiteral("CrossSectionalResliceViewerNode"));
+        const double slices = own.value(QStringLiteral("numberOfSlices")).toDouble();
+        if (slices >= 2)
+            return own.value(QStringLiteral("sliderIndex")).toDouble() / (slices - 1);
+    }
+    return std::nan("");
 }
 
 void checkDump(const QString& fileName, const QStringList& args)
@@ -114,25 +165,85 @@ void checkDump(const QString& fileName, const QStringList& args)
         expect(found, QStringLiteral("a text annotation reading \"%1\"").arg(text));
     }
 
-    // --reslice ID POSITION: the cross-section's position along the arch, to two hundredths.
-    const int reslice = args.indexOf(QStringLiteral("--reslice"));
-    if (reslice >= 0 && reslice + 2 < args.size()) {
-        const QJsonValue position = dump.value(QStringLiteral("document"))
-                                        .toObject()
-                                        .value(QStringLiteral("reslices"))
-                                        .toObject()
-                                        .value(args.at(reslice + 1));
-        expect(position.isDouble()
-                && std::abs(position.toDouble() - args.at(reslice + 2).toDouble()) < 0.02,
-            QStringLiteral("%1 resliced at %2, found %3")
-                .arg(args.at(reslice + 1), args.at(reslice + 2))
-                .arg(position.toDouble()));
+    const QJsonObject root
+        = dump.value(QStringLiteral("state")).toObject().value(QStringLiteral("root")).toObject();
+
+    // --reslice ID POSITION, repeatable: the cross-section's position along the arch, to two
+    // hundredths.
+    for (int i = args.indexOf(QStringLiteral("--reslice")); i >= 0 && i + 2 < args.size();
+         i = args.indexOf(QStringLiteral("--reslice"), i + 1)) {
+        const double position = reslicePosition(root, args.at(i + 1));
+        expect(std::abs(position - args.at(i + 2).toDouble()) < 0.02,
+            QStringLiteral("%1 resliced at %2 in the state tree, found %3")
+                .arg(args.at(i + 1), args.at(i + 2))
+                .arg(position));
     }
 
+    // The numbering on screen, and as the tooth chart's layout tile in the state tree.
     const QString notation = option(args, QStringLiteral("--notation"));
-    if (!notation.isEmpty())
+    if (!notation.isEmpty()) {
         expect(dump.value(QStringLiteral("notation")).toString() == notation,
-            QStringLiteral("notation %1").arg(notation));
+            QStringLiteral("notation %1 on screen").arg(notation));
+        QList<QJsonObject> tiles;
+        collectNodes(
+            viewNode(root, QStringLiteral("Tooth chart")), QStringLiteral("LayoutTileNode"), tiles);
+        expect(tiles.size() == 1
+                && properties(tiles.first(), QStringLiteral("LayoutTileNode"))
+                        .value(QStringLiteral("layoutTileId"))
+                        .toString()
+                    == notation,
+            QStringLiteral("the tooth chart's node records notation %1").arg(notation));
+    }
+
+    // --label-offset X Y: some measurement's label sits there, relative to its last point.
+    const int offset = args.indexOf(QStringLiteral("--label-offset"));
+    if (offset >= 0 && offset + 2 < args.size()) {
+        const QPointF wanted(args.at(offset + 1).toDouble(), args.at(offset + 2).toDouble());
+        QList<QJsonObject> nodes;
+        collectNodes(root, QStringLiteral("Measurement2DNode"), nodes);
+        QStringList seen;
+        bool found = false;
+        for (const QJsonObject& node : nodes) {
+            const QJsonArray xy = properties(node, QStringLiteral("Measurement2DNode"))
+                                      .value(QStringLiteral("labelRelativePositions"))
+                                      .toArray()
+                                      .at(0)
+                                      .toArray();
+            const QPointF at(xy.at(0).toDouble(), xy.at(1).toDouble());
+            seen.append(QStringLiteral("(%1, %2)").arg(at.x()).arg(at.y()));
+            // The script's positions reach the viewer as whole viewport pixels.
+            found = found || QLineF(at, wanted).length() < 2.0;
+        }
+        expect(found,
+            QStringLiteral("a measurement label at (%1, %2) in the state tree, found %3")
+                .arg(wanted.x())
+                .arg(wanted.y())
+                .arg(seen.join(QStringLiteral(", "))));
+    }
+
+    // --label-size PIXELS: every measurement label is drawn at that pixel size.
+    const QString labelSize = option(args, QStringLiteral("--label-size"));
+    if (!labelSize.isEmpty()) {
+        const QJsonArray labels = dump.value(QStringLiteral("labels")).toArray();
+        expect(!labels.isEmpty(), QStringLiteral("measurement labels are drawn"));
+        for (const QJsonValue& label : labels)
+            expect(label.toObject().value(QStringLiteral("pixelSize")).toInt() == labelSize.toInt(),
+                QStringLiteral("label %1 at %2 pixels, found %3")
+                    .arg(label.toObject().value(QStringLiteral("name")).toString(), labelSize)
+                    .arg(label.toObject().value(QStringLiteral("pixelSize")).toInt()));
+    }
+
+    const QString tooth = option(args, QStringLiteral("--selected-tooth"));
+    if (!tooth.isEmpty())
+        expect(dump.value(QStringLiteral("selectedTooth")).toString() == tooth,
+            QStringLiteral("tooth %1 selected in the chart, found \"%2\"")
+                .arg(tooth, dump.value(QStringLiteral("selectedTooth")).toString()));
+
+    const QString status = option(args, QStringLiteral("--status"));
+    if (!status.isEmpty())
+        expect(dump.value(QStringLiteral("statusMessage")).toString().contains(status),
+            QStringLiteral("status bar reports \"%1\", found \"%2\"")
+                .arg(status, dump.value(QStringLiteral("statusMessage")).toString()));
 
     const QString view = option(args, QStringLiteral("--view"));
     if (!view.isEmpty())

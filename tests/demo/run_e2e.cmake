@@ -1,6 +1,6 @@
 # Runs the dental viewer's end-to-end script under a virtual X server, checks the state dump and
 # the screenshots, then starts the viewer again to check that the saved state comes back and that
-# a damaged state file is reported, not fatal.
+# a damaged state file, or one from a newer version, is reported and ignored, not fatal.
 #   -DXVFB_RUN= -DVIEWER= -DCHECKER= -DSCRIPT= -DWORK_DIR=
 get_filename_component(script_dir ${SCRIPT} DIRECTORY)
 file(REMOVE_RECURSE ${WORK_DIR})
@@ -34,8 +34,10 @@ function(check)
 endfunction()
 
 run_viewer(${SCRIPT})
+check(dump ${WORK_DIR}/shots/preferences.json --label-size 18)
 check(dump ${WORK_DIR}/shots/state.json --lengths 1 --areas 1 --length-mm 30.0
-    --text "Implant site" --notation UNIV --view Panoramic --reslice "Cross-section A" 0.5)
+    --text "Implant site" --notation UNIV --view Panoramic --reslice "Cross-section A" 0.5
+    --reslice "Cross-section B" 0.8 --label-offset 52 16 --label-size 18 --selected-tooth 2)
 
 # The snapshot export wrote a picture and a page that carries it inline.
 file(GLOB snapshot_png ${WORK_DIR}/shots/export/snapshot-*.png)
@@ -55,10 +57,33 @@ check(image ${WORK_DIR}/shots/tooth-chart.png)
 
 # The state written at exit comes back at the next start.
 run_viewer(${script_dir}/restore.script)
-check(dump ${WORK_DIR}/shots/restored.json --lengths 1 --areas 1 --length-mm 30.0
-    --text "Implant site" --notation UNIV --view Panoramic --reslice "Cross-section A" 0.5)
+set(restored_checks --lengths 1 --areas 1 --length-mm 30.0 --text "Implant site" --notation UNIV
+    --view Panoramic --reslice "Cross-section A" 0.5 --reslice "Cross-section B" 0.8
+    --label-offset 52 16)
+check(dump ${WORK_DIR}/shots/restored.json ${restored_checks})
+file(READ ${WORK_DIR}/state/ui-state.json good_state)
 
-# A damaged state file is ignored: the viewer still starts with the default view.
+# A damaged state file is ignored: the viewer still starts with the default view, and says so.
 file(WRITE ${WORK_DIR}/state/ui-state.json "{ this is not a state tree")
 run_viewer(${script_dir}/restore.script)
-check(dump ${WORK_DIR}/shots/restored.json --lengths 1 --view Panoramic)
+check(dump ${WORK_DIR}/shots/restored.json --lengths 1 --view Panoramic --notation FDI
+    --reslice "Cross-section A" 0.3 --status "was ignored")
+
+# A file of a newer format, and one with a node of a newer version, are ignored the same way.
+string(REPLACE "\"formatVersion\": 1" "\"formatVersion\": 2" newer_format "${good_state}")
+string(REPLACE "\"CrossSectionalResliceViewerNode\": \"1.0\""
+    "\"CrossSectionalResliceViewerNode\": \"2.0\"" newer_node "${good_state}")
+foreach(newer newer_format newer_node)
+    if("${${newer}}" STREQUAL "${good_state}")
+        message(FATAL_ERROR "${newer}: the saved state no longer has the text this test edits")
+    endif()
+    file(WRITE ${WORK_DIR}/state/ui-state.json "${${newer}}")
+    run_viewer(${script_dir}/restore.script)
+    check(dump ${WORK_DIR}/shots/restored.json --lengths 1 --view Panoramic --notation FDI
+        --reslice "Cross-section A" 0.3 --status "was ignored")
+endforeach()
+
+# The good file still restores once written back: the edits above were what was refused.
+file(WRITE ${WORK_DIR}/state/ui-state.json "${good_state}")
+run_viewer(${script_dir}/restore.script)
+check(dump ${WORK_DIR}/shots/restored.json ${restored_checks})

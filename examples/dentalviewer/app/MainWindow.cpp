@@ -5,6 +5,8 @@
 #include <guicore/action/Action.h>
 #include <guicore/action/ActionList.h>
 #include <guicore/action/ActionManager.h>
+#include <guicore/graphics/items/CustomGraphicsLabelItem.h>
+#include <guicore/graphics/items/CustomGraphicsOutlineTextItem.h>
 #include <guicore/solution/Feature.h>
 #include <guicore/solution/Solution.h>
 #include <guicore/solution/SolutionActionGroup.h>
@@ -22,8 +24,12 @@
 #include <QAction>
 #include <QActionGroup>
 #include <QComboBox>
+#include <QDebug>
 #include <QDir>
 #include <QFile>
+#include <QGraphicsScene>
+#include <QGraphicsView>
+#include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
 #include <QLabel>
@@ -36,6 +42,8 @@ namespace {
 
 const QString STATE_FILE = QStringLiteral("ui-state.json");
 const QString DOCUMENT_FILE = QStringLiteral("document.json");
+// The version of the state file format this build writes and reads.
+constexpr int STATE_FORMAT_VERSION = 1;
 
 int viewRank(const View* view)
 {
@@ -262,6 +270,24 @@ QJsonObject MainWindow::dumpState() const
     dump.insert(QStringLiteral("currentView"), m_switching->getCurrentViewID());
     dump.insert(QStringLiteral("currentViewOrSubView"), m_switching->getCurrentViewOrSubViewID());
     dump.insert(QStringLiteral("notation"), m_api ? m_api->notation() : QString());
+    dump.insert(QStringLiteral("selectedTooth"), m_api ? m_api->selectedTooth() : QString());
+    dump.insert(QStringLiteral("statusMessage"), m_stateMessage);
+    // The measurement labels as drawn, with the pixel size of their text.
+    QJsonArray labels;
+    for (View* view : m_switching->getViewOrSubViews()) {
+        QGraphicsView* graphicsView = m_api ? m_api->graphicsViewOf(view) : nullptr;
+        if (!graphicsView || !graphicsView->scene() || dynamic_cast<MultiView*>(view))
+            continue;
+        for (QGraphicsItem* item : graphicsView->scene()->items()) {
+            auto* label = dynamic_cast<CustomGraphicsLabelItem*>(item);
+            if (!label || !label->objectName().endsWith(QLatin1String("_label")))
+                continue;
+            labels.append(QJsonObject {{QStringLiteral("name"), label->objectName()},
+                {QStringLiteral("pixelSize"), label->getTextItem()->getFont().pixelSize()},
+                {QStringLiteral("x"), label->pos().x()}, {QStringLiteral("y"), label->pos().y()}});
+        }
+    }
+    dump.insert(QStringLiteral("labels"), labels);
     dump.insert(QStringLiteral("document"), m_api ? m_api->saveDocument() : QJsonObject());
     dump.insert(
         QStringLiteral("state"), ui::NodeSerializer::toDocument(*generateStateTree()).object());
@@ -269,6 +295,28 @@ QJsonObject MainWindow::dumpState() const
     dump.insert(QStringLiteral("runningAction"), current ? current->getID() : QString());
     return dump;
 }
+
+namespace {
+
+// True when a node of the tree was written by a newer format of its kind than this build knows:
+// such a tree may mean something else by the properties it shares with ours.
+bool isFromNewerVersion(const ui::Node& node)
+{
+    const QMap<QString, QVersionNumber>& known = node.getVersions();
+    const QMap<QString, QVersionNumber>& loaded = node.getLoadingVersions();
+    for (auto it = loaded.begin(); it != loaded.end(); ++it) {
+        if (known.contains(it.key())
+            && it.value().majorVersion() > known.value(it.key()).majorVersion())
+            return true;
+    }
+    for (const ui::Node* child : node.getNodes()) {
+        if (isFromNewerVersion(*child))
+            return true;
+    }
+    return false;
+}
+
+} // namespace
 
 void MainWindow::restoreState(const QString& folder)
 {
@@ -286,14 +334,25 @@ void MainWindow::restoreState(const QString& folder)
                 tr("Some saved measurements could not be read and were left out."), 10000);
     }
     const QString statePath = dir.filePath(STATE_FILE);
-    if (!QFile::exists(statePath))
+    QFile stateFile(statePath);
+    if (!stateFile.exists())
         return;
-    std::unique_ptr<ui::Node> root = ui::NodeSerializer::readFile(statePath);
-    if (!root) {
+    const QJsonDocument document = stateFile.open(QIODevice::ReadOnly)
+        ? QJsonDocument::fromJson(stateFile.readAll())
+        : QJsonDocument();
+    // The serializer reads any format version; one above ours is a newer file, not ours to read.
+    const bool newerFormat
+        = document.object().value(QStringLiteral("formatVersion")).toInt() > STATE_FORMAT_VERSION;
+    std::unique_ptr<ui::Node> root
+        = newerFormat || document.isNull() ? nullptr : ui::NodeSerializer::fromDocument(document);
+    if (!root || isFromNewerVersion(*root)) {
+        qWarning().noquote() << "MainWindow : saved view state ignored:"
+                             << QDir::toNativeSeparators(statePath);
         statusBar()->showMessage(
             tr("The saved view state in %1 is damaged or from a newer version; it was ignored.")
                 .arg(QDir::toNativeSeparators(statePath)),
             15000);
+        m_stateMessage = statusBar()->currentMessage();
         return;
     }
     applyStateTree(*root);

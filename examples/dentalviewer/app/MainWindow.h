@@ -82,5 +82,7 @@ private:
     QAction* m_subViewsItem = nullptr;
     QLabel* m_statusLabel = nullptr;
     QString m_error;
+    // Why the saved state was not restored; empty when it was or there was none.
+    QString m_stateMessage;
     bool m_shutDown = false;
 };

@@ -4,20 +4,27 @@
 #include "MainWindow.h"
 
 #include <guicore/action/Action.h>
+#include <guicore/graphics/scene/GraphicsViewExtraInterface.h>
+#include <guicore/graphics/scene/QuickGraphicsSceneItem.h>
 #include <guicore/solution/SolutionManager.h>
+#include <guicore/style/DevicePixelRatio.h>
 #include <guicore/view/SwitchingViewsManager.h>
 
 #include <settings/SettingsManager.h>
 
 #include <QApplication>
+#include <QComboBox>
+#include <QDialog>
 #include <QFile>
 #include <QGraphicsView>
 #include <QJsonDocument>
 #include <QKeyEvent>
 #include <QKeySequence>
 #include <QMouseEvent>
+#include <QQuickWindow>
 #include <QRegularExpression>
 #include <QScreen>
+#include <QSpinBox>
 #include <QTextStream>
 #include <QTimer>
 #include <cstdio>
@@ -125,6 +132,10 @@ bool ScriptRunner::run(const QStringList& words)
         m_window.updateStatus();
         return m_window.solution()->notation() == rest;
     }
+    if (step == QLatin1String("set") && words.size() == 3)
+        return set(words.at(1), words.at(2));
+    if (step == QLatin1String("close") && words.size() == 2)
+        return close(words.at(1));
     if (step == QLatin1String("setting") && words.size() == 3) {
         settings::SettingsManager::manager()->setUserDefault(words.at(1), words.at(2));
         return true;
@@ -165,21 +176,40 @@ bool ScriptRunner::mouse(const QString& kind, const QStringList& words)
 {
     if (words.size() != 3)
         return false;
-    QGraphicsView* view
-        = m_window.solution()->graphicsViewOf(m_window.switchingViewsManager()->getCurrentView());
-    if (!view)
+    bool xOk = false;
+    bool yOk = false;
+    const QPointF scenePos(words.at(1).toDouble(&xOk), words.at(2).toDouble(&yOk));
+    if (!xOk || !yOk)
         return false;
-    QWidget* target = view->viewport();
-    const QPointF local
-        = view->mapFromScene(QPointF(words.at(1).toDouble(), words.at(2).toDouble()));
-    const QPointF global = target->mapToGlobal(local);
+    View* current = m_window.switchingViewsManager()->getCurrentView();
+    // The target: a 2-D viewer's viewport, or the window of a view whose scene is shown by a Quick
+    // scene host (the tooth chart); the event position is local to that target.
+    QObject* target = nullptr;
+    QPointF local;
+    QPointF global;
+    if (QGraphicsView* view = m_window.solution()->graphicsViewOf(current)) {
+        target = view->viewport();
+        local = view->mapFromScene(scenePos);
+        global = view->viewport()->mapToGlobal(local);
+        // A click gives the viewer the keyboard focus, as it does on screen.
+        if (kind != QLatin1String("move") && kind != QLatin1String("release"))
+            view->setFocus(Qt::MouseFocusReason);
+    } else if (QuickGraphicsSceneItem* host = m_window.solution()->sceneHostOf(current)) {
+        if (!host->window() || !host->getGraphicsView())
+            return false;
+        target = host->window();
+        // The host's view works in device pixels, the Quick item in logical ones.
+        const QPointF inItem
+            = QPointF(host->getGraphicsView()->mapFromScene(scenePos)) / DevicePixelRatio::value();
+        local = host->mapToScene(inItem);
+        global = host->window()->mapToGlobal(local);
+    } else {
+        return false;
+    }
     auto send = [&](QEvent::Type type, Qt::MouseButton button, Qt::MouseButtons buttons) {
-        QMouseEvent event(type, local, global, button, buttons, Qt::NoModifier);
-        QApplication::sendEvent(target, &event);
+        QMouseEvent event(type, local, local, global, button, buttons, Qt::NoModifier);
+        QCoreApplication::sendEvent(target, &event);
     };
-    // A click gives the viewer the keyboard focus, as it does on screen.
-    if (kind != QLatin1String("move") && kind != QLatin1String("release"))
-        view->setFocus(Qt::MouseFocusReason);
     if (kind == QLatin1String("press")) {
         m_buttons = Qt::LeftButton;
         send(QEvent::MouseButtonPress, Qt::LeftButton, m_buttons);
@@ -198,6 +228,55 @@ bool ScriptRunner::mouse(const QString& kind, const QStringList& words)
             send(QEvent::MouseButtonRelease, button, Qt::NoButton);
         }
     }
+    return true;
+}
+
+QWidget* ScriptRunner::findWidget(const QString& name)
+{
+    for (QWidget* window : QApplication::topLevelWidgets()) {
+        if (!window->isVisible())
+            continue;
+        if (window->objectName() == name)
+            return window;
+        if (auto* child = window->findChild<QWidget*>(name))
+            return child;
+    }
+    return nullptr;
+}
+
+bool ScriptRunner::set(const QString& name, const QString& value)
+{
+    // The same as the user's edit: the widgets emit their change signals.
+    QWidget* widget = findWidget(name);
+    if (auto* spinBox = qobject_cast<QSpinBox*>(widget)) {
+        bool ok = false;
+        const int number = value.toInt(&ok);
+        if (!ok || number < spinBox->minimum() || number > spinBox->maximum())
+            return false;
+        spinBox->setValue(number);
+        return true;
+    }
+    if (auto* comboBox = qobject_cast<QComboBox*>(widget)) {
+        int index = comboBox->findData(value);
+        if (index < 0)
+            index = comboBox->findText(value);
+        if (index < 0)
+            return false;
+        comboBox->setCurrentIndex(index);
+        return true;
+    }
+    return false;
+}
+
+bool ScriptRunner::close(const QString& name)
+{
+    QWidget* widget = findWidget(name);
+    if (!widget || !widget->isWindow())
+        return false;
+    if (auto* dialog = qobject_cast<QDialog*>(widget))
+        dialog->reject();
+    else
+        widget->close();
     return true;
 }
 

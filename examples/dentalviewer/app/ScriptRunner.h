@@ -5,14 +5,17 @@
 #include <QStringList>
 
 class MainWindow;
+class QWidget;
 
 // Runs a demo script against the main window, one step per turn of the event loop, so that every
 // step sees the effects of the previous one painted. Steps, one a line ('#' starts a comment):
 //   view ID | action ID [key=value...] | press X Y | move X Y | release X Y | click X Y
 //   doubleclick X Y | rightclick X Y | key SEQUENCE | type TEXT | notation FDI|UNIV
 //   setting KEY VALUE | resize W H | wait MS | screenshot FILE | dump FILE
-// Coordinates are scene coordinates of the current 2-D viewer; files are relative to the
-// screenshot folder.
+//   set WIDGET VALUE (a spin box's value or a combo box's item, by the widget's object name)
+//   close WINDOW (rejects a dialog, closes any other window, by its object name)
+// Coordinates are scene coordinates of the current view's scene (a 2-D viewer's or the tooth
+// chart's); files are relative to the screenshot folder.
 class ScriptRunner : public QObject
 {
     Q_OBJECT
@@ -34,6 +37,9 @@ private:
     bool mouse(const QString& kind, const QStringList& words);
     bool key(const QString& sequence);
     bool type(const QString& text);
+    bool set(const QString& name, const QString& value);
+    bool close(const QString& name);
+    static QWidget* findWidget(const QString& name);
     void fail(const QString& message);
 
     MainWindow& m_window;

@@ -5,6 +5,7 @@
 #include <QtPlugin>
 
 class QGraphicsView;
+class QuickGraphicsSceneItem;
 class QWidget;
 class SolutionManager;
 class View;
@@ -26,7 +27,7 @@ public:
     // The parent widget for the plug-in's dialogs; borrowed, may be null.
     virtual void setDialogParent(QWidget* parent) = 0;
 
-    // The data the views show (measurements with their geometry, the notation) as JSON; the ui
+    // The data the views show (the measurements with their geometry and text) as JSON; the ui
     // state tree refers to the measurements by their ids.
     virtual QJsonObject saveDocument() const = 0;
     virtual bool loadDocument(const QJsonObject& document) = 0;
@@ -35,9 +36,17 @@ public:
     // Borrowed: the view owns it.
     virtual QGraphicsView* graphicsViewOf(View* view) const = 0;
 
+    // The Quick scene host shown by the given view, or null when it has none. Borrowed: the
+    // view's page owns it.
+    virtual QuickGraphicsSceneItem* sceneHostOf(View* view) const = 0;
+
     // The current tooth numbering, "FDI" or "UNIV".
     virtual QString notation() const = 0;
     virtual void setNotation(const QString& notation) = 0;
+
+    // The tooth selected in the tooth chart, by its name in the current numbering; empty when
+    // none is.
+    virtual QString selectedTooth() const = 0;
 };
 
 #define DentalSolutionApi_iid "org.guicore.examples.DentalSolutionApi/1.0"

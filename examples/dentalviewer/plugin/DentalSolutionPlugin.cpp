@@ -224,6 +224,21 @@ QGraphicsView* DentalSolutionPlugin::graphicsViewOf(View* view) const
     return nullptr;
 }
 
+QuickGraphicsSceneItem* DentalSolutionPlugin::sceneHostOf(View* view) const
+{
+    auto* chart = dynamic_cast<ToothChartView*>(view);
+    return chart ? chart->sceneHost() : nullptr;
+}
+
+QString DentalSolutionPlugin::selectedTooth() const
+{
+    for (View* view : getViews()) {
+        if (auto* chart = dynamic_cast<ToothChartView*>(view))
+            return chart->selectedTooth();
+    }
+    return QString();
+}
+
 QString DentalSolutionPlugin::notation() const
 {
     return m_workspace ? m_workspace->notation() : QString();
@@ -276,29 +291,35 @@ void DentalSolutionPlugin::exportSnapshot(const QString& directory)
 
 void DentalSolutionPlugin::showPreferences()
 {
-    QDialog dialog(m_dialogParent);
-    dialog.setWindowTitle(tr("Preferences"));
-    auto* form = new QFormLayout(&dialog);
-    auto* palette = new QComboBox(&dialog);
+    // Opened, not executed: the tool's command returns at once and the dialog lives in the main
+    // event loop, so nothing else waits on a nested one.
+    auto* dialog = new QDialog(m_dialogParent);
+    dialog->setObjectName(QStringLiteral("preferencesDialog"));
+    dialog->setAttribute(Qt::WA_DeleteOnClose);
+    dialog->setWindowTitle(tr("Preferences"));
+    auto* form = new QFormLayout(dialog);
+    auto* palette = new QComboBox(dialog);
+    palette->setObjectName(QStringLiteral("palette"));
     palette->addItem(tr("Dark"), QStringLiteral("dark"));
     palette->addItem(tr("Light"), QStringLiteral("light"));
-    QSettings settings;
     palette->setCurrentIndex(
-        palette->findData(settings.value(QStringLiteral("palette"), QStringLiteral("dark"))));
+        palette->findData(QSettings().value(QStringLiteral("palette"), QStringLiteral("dark"))));
     form->addRow(tr("Palette (after restart)"), palette);
-    auto* fontSize = new QSpinBox(&dialog);
+    auto* fontSize = new QSpinBox(dialog);
+    fontSize->setObjectName(QStringLiteral("labelFontSize"));
     fontSize->setRange(6, 48);
     settings::SettingsManager* userDefaults = settings::SettingsManager::manager();
     fontSize->setValue(
         userDefaults->getUserDefaults().getSetting(QStringLiteral("labelFontSize")).toInt());
     form->addRow(tr("Label font size"), fontSize);
     // Labels listen to the user default themselves, so they follow the spin box live.
-    QObject::connect(fontSize, &QSpinBox::valueChanged, &dialog, [userDefaults](int size) {
+    QObject::connect(fontSize, &QSpinBox::valueChanged, dialog, [userDefaults](int size) {
         userDefaults->setUserDefault(QStringLiteral("labelFontSize"), size);
     });
-    auto* buttons = new QDialogButtonBox(QDialogButtonBox::Close, &dialog);
+    auto* buttons = new QDialogButtonBox(QDialogButtonBox::Close, dialog);
     form->addRow(buttons);
-    QObject::connect(buttons, &QDialogButtonBox::rejected, &dialog, &QDialog::reject);
-    dialog.exec();
-    settings.setValue(QStringLiteral("palette"), palette->currentData());
+    QObject::connect(buttons, &QDialogButtonBox::rejected, dialog, &QDialog::reject);
+    QObject::connect(dialog, &QDialog::finished, dialog,
+        [palette] { QSettings().setValue(QStringLiteral("palette"), palette->currentData()); });
+    dialog->open();
 }

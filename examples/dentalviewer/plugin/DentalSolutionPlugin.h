@@ -38,8 +38,10 @@ public:
     QJsonObject saveDocument() const override;
     bool loadDocument(const QJsonObject& document) override;
     QGraphicsView* graphicsViewOf(View* view) const override;
+    QuickGraphicsSceneItem* sceneHostOf(View* view) const override;
     QString notation() const override;
     void setNotation(const QString& notation) override;
+    QString selectedTooth() const override;
 
 private:
     void exportSnapshot(const QString& directory);

@@ -7,12 +7,15 @@
 
 #include <guicore/graphics/items/CustomGraphicsItem.h>
 #include <guicore/graphics/items/CustomGraphicsLabelItem.h>
+#include <guicore/graphics/manipulators/CenterDragger.h>
 #include <guicore/graphics/manipulators/CrossDragger.h>
 #include <guicore/graphics/manipulators/CrossedLinesManipulationGraphicsItemGroup.h>
 #include <guicore/graphics/scene/GraphicsSceneExtra.h>
 #include <guicore/graphics/scene/GraphicsViewExtra.h>
 #include <guicore/graphics/scene/QuickGraphicsSceneItem.h>
 #include <guicore/style/StyleManager.h>
+#include <guicore/ui/CrossSectionalResliceViewerNode.h>
+#include <guicore/ui/LayoutTileNode.h>
 #include <guicore/ui/Measurement2DNode.h>
 #include <guicore/ui/ViewNode.h>
 #include <guicore/ui/Viewer2DNode.h>
@@ -107,6 +110,13 @@ std::unique_ptr<ui::ViewNodeInteractor> Viewer2DView::createNodeInteractor()
     return std::make_unique<Viewer2DNodeInteractor>(*this);
 }
 
+std::unique_ptr<ui::Viewer2DNode> Viewer2DView::createViewerNode() const
+{
+    return std::make_unique<ui::Viewer2DNode>();
+}
+
+void Viewer2DView::applyViewerNode(const ui::Viewer2DNode&) { }
+
 // --- Viewer2DNodeInteractor -----------------------------------------------------------------
 
 Viewer2DNodeInteractor::Viewer2DNodeInteractor(Viewer2DView& view)
@@ -121,7 +131,7 @@ std::unique_ptr<ui::Node> Viewer2DNodeInteractor::generate()
     Viewer2D* viewer = m_view.viewer();
     if (!node || !viewer)
         return node;
-    auto viewerNode = std::make_unique<ui::Viewer2DNode>();
+    std::unique_ptr<ui::Viewer2DNode> viewerNode = m_view.createViewerNode();
     viewerNode->setViewerIndex(0);
     viewerNode->setHadContentWhenGenerated(true);
     viewerNode->setZoomBox(viewer->getZoomBox());
@@ -145,16 +155,15 @@ void Viewer2DNodeInteractor::apply(ui::Node* node)
             continue;
         if (viewerNode->hasZoomBox())
             viewer->setZoomBox(viewerNode->getZoomBox());
+        m_view.applyViewerNode(*viewerNode);
         for (ui::Node* grandChild : viewerNode->getNodes()) {
             auto* measurementNode = dynamic_cast<ui::Measurement2DNode*>(grandChild);
             if (!measurementNode || measurementNode->getLabelRelativePositions().empty())
                 continue;
             // A node whose measurement is gone from the document is left alone.
             if (Measurement* measurement
-                = viewer->findMeasurement(measurementNode->getDataObjectUUID())) {
-                measurement->labelOffset = measurementNode->getLabelRelativePosition(0);
-                viewer->updateMeasurement(measurement);
-            }
+                = viewer->findMeasurement(measurementNode->getDataObjectUUID()))
+                viewer->setLabelOffset(measurement, measurementNode->getLabelRelativePosition(0));
         }
     }
 }
@@ -191,86 +200,142 @@ void PanoramicView::updateToothLabels()
 CrossSectionView::CrossSectionView(
     const QString& id, const QString& name, DentalWorkspace& workspace, double archPosition)
     : Viewer2DView(id, name, workspace)
-    , m_archPosition(archPosition)
 {
     Viewer2D* v = viewer();
     v->setImage(synthetic::crossSection(archPosition));
-    const QRectF bounds = v->imageRect();
+    m_bounds = v->imageRect();
 
-    // The cross dragger picks the reslice position along the arch (its vertical line) and the
-    // height of interest (its horizontal line). Draggers only propose; we apply the move.
+    // The cross dragger picks the slice along the arch (its vertical line) and the height of
+    // interest (its horizontal line). Draggers only propose; we apply the move.
     m_cross = new CrossDragger();
-    m_cross->setRect(bounds);
-    m_cross->setBoundingRect(bounds);
+    m_cross->setRect(m_bounds);
+    m_cross->setBoundingRect(m_bounds);
     m_cross->setHorizontalColor(styleColor("DRAGGER_COLOR", Qt::cyan));
     m_cross->setVerticalColor(styleColor("DRAGGER_COLOR", Qt::cyan));
-    m_cross->moveVertical(QPointF(bounds.width() * archPosition, bounds.center().y()));
-    m_cross->moveHorizontal(bounds.center());
+    m_cross->moveHorizontal(m_bounds.center());
     m_cross->setZValue(10);
+    // A press on the crossing starts both line draggers, which lie under it, and the scene's
+    // stock handling then also drags the movable centre handle: the handle, already moved along
+    // by the lines, would add the mouse's travel a second time. With the handle fixed, the two
+    // lines alone carry a drag of the crossing, and they follow the mouse exactly.
+    for (QGraphicsItem* child : m_cross->childItems()) {
+        if (auto* handle = dynamic_cast<CenterDragger*>(child))
+            handle->setFlag(QGraphicsItem::ItemIsMovable, false);
+    }
     v->scene()->addItem(m_cross);
-    QObject::connect(m_cross, &CrossDragger::verticalMoved, v, [this, bounds](QPointF at) {
-        m_cross->moveVertical(at);
-        setArchPosition(at.x() / bounds.width());
-    });
+    QObject::connect(m_cross, &CrossDragger::verticalMoved, v,
+        [this](QPointF at) { setArchPosition(at.x() / m_bounds.width()); });
     QObject::connect(m_cross, &CrossDragger::horizontalMoved, v,
         [this](QPointF at) { m_cross->moveHorizontal(at); });
 
-    // The crossed lines show the bone axis; they may be turned and moved.
+    // The crossed lines mark the bone axis, below the height of interest so that the two crosses
+    // do not share a line.
     m_lines = new CrossedLinesManipulationGraphicsItemGroup();
-    m_lines->setViewportRectangle(bounds);
+    m_lines->setViewportRectangle(m_bounds);
     m_lines->setHorizontalColor(styleColor("MANIPULATOR_LINE_COLOR", Qt::green));
     m_lines->setVerticalColor(styleColor("MANIPULATOR_LINE_COLOR", Qt::green));
-    m_lines->setHorizontalLine(bounds.center(), QVector2D(1, 0));
-    m_lines->setVerticalLine(bounds.center(), QVector2D(0, 1));
+    const QPointF axisCentre(m_bounds.center().x(), m_bounds.top() + m_bounds.height() * 0.7);
+    m_horizontalAxis = QLineF(axisCentre, axisCentre + QPointF(1, 0));
+    m_verticalAxis = QLineF(axisCentre, axisCentre + QPointF(0, 1));
+    m_lines->setHorizontalLine(m_horizontalAxis.p1(), QVector2D(1, 0));
+    m_lines->setVerticalLine(m_verticalAxis.p1(), QVector2D(0, 1));
     m_lines->enableRotation(true);
     m_lines->enableTranslation(true);
     m_lines->setZValue(9);
     v->scene()->addItem(m_lines);
-    auto horizontalAngle = std::make_shared<float>(0.0f);
-    auto verticalAngle = std::make_shared<float>(float(M_PI / 2));
-    auto centre = std::make_shared<QPointF>(bounds.center());
-    auto direction = [](float angle) { return QVector2D(std::cos(angle), std::sin(angle)); };
-    QObject::connect(m_lines, &CrossedLinesManipulationGraphicsItemGroup::horizontalLineTranslated,
-        v, [this, centre, horizontalAngle, direction](const QPointF& at) {
-            *centre = at;
-            m_lines->setHorizontalLine(at, direction(*horizontalAngle));
-        });
-    QObject::connect(m_lines, &CrossedLinesManipulationGraphicsItemGroup::verticalLineTranslated, v,
-        [this, centre, verticalAngle, direction](const QPointF& at) {
-            *centre = at;
-            m_lines->setVerticalLine(at, direction(*verticalAngle));
-        });
-    QObject::connect(m_lines, &CrossedLinesManipulationGraphicsItemGroup::horizontalLineRotated, v,
-        [this, centre, horizontalAngle, direction](float angle) {
-            *horizontalAngle = angle;
-            m_lines->setHorizontalLine(*centre, direction(angle));
-        });
-    QObject::connect(m_lines, &CrossedLinesManipulationGraphicsItemGroup::verticalLineRotated, v,
-        [this, centre, verticalAngle, direction](float angle) {
-            *verticalAngle = angle;
-            m_lines->setVerticalLine(*centre, direction(angle));
-        });
+    connectCrossedLines();
 
     m_positionLabel = makeToothLabel(id + QStringLiteral("_position"));
     m_positionLabel->setPos(8, 8);
     v->scene()->addItem(m_positionLabel);
     setArchPosition(archPosition);
-    workspace.addReslice(id,
-        {[this] { return m_archPosition; },
-            [this, bounds](double position) {
-                setArchPosition(position);
-                m_cross->moveVertical(
-                    QPointF(bounds.width() * m_archPosition, bounds.center().y()));
-            }});
+}
+
+void CrossSectionView::connectCrossedLines()
+{
+    // A translation brings the line through the proposed point. A rotation is an angle in degrees,
+    // counter-clockwise on screen, relative to the line as it stands; the line turns about the
+    // crossing, where the handle sits.
+    auto crossing = [this] {
+        QPointF at;
+        return m_horizontalAxis.intersects(m_verticalAxis, &at) == QLineF::NoIntersection
+            ? m_horizontalAxis.p1()
+            : at;
+    };
+    auto place = [](QLineF& axis, const QPointF& at) { axis.translate(at - axis.p1()); };
+    auto turn = [crossing](QLineF& axis, float degrees) {
+        const QPointF centre = crossing();
+        QLineF turned(centre, centre + (axis.p2() - axis.p1()));
+        turned.setAngle(turned.angle() + degrees);
+        axis = turned;
+    };
+    auto direction = [](const QLineF& axis) { return QVector2D(axis.p2() - axis.p1()); };
+    Viewer2D* v = viewer();
+    QObject::connect(m_lines, &CrossedLinesManipulationGraphicsItemGroup::horizontalLineTranslated,
+        v, [this, place, direction](const QPointF& at) {
+            place(m_horizontalAxis, at);
+            m_lines->setHorizontalLine(m_horizontalAxis.p1(), direction(m_horizontalAxis));
+        });
+    QObject::connect(m_lines, &CrossedLinesManipulationGraphicsItemGroup::verticalLineTranslated, v,
+        [this, place, direction](const QPointF& at) {
+            place(m_verticalAxis, at);
+            m_lines->setVerticalLine(m_verticalAxis.p1(), direction(m_verticalAxis));
+        });
+    QObject::connect(m_lines, &CrossedLinesManipulationGraphicsItemGroup::horizontalLineRotated, v,
+        [this, turn, direction](float degrees) {
+            turn(m_horizontalAxis, degrees);
+            m_lines->setHorizontalLine(m_horizontalAxis.p1(), direction(m_horizontalAxis));
+        });
+    QObject::connect(m_lines, &CrossedLinesManipulationGraphicsItemGroup::verticalLineRotated, v,
+        [this, turn, direction](float degrees) {
+            turn(m_verticalAxis, degrees);
+            m_lines->setVerticalLine(m_verticalAxis.p1(), direction(m_verticalAxis));
+        });
 }
 
 void CrossSectionView::setArchPosition(double position)
 {
-    m_archPosition = qBound(0.0, position, 1.0);
-    viewer()->setImage(synthetic::crossSection(m_archPosition));
+    if (!std::isfinite(position))
+        return;
+    setSliceIndex(int(std::lround(qBound(0.0, position, 1.0) * (NUMBER_OF_SLICES - 1))));
+}
+
+void CrossSectionView::setSliceIndex(int index)
+{
+    // The shown slice is a whole one: the dragger snaps to it, and the state records it exactly.
+    m_sliceIndex = qBound(0, index, NUMBER_OF_SLICES - 1);
+    viewer()->setImage(synthetic::crossSection(archPosition()));
+    m_cross->moveVertical(QPointF(m_bounds.width() * archPosition(), m_bounds.center().y()));
     const double archLengthMm = synthetic::PANORAMIC_WIDTH * DentalWorkspace::PIXEL_SPACING_MM;
     m_positionLabel->setText(
-        QObject::tr("Reslice at %1 mm").arg(m_archPosition * archLengthMm, 0, 'f', 1));
+        QObject::tr("Reslice at %1 mm").arg(archPosition() * archLengthMm, 0, 'f', 1));
+}
+
+// The reslice is recorded as the viewer's own node kind: a cross-section viewer steps through a
+// stack of slices, which is what the slice count, spacing and slider index describe.
+std::unique_ptr<ui::Viewer2DNode> CrossSectionView::createViewerNode() const
+{
+    auto node = std::make_unique<ui::CrossSectionalResliceViewerNode>();
+    node->setNumberOfSlices(NUMBER_OF_SLICES);
+    node->setSliceSpacing(float(DentalWorkspace::PIXEL_SPACING_MM));
+    node->setSliderIndex(m_sliceIndex);
+    return node;
+}
+
+void CrossSectionView::applyViewerNode(const ui::Viewer2DNode& node)
+{
+    const auto* reslice = dynamic_cast<const ui::CrossSectionalResliceViewerNode*>(&node);
+    if (!reslice)
+        return;
+    const size_t slices = reslice->getNumberOfSlices();
+    const int index = reslice->getSliderIndex();
+    if (slices < 2 || index < 0 || size_t(index) >= slices) {
+        qWarning().noquote() << "CrossSectionView : slice" << index << "of" << slices
+                             << "ignored for" << getID();
+        return;
+    }
+    // A stack of another size keeps the position along the arch.
+    setArchPosition(double(index) / double(slices - 1));
 }
 
 // --- CrossSectionsView ----------------------------------------------------------------------
@@ -348,6 +413,16 @@ void ToothChartView::start()
     m_workspace.setCurrentViewer(nullptr);
 }
 
+std::unique_ptr<ui::ViewNodeInteractor> ToothChartView::createNodeInteractor()
+{
+    return std::make_unique<ToothChartNodeInteractor>(*this);
+}
+
+QString ToothChartView::selectedTooth() const
+{
+    return m_bridge ? m_bridge->selectedTooth() : QString();
+}
+
 void ToothChartView::createWidget()
 {
     auto* window = new QQuickView();
@@ -366,13 +441,13 @@ void ToothChartView::createWidget()
     page->setMinimumSize(320, 240);
     setWidget(page);
 
-    auto* host = window->rootObject()
+    m_host = window->rootObject()
         ? window->rootObject()->findChild<QuickGraphicsSceneItem*>(QStringLiteral("chartScene"))
         : nullptr;
-    if (!host)
+    if (!m_host)
         return;
-    host->setViewerTag(QStringLiteral("toothChart"));
-    buildChart(*host->getGraphicsScene());
+    m_host->setViewerTag(QStringLiteral("toothChart"));
+    buildChart(*m_host->getGraphicsScene());
 
     QObject::connect(
         m_bridge, &ToothChartBridge::selectedToothChanged, window, [this] { updateChart(); });
@@ -440,5 +515,35 @@ void ToothChartView::updateChart()
             fill = styleColor("HOVER_COLOR", Qt::blue);
         m_teeth[i]->setBrush(fill);
         m_labels[i]->setText(ToothNameGenerator::getName(tooth));
+    }
+}
+
+// --- ToothChartNodeInteractor ---------------------------------------------------------------
+
+ToothChartNodeInteractor::ToothChartNodeInteractor(ToothChartView& view)
+    : ui::ViewNodeInteractor(view)
+    , m_view(view)
+{
+}
+
+std::unique_ptr<ui::Node> ToothChartNodeInteractor::generate()
+{
+    std::unique_ptr<ui::Node> node = ui::ViewNodeInteractor::generate();
+    if (!node)
+        return node;
+    auto numbering = std::make_unique<ui::LayoutTileNode>();
+    numbering->setLayoutTileId(m_view.workspace().notation());
+    node->addNode(std::move(numbering));
+    return node;
+}
+
+void ToothChartNodeInteractor::apply(ui::Node* node)
+{
+    if (!node)
+        return;
+    for (ui::Node* child : node->getNodes()) {
+        // The workspace refuses, with a warning, a numbering it does not know.
+        if (auto* numbering = dynamic_cast<ui::LayoutTileNode*>(child))
+            m_view.workspace().setNotation(numbering->getLayoutTileId());
     }
 }

@@ -4,6 +4,9 @@
 #include <guicore/view/View.h>
 #include <guicore/view/ViewNodeInteractor.h>
 
+#include "SyntheticImages.h"
+
+#include <QLineF>
 #include <QList>
 #include <QPointer>
 
@@ -13,9 +16,13 @@ class CustomGraphicsItem;
 class CustomGraphicsLabelItem;
 class DentalWorkspace;
 class GraphicsSceneExtra;
+class QuickGraphicsSceneItem;
 class ToothChartBridge;
 class ToothNameGenerator;
 class Viewer2D;
+namespace ui {
+class Viewer2DNode;
+}
 
 // A view whose screen is one 2-D viewer. While it runs, its viewer is the workspace's current one,
 // the viewer the measurement tools work in.
@@ -32,6 +39,12 @@ public:
 
     // Borrowed: the view owns its viewer.
     Viewer2D* viewer() const { return m_viewer; }
+
+    // The node that records the viewer; a kind of viewer with more state than its zoom box
+    // returns a more specific node kind. Ownership passes to the caller.
+    virtual std::unique_ptr<ui::Viewer2DNode> createViewerNode() const;
+    // Restores what createViewerNode() recorded beyond the zoom box and the measurements.
+    virtual void applyViewerNode(const ui::Viewer2DNode& node);
 
 protected:
     DentalWorkspace& workspace() const { return m_workspace; }
@@ -68,21 +81,39 @@ private:
     QList<CustomGraphicsLabelItem*> m_toothLabels;
 };
 
-// One cross-section whose reslice position follows a cross dragger and a pair of crossed lines.
+// One cross-section of the stack cut across the arch, one per column of the panoramic image. The
+// cross dragger's vertical line picks the slice; the crossed lines mark the bone axis and may be
+// moved and turned.
 class CrossSectionView : public Viewer2DView
 {
 public:
+    // One slice per panoramic column, a pixel apart.
+    static constexpr int NUMBER_OF_SLICES = synthetic::PANORAMIC_WIDTH;
+
     CrossSectionView(
         const QString& id, const QString& name, DentalWorkspace& workspace, double archPosition);
 
-    double archPosition() const { return m_archPosition; }
+    int sliceIndex() const { return m_sliceIndex; }
+    // Out-of-range indices are clamped.
+    void setSliceIndex(int index);
+    double archPosition() const { return double(m_sliceIndex) / (NUMBER_OF_SLICES - 1); }
+
+    // A cross-sectional reslice viewer node: slice count, spacing and the slice shown.
+    std::unique_ptr<ui::Viewer2DNode> createViewerNode() const override;
+    void applyViewerNode(const ui::Viewer2DNode& node) override;
 
 private:
     void setArchPosition(double position);
+    void connectCrossedLines();
 
-    double m_archPosition;
+    int m_sliceIndex = 0;
+    QRectF m_bounds;
     CrossDragger* m_cross = nullptr;
     CrossedLinesManipulationGraphicsItemGroup* m_lines = nullptr;
+    // The crossed lines as the owner keeps them: each from its rotation point along its
+    // direction.
+    QLineF m_horizontalAxis;
+    QLineF m_verticalAxis;
     CustomGraphicsLabelItem* m_positionLabel = nullptr;
 };
 
@@ -103,6 +134,13 @@ public:
     ~ToothChartView() override;
 
     void start() override;
+    std::unique_ptr<ui::ViewNodeInteractor> createNodeInteractor() override;
+
+    DentalWorkspace& workspace() const { return m_workspace; }
+    // The selected tooth's name in the current numbering; empty when none is.
+    QString selectedTooth() const;
+    // The page's scene host; null until the page is made or when QML failed. Owned by the page.
+    QuickGraphicsSceneItem* sceneHost() const { return m_host; }
 
 private:
     void createWidget() override;
@@ -112,7 +150,23 @@ private:
     DentalWorkspace& m_workspace;
     ToothChartBridge* m_bridge = nullptr;
     ToothNameGenerator* m_names = nullptr;
+    QuickGraphicsSceneItem* m_host = nullptr;
     QList<CustomGraphicsItem*> m_teeth;
     QList<CustomGraphicsLabelItem*> m_labels;
     int m_hovered = -1;
+};
+
+// Records the chart's numbering and applies it back. The chart is a layout of tooth tiles, and the
+// numbering is what names its tiles, so it is kept as the identifier of a layout tile node under
+// the chart's view node: a kind every reader of the tree knows, where an application-defined kind
+// would come back as a placeholder.
+class ToothChartNodeInteractor : public ui::ViewNodeInteractor
+{
+public:
+    explicit ToothChartNodeInteractor(ToothChartView& view);
+    std::unique_ptr<ui::Node> generate() override;
+    void apply(ui::Node* node) override;
+
+private:
+    ToothChartView& m_view;
 };

@@ -4,6 +4,7 @@
 
 #include <guicore/utility/dental/ToothNameGenerator.h>
 
+#include <QDebug>
 #include <QJsonArray>
 
 DentalWorkspace::DentalWorkspace()
@@ -46,11 +47,6 @@ void DentalWorkspace::setCurrentViewer(Viewer2D* viewer)
     Q_EMIT currentViewerChanged(viewer);
 }
 
-void DentalWorkspace::addReslice(const QString& viewerId, ResliceAccess access)
-{
-    m_reslices.insert(viewerId, std::move(access));
-}
-
 QString DentalWorkspace::notation() const
 {
     return ToothNameGenerator::TOOTH_NUMBERING_SYSTEM;
@@ -58,8 +54,10 @@ QString DentalWorkspace::notation() const
 
 void DentalWorkspace::setNotation(const QString& notation)
 {
-    if (notation != QLatin1String("FDI") && notation != QLatin1String("UNIV"))
+    if (notation != QLatin1String("FDI") && notation != QLatin1String("UNIV")) {
+        qWarning().noquote() << "DentalWorkspace : unknown tooth numbering" << notation;
         return;
+    }
     if (ToothNameGenerator::TOOTH_NUMBERING_SYSTEM == notation)
         return;
     // The generator's numbering is application-wide: every tooth name follows it.
@@ -82,23 +80,11 @@ QJsonObject DentalWorkspace::saveDocument() const
             measurements.append(object);
         }
     }
-    QJsonObject reslices;
-    for (auto it = m_reslices.begin(); it != m_reslices.end(); ++it)
-        reslices.insert(it.key(), it.value().first());
-    return QJsonObject {{QStringLiteral("notation"), notation()},
-        {QStringLiteral("measurements"), measurements}, {QStringLiteral("reslices"), reslices}};
+    return QJsonObject {{QStringLiteral("measurements"), measurements}};
 }
 
 bool DentalWorkspace::loadDocument(const QJsonObject& document)
 {
-    const QString savedNotation = document.value(QStringLiteral("notation")).toString();
-    if (!savedNotation.isEmpty())
-        setNotation(savedNotation);
-    const QJsonObject reslices = document.value(QStringLiteral("reslices")).toObject();
-    for (auto it = reslices.begin(); it != reslices.end(); ++it) {
-        if (m_reslices.contains(it.key()) && it.value().isDouble())
-            m_reslices.value(it.key()).second(it.value().toDouble());
-    }
     for (Viewer2D* viewer : viewers())
         viewer->clearMeasurements();
     bool complete = true;

@@ -2,12 +2,9 @@
 
 #include <QJsonObject>
 #include <QList>
-#include <QMap>
 #include <QObject>
 #include <QPointer>
 #include <QString>
-#include <functional>
-#include <utility>
 
 class Viewer2D;
 
@@ -31,14 +28,12 @@ public:
     Viewer2D* currentViewer() const { return m_current; }
     void setCurrentViewer(Viewer2D* viewer);
 
-    // Positions along the arch (0..1) of the cross-section viewers, by viewer id; a viewer's
-    // reslice is part of the document so that it comes back at the next start.
-    using ResliceAccess = std::pair<std::function<double()>, std::function<void(double)>>;
-    void addReslice(const QString& viewerId, ResliceAccess access);
-
     QString notation() const;
+    // "FDI" or "UNIV"; anything else is refused with a warning.
     void setNotation(const QString& notation);
 
+    // The measurements' geometry and text: the document's data. What the views show of it (label
+    // positions, reslices, the numbering) lives in the ui state tree.
     QJsonObject saveDocument() const;
     bool loadDocument(const QJsonObject& document);
 
@@ -49,5 +44,4 @@ Q_SIGNALS:
 private:
     QList<QPointer<Viewer2D>> m_viewers;
     QPointer<Viewer2D> m_current;
-    QMap<QString, ResliceAccess> m_reslices;
 };

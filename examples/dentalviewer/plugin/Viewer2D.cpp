@@ -8,7 +8,9 @@
 #include <guicore/graphics/scene/GraphicsViewExtra.h>
 #include <guicore/style/StyleManager.h>
 
+#include <QDebug>
 #include <QEvent>
+#include <QGraphicsSceneMouseEvent>
 #include <QLineF>
 #include <QPen>
 #include <QPixmap>
@@ -59,6 +61,10 @@ Viewer2D::Viewer2D(const QString& id, double pixelSpacing, QObject* parent)
     m_scene->setBackgroundBrush(styleColor("VIEWER_BACKGROUND_COLOR", Qt::black));
     m_image = new CustomGraphicsPixmapItem(id + QStringLiteral("_image"));
     m_image->setZValue(-100);
+    // The image is a backdrop. The scene offers a press to pixmap items before line draggers, and
+    // a pixmap item takes every left press, so an enabled image would leave the draggers drawn
+    // over it (a cross-section's cross) nothing to grab. Disabled, it still paints.
+    m_image->setEnabled(false);
     m_scene->addItem(m_image);
 }
 
@@ -182,6 +188,26 @@ Measurement* Viewer2D::addMeasurement(
         measurement->label->fillBackground(true);
         measurement->label->setFlag(QGraphicsItem::ItemIgnoresTransformations);
         m_scene->addItem(measurement->label);
+        // A label reports its drag and never moves itself: the viewer moves it by the mouse's
+        // travel and keeps the new offset, which the ui state tree records. The scene hands
+        // moves to every overlay item, so only the label that took the press follows them.
+        connect(measurement->label, &CustomGraphicsItem::leftClicked, this,
+            [this, measurement](QGraphicsSceneMouseEvent* event) {
+                m_draggedLabel = measurement;
+                m_dragStart = event->scenePos();
+                m_offsetAtDragStart = measurement->labelOffset;
+            });
+        connect(measurement->label, &CustomGraphicsItem::mouseMoved, this,
+            [this, measurement](QGraphicsSceneMouseEvent* event) {
+                if (m_draggedLabel == measurement && event->buttons().testFlag(Qt::LeftButton))
+                    setLabelOffset(
+                        measurement, m_offsetAtDragStart + event->scenePos() - m_dragStart);
+            });
+        connect(measurement->label, &CustomGraphicsItem::mouseReleased, this,
+            [this, measurement](QGraphicsSceneMouseEvent*) {
+                if (m_draggedLabel == measurement)
+                    m_draggedLabel = nullptr;
+            });
     }
     m_measurements.append(measurement);
     updateMeasurement(measurement);
@@ -210,6 +236,8 @@ void Viewer2D::removeMeasurement(Measurement* measurement)
 {
     if (!m_measurements.removeOne(measurement))
         return;
+    if (m_draggedLabel == measurement)
+        m_draggedLabel = nullptr;
     delete measurement->lines;
     delete measurement->label;
     delete measurement->textItem;
@@ -221,6 +249,20 @@ void Viewer2D::clearMeasurements()
 {
     while (!m_measurements.isEmpty())
         removeMeasurement(m_measurements.last());
+}
+
+void Viewer2D::setLabelOffset(Measurement* measurement, const QPointF& offset)
+{
+    if (!measurement || !m_measurements.contains(measurement))
+        return;
+    if (!std::isfinite(offset.x()) || !std::isfinite(offset.y())) {
+        qWarning() << "Viewer2D : label offset ignored, not finite:" << offset;
+        return;
+    }
+    if (measurement->labelOffset == offset)
+        return;
+    measurement->labelOffset = offset;
+    updateMeasurement(measurement);
 }
 
 Measurement* Viewer2D::findMeasurement(const QString& id) const

@@ -60,6 +60,8 @@ public:
     void clearMeasurements();
     const QList<Measurement*>& measurements() const { return m_measurements; }
     Measurement* findMeasurement(const QString& id) const;
+    // Moves the measurement's label to `offset` from its last point (scene units).
+    void setLabelOffset(Measurement* measurement, const QPointF& offset);
 
     QString measurementText(const Measurement& measurement) const;
 
@@ -79,4 +81,8 @@ private:
     CustomGraphicsPixmapItem* m_image = nullptr;
     QList<Measurement*> m_measurements;
     QRectF m_pendingZoomBox;
+    // The label being dragged, where the drag began and the label's offset then.
+    Measurement* m_draggedLabel = nullptr;
+    QPointF m_dragStart;
+    QPointF m_offsetAtDragStart;
 };
