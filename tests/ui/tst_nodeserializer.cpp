@@ -197,6 +197,13 @@ void tst_NodeSerializer::malformedInputGivesNoTree_data()
     row("array document", QByteArray("[1, 2]"), notTree);
     row("foreign object", QByteArray(R"({"root": {}})"), notTree);
     row("root is a string", R"({"format": "GuiCoreStateTree", "root": "ViewNode"})", notTree);
+    const QByteArray root = R"("root": {"type": "Node", "versions": {"Node": "1.0"}})";
+    row("no format version", R"({"format": "GuiCoreStateTree", )" + root + "}", notTree);
+    row("format version zero",
+        R"({"format": "GuiCoreStateTree", "formatVersion": 0, )" + root + "}", notTree);
+    row("newer format", R"({"format": "GuiCoreStateTree", "formatVersion": 2, )" + root + "}",
+        "NodeSerializer : the state tree was written in format 2, newer than this build reads "
+        "(1).");
     const QString noType = malformed.arg("a node has no type id");
     row("no type", document(QJsonObject {{"versions", QJsonObject()}}), noType);
     row("numeric type", document(QJsonObject {{"type", 5}, {"versions", QJsonObject()}}), noType);

@@ -45,6 +45,7 @@ private Q_SLOTS:
     void childrenCompareAsMultisets();
     void childrenOfChildrenTakePart();
     void wideMixedTreesCompareInAnyOrder();
+    void manySiblingsMatchWithinTolerance();
     void alteredAndVersionsAreNotCompared();
     void addingMarksAlteredUnlessLocked();
     void removeNodeGoesByIdentity();
@@ -129,6 +130,38 @@ void tst_UiNode::wideMixedTreesCompareInAnyOrder()
     QVERIFY(dataObject != children.end());
     static_cast<ui::DataObjectNode*>(*dataObject)->setDataObjectUUID("elsewhere");
     QVERIFY(!left.isEqual(right));
+}
+
+void tst_UiNode::manySiblingsMatchWithinTolerance()
+{
+    // More siblings than are simply tried against each other, so that the bucketed matching
+    // runs: nearly equal positions must still pair up, and so must -0 and 0 in an exactly
+    // compared vector.
+    const auto measurement = [](int i, double nudge) {
+        auto node = std::make_unique<ui::Measurement2DNode>(QStringLiteral("same"));
+        node->setLabelRelativePositions({QPointF(0.5 * (i % 4) * (1.0 + nudge), 1.0)});
+        return node;
+    };
+    const auto reslice = [](float x) {
+        auto node = std::make_unique<ui::AngulatedResliceNode>(QStringLiteral("r"));
+        node->setOrigin(QVector3D(x, 1.0f, 2.0f));
+        return node;
+    };
+    ui::ViewNode left;
+    ui::ViewNode right;
+    for (int i = 0; i < 12; ++i) {
+        left.addNode(measurement(i, 0.0));
+        right.addNode(measurement(11 - i, i % 3 == 0 ? 1e-14 : 0.0));
+    }
+    left.addNode(reslice(0.0f));
+    right.addNode(reslice(-0.0f));
+    QVERIFY(left.isEqual(right));
+    QVERIFY(right.isEqual(left));
+
+    static_cast<ui::Measurement2DNode*>(right.getNodes().at(5))
+        ->setLabelRelativePosition(0, QPointF(0.5 * (6 % 4) + 1e-3, 1.0));
+    QVERIFY(!left.isEqual(right));
+    QVERIFY(!right.isEqual(left));
 }
 
 void tst_UiNode::alteredAndVersionsAreNotCompared()

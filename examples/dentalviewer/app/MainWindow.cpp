@@ -42,8 +42,6 @@ namespace {
 
 const QString STATE_FILE = QStringLiteral("ui-state.json");
 const QString DOCUMENT_FILE = QStringLiteral("document.json");
-// The version of the state file format this build writes and reads.
-constexpr int STATE_FORMAT_VERSION = 1;
 
 int viewRank(const View* view)
 {
@@ -334,17 +332,10 @@ void MainWindow::restoreState(const QString& folder)
                 tr("Some saved measurements could not be read and were left out."), 10000);
     }
     const QString statePath = dir.filePath(STATE_FILE);
-    QFile stateFile(statePath);
-    if (!stateFile.exists())
+    if (!QFile::exists(statePath))
         return;
-    const QJsonDocument document = stateFile.open(QIODevice::ReadOnly)
-        ? QJsonDocument::fromJson(stateFile.readAll())
-        : QJsonDocument();
-    // The serializer reads any format version; one above ours is a newer file, not ours to read.
-    const bool newerFormat
-        = document.object().value(QStringLiteral("formatVersion")).toInt() > STATE_FORMAT_VERSION;
-    std::unique_ptr<ui::Node> root
-        = newerFormat || document.isNull() ? nullptr : ui::NodeSerializer::fromDocument(document);
+    // The serializer warns about and refuses a damaged file or one of a later format.
+    std::unique_ptr<ui::Node> root = ui::NodeSerializer::readFile(statePath);
     if (!root || isFromNewerVersion(*root)) {
         qWarning().noquote() << "MainWindow : saved view state ignored:"
                              << QDir::toNativeSeparators(statePath);

@@ -7,6 +7,10 @@
 #include <QHash>
 
 #include <algorithm>
+#include <limits>
+#include <typeinfo>
+#include <unordered_map>
+#include <utility>
 
 namespace ui {
 
@@ -42,7 +46,26 @@ bool Node::isEqual(const Node& other) const
 void Node::UI_NODE_INIT(const QString& typeName, const QVersionNumber& version)
 {
     CORE_OBJECT_INIT(typeName);
-    m_versions.insert(typeName, version);
+    // Nodes of one class have the same versions map. The inheritance list just extended is
+    // shared by every object of this class level (see CORE_OBJECT_INIT), so its data names the
+    // level; each level's map is made once per thread and shared, as the lists are.
+    using Key = std::pair<const void*, QVersionNumber>;
+    struct KeyHash
+    {
+        size_t operator()(const Key& key) const noexcept
+        {
+            return qHashMulti(0, key.first, key.second);
+        }
+    };
+    thread_local std::unordered_map<Key, QMap<QString, QVersionNumber>, KeyHash> levels;
+    Key key {static_cast<const void*>(getInheritanceList().constData()), version};
+    auto level = levels.find(key);
+    if (level == levels.end()) {
+        QMap<QString, QVersionNumber> versions = m_versions;
+        versions.insert(typeName, version);
+        level = levels.emplace(std::move(key), std::move(versions)).first;
+    }
+    m_versions = level->second;
 }
 
 void Node::setAltered()
@@ -128,21 +151,15 @@ void Node::collectPropertyTables(std::vector<const detail::NodePropertyTable*>&)
 
 bool Node::operator==(const Node& other) const
 {
-    // QList compares size first, then element by element, case-sensitively.
-    if (getInheritanceList() != other.getInheritanceList())
+    // Each class level registers its one type name from its constructor, so two nodes of one
+    // class have the same list; only nodes of different classes need it read. QList compares size
+    // first, then element by element, case-sensitively.
+    if (typeid(*this) != typeid(other) && getInheritanceList() != other.getInheritanceList())
         return false;
     if (m_childNodes.size() != other.m_childNodes.size())
         return false;
 
-    std::vector<const Node*> mine;
-    std::vector<const Node*> theirs;
-    mine.reserve(m_childNodes.size());
-    theirs.reserve(other.m_childNodes.size());
-    for (const std::unique_ptr<Node>& child : m_childNodes)
-        mine.push_back(child.get());
-    for (const std::unique_ptr<Node>& child : other.m_childNodes)
-        theirs.push_back(child.get());
-    return detail::equalAsMultisets(mine, theirs);
+    return detail::equalAsMultisets(m_childNodes, other.m_childNodes);
 }
 
 const Node* Node::findCorrespondingNode(
@@ -159,59 +176,171 @@ namespace detail {
 
 namespace {
 
-// Equal nodes share their whole inheritance list, hence their most derived type name, and their
-// exactly compared properties; nodes that differ in either never need the full comparison.
+// Every node kind's isEqual requires the other node to be of its own class, so equal nodes share
+// their class and their exactly compared properties; nodes that differ in either never need the
+// full comparison.
 struct BucketKey
 {
-    QString typeName;
-    size_t exactProperties;
+    const std::type_info* type;
+    size_t hash;
     bool operator==(const BucketKey& other) const
     {
-        return exactProperties == other.exactProperties && typeName == other.typeName;
+        return hash == other.hash && *type == *other.type;
     }
 };
 
 size_t qHash(const BucketKey& key, size_t seed = 0)
 {
-    return ::qHash(key.typeName, seed) ^ key.exactProperties;
+    return key.hash ^ seed;
 }
 
-BucketKey bucketKey(const Node* node)
+struct NodeKeys
 {
-    std::vector<const NodePropertyTable*> tables;
+    BucketKey equal; ///< shared by all nodes that can be equal
+    BucketKey identity; ///< shared by nodes whose values are all identical
+    bool tolerant; ///< whether the node has tolerantly compared properties at all
+};
+
+/// tables is scratch space, reused across the nodes of one comparison.
+NodeKeys nodeKeys(const Node* node, std::vector<const NodePropertyTable*>& tables)
+{
+    tables.clear();
     node->collectPropertyTables(tables);
-    size_t hash = 0;
+    const std::type_info& type = typeid(*node);
+    size_t exact = type.hash_code();
+    size_t identity = 0;
+    bool tolerant = false;
     for (const NodePropertyTable* table : tables) {
-        for (const NodeProperty& property : table->properties)
-            hash = hash * 31 + property.hash(*node);
+        for (const NodeProperty& property : table->properties) {
+            if (property.tolerant) {
+                tolerant = true;
+                identity = identity * 31 + property.hash(*node);
+            } else {
+                exact = exact * 31 + property.hash(*node);
+            }
+        }
     }
-    return {node->getTypeName(), hash};
+    return {{&type, exact}, {&type, exact * 31 + identity}, tolerant};
+}
+
+constexpr size_t none = std::numeric_limits<size_t>::max();
+
+const Node* nodeAt(const Node* node)
+{
+    return node;
+}
+
+const Node* nodeAt(const std::unique_ptr<Node>& node)
+{
+    return node.get();
+}
+
+template <typename List> const Node* nodeAt(const List& list, size_t position)
+{
+    return nodeAt(list[position]);
+}
+
+/// Candidates of one bucket, chained through a shared array in the order given. Those used by an
+/// earlier match are skipped for good from the front.
+struct Chain
+{
+    size_t head = none;
+    size_t tail = none;
+};
+
+void append(Chain& chain, std::vector<size_t>& next, size_t position)
+{
+    if (chain.tail == none)
+        chain.head = position;
+    else
+        next[chain.tail] = position;
+    chain.tail = position;
+}
+
+/// Marks the first unused candidate of chain that node equals as used; false when there is none.
+template <typename List>
+bool takeMatch(const Node* node, Chain& chain, const std::vector<size_t>& next,
+    const List& candidates, std::vector<bool>& used)
+{
+    while (chain.head != none && used[chain.head])
+        chain.head = next[chain.head];
+    for (size_t position = chain.head; position != none; position = next[position]) {
+        if (!used[position] && node->isEqual(*nodeAt(candidates, position))) {
+            used[position] = true;
+            return true;
+        }
+    }
+    return false;
+}
+
+/// Multiset equality of two child lists, of borrowed or of owned nodes alike.
+template <typename List> bool equalLists(const List& mine, const List& theirs)
+{
+    if (mine.size() != theirs.size())
+        return false;
+
+    // Each child takes one candidate that it equals, and no candidate is taken twice. A few
+    // children are simply tried against each other; building the buckets costs more than that.
+    constexpr size_t fewChildren = 8;
+    if (theirs.size() <= fewChildren) {
+        bool used[fewChildren] = {};
+        for (const auto& entry : mine) {
+            const Node* node = nodeAt(entry);
+            size_t position = 0;
+            while (position < theirs.size()
+                && (used[position] || !node->isEqual(*nodeAt(theirs, position))))
+                ++position;
+            if (position == theirs.size())
+                return false;
+            used[position] = true;
+        }
+        return true;
+    }
+
+    // Among many children, a candidate with identical values is tried first; only when none is
+    // left are the nearly equal ones of the child's bucket walked in order.
+    std::vector<const NodePropertyTable*> tables;
+    tables.reserve(8);
+    QHash<BucketKey, Chain> equalChains;
+    QHash<BucketKey, Chain> identityChains;
+    equalChains.reserve(qsizetype(theirs.size()));
+    std::vector<size_t> nextEqual(theirs.size(), none);
+    std::vector<size_t> nextIdentity(theirs.size(), none);
+    for (size_t position = 0; position < theirs.size(); ++position) {
+        const NodeKeys keys = nodeKeys(nodeAt(theirs, position), tables);
+        append(equalChains[keys.equal], nextEqual, position);
+        if (keys.tolerant)
+            append(identityChains[keys.identity], nextIdentity, position);
+    }
+
+    std::vector<bool> used(theirs.size(), false);
+    for (const auto& entry : mine) {
+        const Node* node = nodeAt(entry);
+        const NodeKeys keys = nodeKeys(node, tables);
+        if (keys.tolerant) {
+            const auto twins = identityChains.find(keys.identity);
+            if (twins != identityChains.end()
+                && takeMatch(node, twins.value(), nextIdentity, theirs, used))
+                continue;
+        }
+        const auto chain = equalChains.find(keys.equal);
+        if (chain == equalChains.end() || !takeMatch(node, chain.value(), nextEqual, theirs, used))
+            return false;
+    }
+    return true;
 }
 
 } // namespace
 
 bool equalAsMultisets(const std::vector<const Node*>& mine, const std::vector<const Node*>& theirs)
 {
-    if (mine.size() != theirs.size())
-        return false;
+    return equalLists(mine, theirs);
+}
 
-    // Within a bucket the matching is the plain greedy one, each candidate used at most once.
-    QHash<BucketKey, std::vector<const Node*>> buckets;
-    for (const Node* node : theirs)
-        buckets[bucketKey(node)].push_back(node);
-
-    for (const Node* node : mine) {
-        const auto bucket = buckets.find(bucketKey(node));
-        if (bucket == buckets.end())
-            return false;
-        std::vector<const Node*>& candidates = bucket.value();
-        const auto match = std::find_if(candidates.begin(), candidates.end(),
-            [node](const Node* candidate) { return node->isEqual(*candidate); });
-        if (match == candidates.end())
-            return false;
-        candidates.erase(match);
-    }
-    return true;
+bool equalAsMultisets(const std::vector<std::unique_ptr<Node>>& mine,
+    const std::vector<std::unique_ptr<Node>>& theirs)
+{
+    return equalLists(mine, theirs);
 }
 
 } // namespace detail

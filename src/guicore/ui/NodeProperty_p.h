@@ -2,6 +2,7 @@
 
 #include <guicore/ui/Node.h>
 
+#include <QHashFunctions>
 #include <QJsonArray>
 #include <QJsonObject>
 #include <QJsonValue>
@@ -294,23 +295,46 @@ template <typename Traits, typename T> void copyValue(T& target, const T& source
     target = source;
 }
 
-/// A hash of a value for the kinds that compare exactly; 0 for the kinds compared within a
-/// tolerance, whose nearly equal values must not be told apart by their hash.
-template <typename T> size_t exactHash(const T& value)
+/// Kinds compared within a tolerance (see fuzzyEqual); every other kind compares exactly.
+template <typename T>
+struct IsTolerant
+    : std::bool_constant<
+          std::is_floating_point_v<
+              T> || std::is_same_v<T, QRectF> || std::is_same_v<T, std::vector<QPointF>>>
 {
-    if constexpr (std::is_same_v<T, bool> || std::is_integral_v<T>)
+};
+template <typename T> struct IsTolerant<std::optional<T>> : IsTolerant<T>
+{
+};
+
+/// A hash of a value as it is stored. For the exactly compared kinds equal values hash alike
+/// (qHash(float) maps -0 to 0); for the tolerant kinds only identical values do, since nearly
+/// equal values must not be told apart. Kinds without a hash give 0.
+template <typename T> size_t valueHash(const T& value)
+{
+    if constexpr (std::is_integral_v<
+                      T> || std::is_floating_point_v<T> || std::is_same_v<T, QString>)
         return qHash(value);
     else if constexpr (std::is_enum_v<T>)
         return qHash(static_cast<std::underlying_type_t<T>>(value));
-    else if constexpr (std::is_same_v<T, QString>)
-        return qHash(value);
-    else
+    else if constexpr (std::is_same_v<T, QVector3D>)
+        return qHashMulti(0, value.x(), value.y(), value.z());
+    else if constexpr (std::is_same_v<T, QQuaternion>)
+        return qHashMulti(0, value.scalar(), value.x(), value.y(), value.z());
+    else if constexpr (std::is_same_v<T, QRectF>)
+        return qHashMulti(0, value.x(), value.y(), value.width(), value.height());
+    else if constexpr (std::is_same_v<T, std::vector<QPointF>>) {
+        size_t hash = value.size();
+        for (const QPointF& point : value)
+            hash = qHashMulti(hash, point.x(), point.y());
+        return hash;
+    } else
         return 0;
 }
 
-template <typename T> size_t exactHash(const std::optional<T>& value)
+template <typename T> size_t valueHash(const std::optional<T>& value)
 {
-    return value ? exactHash(*value) * 31 + 1 : 0;
+    return value ? valueHash(*value) * 31 + 1 : 0;
 }
 
 /// One property of one class level: its JSON key and the ways it is walked.
@@ -319,8 +343,10 @@ struct NodeProperty
     QString name;
     std::function<void(Node& target, const Node& source)> copy;
     std::function<bool(const Node& a, const Node& b)> equal;
-    /// Equal values give equal hashes (see exactHash).
+    /// See valueHash: equal values hash alike, unless the property is tolerant, when only
+    /// identical ones do.
     std::function<size_t(const Node& node)> hash;
+    bool tolerant = false;
     std::function<QJsonValue(const Node& node)> toJson;
     std::function<bool(Node& node, const QJsonValue& json)> fromJson;
 };
@@ -348,7 +374,8 @@ template <typename Owner, typename T> NodeProperty makeProperty(const char* name
             static_cast<const Owner&>(a).*member, static_cast<const Owner&>(b).*member);
     };
     property.hash
-        = [member](const Node& node) { return exactHash(static_cast<const Owner&>(node).*member); };
+        = [member](const Node& node) { return valueHash(static_cast<const Owner&>(node).*member); };
+    property.tolerant = IsTolerant<T>::value;
     property.toJson = [member](const Node& node) {
         return Traits::toJson(static_cast<const Owner&>(node).*member);
     };
@@ -386,5 +413,7 @@ template <typename T> bool assignIfChanged(T& member, const T& value)
 /// and a hash of their exactly compared properties (equal nodes agree on both), so wide trees do
 /// not pay for comparing every child with every other.
 bool equalAsMultisets(const std::vector<const Node*>& mine, const std::vector<const Node*>& theirs);
+bool equalAsMultisets(const std::vector<std::unique_ptr<Node>>& mine,
+    const std::vector<std::unique_ptr<Node>>& theirs);
 
 } // namespace ui::detail

@@ -223,7 +223,7 @@ QJsonDocument NodeSerializer::toDocument(const Node& root)
     }
     QJsonObject document;
     document.insert(kFormatKey, kFormatName);
-    document.insert(kFormatVersionKey, 1);
+    document.insert(kFormatVersionKey, FORMAT_VERSION);
     document.insert(kRootKey, detail::writeNodeObject(root));
     return QJsonDocument(document);
 }
@@ -231,9 +231,18 @@ QJsonDocument NodeSerializer::toDocument(const Node& root)
 std::unique_ptr<Node> NodeSerializer::fromDocument(const QJsonDocument& document)
 {
     const QJsonObject object = document.object();
+    const QJsonValue formatVersion = object.value(kFormatVersionKey);
     if (!document.isObject() || object.value(kFormatKey).toString() != kFormatName
-        || !object.value(kRootKey).isObject()) {
+        || !object.value(kRootKey).isObject() || !formatVersion.isDouble()
+        || formatVersion.toDouble() < 1) {
         qWarning("NodeSerializer : the document does not hold a state tree.");
+        return nullptr;
+    }
+    if (formatVersion.toDouble() > FORMAT_VERSION) {
+        qWarning().noquote() << QStringLiteral("NodeSerializer : the state tree was written in "
+                                               "format %1, newer than this build reads (%2).")
+                                    .arg(formatVersion.toDouble())
+                                    .arg(FORMAT_VERSION);
         return nullptr;
     }
 

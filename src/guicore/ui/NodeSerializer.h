@@ -26,6 +26,10 @@ public:
     /// Trees deeper than this are neither written nor read: the JSON parser has its own limit,
     /// and a tree that cannot be read back must not be written.
     static constexpr int MAXIMUM_DEPTH = 400;
+    /// The layout of the document around the tree. Documents of a later layout are refused,
+    /// with a warning, rather than misread; nodes of kinds this build does not know are not a
+    /// later layout and load as placeholders.
+    static constexpr int FORMAT_VERSION = 1;
 
     NodeSerializer() = delete;
 
