@@ -2,7 +2,9 @@
 //   check_dentalviewer dump FILE [--lengths N] [--areas N] [--length-mm MM] [--text TEXT]
 //       [--notation N] [--view ID] [--reslice ID POSITION]... [--label-offset X Y]
 //       [--label-size PIXELS] [--selected-tooth NAME] [--status TEXT]
-//   check_dentalviewer image FILE [--measurement-pixels MIN]
+//       [--active-sub-view MULTI SUB] [--zoomed-in VIEW W H] [--fitted VIEW W H]
+//       [--zoom-like FILE VIEW]
+//   check_dentalviewer image FILE [--measurement-pixels MIN] [--measurement-run MIN]
 // Reslices, the numbering and label positions are read from the dumped ui state tree.
 // Prints every failed expectation and exits with 1 when there was one.
 
@@ -13,6 +15,7 @@
 #include <QJsonDocument>
 #include <QJsonObject>
 #include <QLineF>
+#include <QRectF>
 #include <QSet>
 #include <QStringList>
 #include <cmath>
@@ -101,12 +104,83 @@ double reslicePosition(const QJsonObject& root, const QString& viewId)
     return std::nan("");
 }
 
-void checkDump(const QString& fileName, const QStringList& args)
+QJsonObject readDump(const QString& fileName)
 {
     QFile file(fileName);
     expect(file.open(QIODevice::ReadOnly), fileName + QStringLiteral(" can be read"));
     const QJsonObject dump = QJsonDocument::fromJson(file.readAll()).object();
     expect(!dump.isEmpty(), fileName + QStringLiteral(" holds a JSON object"));
+    return dump;
+}
+
+QJsonObject stateRoot(const QJsonObject& dump)
+{
+    return dump.value(QStringLiteral("state")).toObject().value(QStringLiteral("root")).toObject();
+}
+
+// The zoom box the view's 2-D viewer node records; invalid when there is none.
+QRectF zoomBox(const QJsonObject& root, const QString& viewId)
+{
+    for (const QJsonValue& child : children(viewNode(root, viewId))) {
+        const QJsonArray box = properties(child.toObject(), QStringLiteral("Viewer2DNode"))
+                                   .value(QStringLiteral("zoomBox"))
+                                   .toArray();
+        if (box.size() == 4)
+            return QRectF(box.at(0).toDouble(), box.at(1).toDouble(), box.at(2).toDouble(),
+                box.at(3).toDouble());
+    }
+    return QRectF();
+}
+
+QString describe(const QRectF& box)
+{
+    return QStringLiteral("(%1, %2, %3 x %4)")
+        .arg(box.x(), 0, 'f', 1)
+        .arg(box.y(), 0, 'f', 1)
+        .arg(box.width(), 0, 'f', 1)
+        .arg(box.height(), 0, 'f', 1);
+}
+
+void checkZoom(const QJsonObject& root, const QStringList& args)
+{
+    // --zoomed-in VIEW W H: the view shows less than the whole W x H image in both directions,
+    // which a fitted view never does.
+    const int zoomed = args.indexOf(QStringLiteral("--zoomed-in"));
+    if (zoomed >= 0 && zoomed + 3 < args.size()) {
+        const QRectF box = zoomBox(root, args.at(zoomed + 1));
+        expect(box.isValid() && box.width() < args.at(zoomed + 2).toDouble() * 0.95
+                && box.height() < args.at(zoomed + 3).toDouble() * 0.95,
+            QStringLiteral("%1 zoomed in, found the zoom box %2")
+                .arg(args.at(zoomed + 1), describe(box)));
+    }
+    // --fitted VIEW W H: the whole image is in view, and it fills one direction.
+    const int fitted = args.indexOf(QStringLiteral("--fitted"));
+    if (fitted >= 0 && fitted + 3 < args.size()) {
+        const QRectF box = zoomBox(root, args.at(fitted + 1));
+        const QRectF image(0, 0, args.at(fitted + 2).toDouble(), args.at(fitted + 3).toDouble());
+        const bool fills
+            = box.width() < image.width() * 1.05 || box.height() < image.height() * 1.05;
+        expect(box.isValid() && box.adjusted(-1, -1, 1, 1).contains(image) && fills,
+            QStringLiteral("%1 fitted to its image, found the zoom box %2")
+                .arg(args.at(fitted + 1), describe(box)));
+    }
+    // --zoom-like FILE VIEW: the same zoom box as in another dump, to 3 % of its size.
+    const int like = args.indexOf(QStringLiteral("--zoom-like"));
+    if (like >= 0 && like + 2 < args.size()) {
+        const QRectF wanted = zoomBox(stateRoot(readDump(args.at(like + 1))), args.at(like + 2));
+        const QRectF box = zoomBox(root, args.at(like + 2));
+        const double tolerance = wanted.width() * 0.03;
+        expect(wanted.isValid() && box.isValid()
+                && QLineF(box.center(), wanted.center()).length() < tolerance
+                && std::abs(box.width() - wanted.width()) < tolerance,
+            QStringLiteral("%1 zoomed to %2 as before, found %3")
+                .arg(args.at(like + 2), describe(wanted), describe(box)));
+    }
+}
+
+void checkDump(const QString& fileName, const QStringList& args)
+{
+    const QJsonObject dump = readDump(fileName);
 
     const QJsonArray measurements = dump.value(QStringLiteral("document"))
                                         .toObject()
@@ -165,8 +239,24 @@ void checkDump(const QString& fileName, const QStringList& args)
         expect(found, QStringLiteral("a text annotation reading \"%1\"").arg(text));
     }
 
-    const QJsonObject root
-        = dump.value(QStringLiteral("state")).toObject().value(QStringLiteral("root")).toObject();
+    const QJsonObject root = stateRoot(dump);
+    checkZoom(root, args);
+
+    // --active-sub-view MULTI SUB: the multi view's node names its chosen sub view.
+    const int active = args.indexOf(QStringLiteral("--active-sub-view"));
+    if (active >= 0 && active + 2 < args.size()) {
+        QStringList found;
+        for (const QJsonValue& child : children(viewNode(root, args.at(active + 1)))) {
+            const QJsonObject node = child.toObject();
+            if (node.value(QStringLiteral("type")).toString() == QLatin1String("ViewNode"))
+                found.append(properties(node, QStringLiteral("ViewNode"))
+                                 .value(QStringLiteral("viewId"))
+                                 .toString());
+        }
+        expect(found == QStringList {args.at(active + 2)},
+            QStringLiteral("%1 records %2 as its sub view, found \"%3\"")
+                .arg(args.at(active + 1), args.at(active + 2), found.join(QLatin1Char(','))));
+    }
 
     // --reslice ID POSITION, repeatable: the cross-section's position along the arch, to two
     // hundredths.
@@ -274,6 +364,24 @@ void checkImage(const QString& fileName, const QStringList& args)
     QSet<QRgb> colours;
     double sum = 0, sumSquares = 0;
     qint64 measurementPixels = 0;
+    // Columns where a band of three rows holds a yellowish pixel, band by band: a measured line
+    // is one long unbroken run, the glyphs of a label are short ones with gaps between them.
+    // Yellowish also takes the line's antialiased edge, blended with the grey image.
+    auto yellowish = [](QRgb pixel) {
+        const int low = std::min(qRed(pixel), qGreen(pixel));
+        return low > 120 && qBlue(pixel) < low / 2 && std::abs(qRed(pixel) - qGreen(pixel)) < 40;
+    };
+    int longestRun = 0;
+    for (int y = 0; y + 2 < image.height(); ++y) {
+        int run = 0;
+        for (int x = 0; x < image.width(); ++x) {
+            bool hit = false;
+            for (int row = y; row < y + 3 && !hit; ++row)
+                hit = yellowish(reinterpret_cast<const QRgb*>(image.constScanLine(row))[x]);
+            run = hit ? run + 1 : 0;
+            longestRun = std::max(longestRun, run);
+        }
+    }
     for (int y = 0; y < image.height(); ++y) {
         const auto* line = reinterpret_cast<const QRgb*>(image.constScanLine(y));
         for (int x = 0; x < image.width(); ++x) {
@@ -303,6 +411,14 @@ void checkImage(const QString& fileName, const QStringList& args)
                 .arg(fileName)
                 .arg(measurementPixels)
                 .arg(minimum));
+    const QString minimumRun = option(args, QStringLiteral("--measurement-run"));
+    if (!minimumRun.isEmpty())
+        expect(longestRun >= minimumRun.toInt(),
+            QStringLiteral("%1 shows a measured line (longest yellow run %2 pixels, at least %3 "
+                           "wanted)")
+                .arg(fileName)
+                .arg(longestRun)
+                .arg(minimumRun));
 }
 
 } // namespace

@@ -2,6 +2,10 @@
 # the screenshots, then starts the viewer again to check that the saved state comes back and that
 # a damaged state file, or one from a newer version, is reported and ignored, not fatal.
 #   -DXVFB_RUN= -DVIEWER= -DCHECKER= -DSCRIPT= -DWORK_DIR=
+if(NOT XVFB_RUN)
+    message(FATAL_ERROR "xvfb-run was not found when the build was configured: install the "
+        "xvfb package (./run test does) and configure again; the viewer needs a display")
+endif()
 get_filename_component(script_dir ${SCRIPT} DIRECTORY)
 file(REMOVE_RECURSE ${WORK_DIR})
 file(MAKE_DIRECTORY ${WORK_DIR}/shots ${WORK_DIR}/config ${WORK_DIR}/data)
@@ -37,7 +41,11 @@ run_viewer(${SCRIPT})
 check(dump ${WORK_DIR}/shots/preferences.json --label-size 18)
 check(dump ${WORK_DIR}/shots/state.json --lengths 1 --areas 1 --length-mm 30.0
     --text "Implant site" --notation UNIV --view Panoramic --reslice "Cross-section A" 0.5
-    --reslice "Cross-section B" 0.8 --label-offset 52 16 --label-size 18 --selected-tooth 2)
+    --reslice "Cross-section B" 0.8 --label-offset 52 16 --label-size 18 --selected-tooth 3
+    --active-sub-view Cross-sections "Cross-section B" --zoomed-in Panoramic 1200 500)
+# The wheel zooms; Reset view fits the whole panoramic image again.
+check(dump ${WORK_DIR}/shots/zoomed.json --zoomed-in Panoramic 1200 500)
+check(dump ${WORK_DIR}/shots/reset.json --fitted Panoramic 1200 500)
 
 # The snapshot export wrote a picture and a page that carries it inline.
 file(GLOB snapshot_png ${WORK_DIR}/shots/export/snapshot-*.png)
@@ -45,29 +53,33 @@ file(GLOB snapshot_html ${WORK_DIR}/shots/export/snapshot-*.html)
 if(NOT snapshot_png OR NOT snapshot_html)
     message(FATAL_ERROR "the snapshot export wrote no PNG and HTML into ${WORK_DIR}/shots/export")
 endif()
-check(image ${snapshot_png} --measurement-pixels 150)
+check(image ${snapshot_png} --measurement-pixels 150 --measurement-run 200)
 file(READ ${snapshot_html} page)
 if(NOT page MATCHES "<img[^>]*src=\"data:image/[A-Za-z]+;base64,[A-Za-z0-9+/]")
     message(FATAL_ERROR "the snapshot page does not hold the picture as a data URL")
 endif()
-check(image ${WORK_DIR}/shots/panoramic-length.png --measurement-pixels 150)
-check(image ${WORK_DIR}/shots/panoramic.png --measurement-pixels 150)
+check(image ${WORK_DIR}/shots/panoramic-length.png --measurement-pixels 150 --measurement-run 200)
+check(image ${WORK_DIR}/shots/panoramic.png --measurement-pixels 150 --measurement-run 200)
 check(image ${WORK_DIR}/shots/cross-sections.png)
 check(image ${WORK_DIR}/shots/tooth-chart.png)
 
 # The state written at exit comes back at the next start.
+file(READ ${WORK_DIR}/state/ui-state.json good_state)
 run_viewer(${script_dir}/restore.script)
 set(restored_checks --lengths 1 --areas 1 --length-mm 30.0 --text "Implant site" --notation UNIV
-    --view Panoramic --reslice "Cross-section A" 0.5 --reslice "Cross-section B" 0.8
-    --label-offset 52 16)
+    --view "Tooth chart" --reslice "Cross-section A" 0.5 --reslice "Cross-section B" 0.8
+    --label-offset 52 16 --active-sub-view Cross-sections "Cross-section B")
 check(dump ${WORK_DIR}/shots/restored.json ${restored_checks})
-file(READ ${WORK_DIR}/state/ui-state.json good_state)
+check(dump ${WORK_DIR}/shots/restored-panoramic.json
+    --zoom-like ${WORK_DIR}/shots/state.json Panoramic)
 
 # A damaged state file is ignored: the viewer still starts with the default view, and says so.
 file(WRITE ${WORK_DIR}/state/ui-state.json "{ this is not a state tree")
 run_viewer(${script_dir}/restore.script)
 check(dump ${WORK_DIR}/shots/restored.json --lengths 1 --view Panoramic --notation FDI
-    --reslice "Cross-section A" 0.3 --status "was ignored")
+    --reslice "Cross-section A" 0.3 --status "was ignored"
+    --active-sub-view Cross-sections "Cross-section A")
+check(dump ${WORK_DIR}/shots/restored-panoramic.json --fitted Panoramic 1200 500)
 
 # A file of a newer format, and one with a node of a newer version, are ignored the same way.
 string(REPLACE "\"formatVersion\": 1" "\"formatVersion\": 2" newer_format "${good_state}")

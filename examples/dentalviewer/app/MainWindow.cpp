@@ -13,8 +13,10 @@
 #include <guicore/solution/SolutionManager.h>
 #include <guicore/solution/SolutionPluginInterface.h>
 #include <guicore/solution/SolutionStep.h>
+#include <guicore/style/DevicePixelRatio.h>
 #include <guicore/ui/NodeSerializer.h>
 #include <guicore/ui/ViewNode.h>
+#include <guicore/utility/dental/ToothNameGenerator.h>
 #include <guicore/utility/shortcuts/ShortcutManager.h>
 #include <guicore/view/MultiView.h>
 #include <guicore/view/SwitchingViewsManager.h>
@@ -54,11 +56,14 @@ int viewRank(const View* view)
 } // namespace
 
 MainWindow::MainWindow()
-    : m_solutionManager(std::make_unique<SolutionManager>())
-    , m_actionManager(std::make_unique<action::ActionManager>())
-    , m_shortcutManager(std::make_unique<ShortcutManager>())
-    , m_switching(std::make_unique<SwitchingViewsManager>())
 {
+    // The window's screen decides the pixel ratio every overlay item is drawn at; it is known
+    // before the managers, and the items they lead to, exist.
+    DevicePixelRatio::registerMainWindow(this);
+    m_solutionManager = std::make_unique<SolutionManager>();
+    m_actionManager = std::make_unique<action::ActionManager>();
+    m_shortcutManager = std::make_unique<ShortcutManager>();
+    m_switching = std::make_unique<SwitchingViewsManager>();
     setWindowTitle(tr("Dental viewer"));
     setObjectName(QStringLiteral("dentalViewerMainWindow"));
     m_stack = new QStackedWidget(this);
@@ -174,6 +179,7 @@ void MainWindow::buildToolPanels()
                 item->setShortcutContext(Qt::ApplicationShortcut);
                 addAction(item);
                 m_shortcutManager->addQActionWithShortcut(item);
+                m_registeredActions.append(item);
                 bar->addAction(item);
             }
         }
@@ -182,11 +188,7 @@ void MainWindow::buildToolPanels()
 
 void MainWindow::switchToView(const QString& id)
 {
-    if (MultiView* parent = m_switching->getParentViewOfSubView(id)) {
-        m_switching->switchToView(parent);
-        m_switching->switchToSubView(parent, id);
-        return;
-    }
+    // Takes a sub view's id too: its multi view is given the sub view first, then started once.
     m_switching->switchToView(id);
 }
 
@@ -221,10 +223,9 @@ void MainWindow::updateStatus()
 {
     if (!m_api)
         return;
-    m_statusLabel->setText(
-        tr("View: %1 · Numbering: %2")
-            .arg(m_switching->getCurrentViewOrSubViewID(),
-                m_api->notation() == QLatin1String("UNIV") ? tr("Universal") : tr("FDI")));
+    m_statusLabel->setText(tr("View: %1 · %2")
+                               .arg(m_switching->getCurrentViewOrSubViewID(),
+                                   ToothNameGenerator::getToothNumberingName(m_api->notation())));
 }
 
 std::unique_ptr<ui::Node> MainWindow::generateStateTree() const
@@ -232,6 +233,16 @@ std::unique_ptr<ui::Node> MainWindow::generateStateTree() const
     // The root names the view (or sub view) on screen; below it, one node per view.
     auto root = std::make_unique<ui::ViewNode>();
     root->setViewId(m_switching->getCurrentViewOrSubViewID());
+    // A multi view's own interactor stands for its active sub view. Its node here names that sub
+    // view in a child view node instead, so that the choice outlives a switch to another view.
+    for (View* view : m_switching->getViews()) {
+        auto* multi = dynamic_cast<MultiView*>(view);
+        if (!multi || !multi->getActiveSubView())
+            continue;
+        std::unique_ptr<ui::Node> node = ui::ViewNodeInteractor(*multi).generate();
+        node->addNode(ui::ViewNodeInteractor(*multi->getActiveSubView()).generate());
+        root->addNode(std::move(node));
+    }
     for (View* view : m_switching->getViewOrSubViews()) {
         if (dynamic_cast<MultiView*>(view))
             continue;
@@ -247,19 +258,32 @@ void MainWindow::applyStateTree(ui::Node& root)
         auto* viewNode = dynamic_cast<ui::ViewNode*>(child);
         if (!viewNode)
             continue;
+        if (auto* multi = dynamic_cast<MultiView*>(m_switching->getView(viewNode->getViewId()))) {
+            for (ui::Node* grandChild : viewNode->getNodes()) {
+                auto* active = dynamic_cast<ui::ViewNode*>(grandChild);
+                // An unknown sub view id leaves the multi view as it is.
+                if (active && multi->getSubViewByID(active->getViewId()))
+                    m_switching->switchToSubView(multi, active->getViewId());
+            }
+            continue;
+        }
         View* view = nullptr;
         for (View* candidate : m_switching->getViewOrSubViews()) {
             if (candidate->getID() == viewNode->getViewId())
                 view = candidate;
         }
-        if (view && !dynamic_cast<MultiView*>(view))
+        if (view)
             view->createNodeInteractor()->apply(viewNode);
     }
-    if (auto* rootView = dynamic_cast<ui::ViewNode*>(&root)) {
-        if (m_switching->isViewAvailable(rootView->getViewId())
-            || m_switching->getParentViewOfSubView(rootView->getViewId()))
-            switchToView(rootView->getViewId());
-    }
+    // The view on screen last time, when this solution still has it, top-level or sub view.
+    auto* rootView = dynamic_cast<ui::ViewNode*>(&root);
+    if (!rootView)
+        return;
+    const QString id = rootView->getViewId();
+    if (m_switching->getView(id) || m_switching->getParentViewOfSubView(id))
+        switchToView(id);
+    else if (!id.isEmpty())
+        qWarning().noquote() << "MainWindow : the saved view" << id << "no longer exists";
 }
 
 QJsonObject MainWindow::dumpState() const
@@ -368,8 +392,17 @@ void MainWindow::shutDown()
     m_shutDown = true;
     if (m_actionManager)
         m_actionManager->stopAllActiveActions();
-    if (m_switching)
+    if (m_switching && m_switching->getCurrentView())
         m_switching->stopCurrentView();
+    // The shortcut manager forgets an action only when told: its tool buttons' actions are
+    // deleted with the plug-in's actions below.
+    for (const QPointer<QAction>& item : std::as_const(m_registeredActions)) {
+        if (!item)
+            continue;
+        m_shortcutManager->removeQAction(item);
+        removeAction(item);
+    }
+    m_registeredActions.clear();
     // The view widgets belong to the views: take them out of the stack before the plug-in
     // releases its views.
     while (m_stack && m_stack->count() > 0) {

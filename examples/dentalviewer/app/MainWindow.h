@@ -81,6 +81,8 @@ private:
     QComboBox* m_subViews = nullptr;
     QAction* m_subViewsItem = nullptr;
     QLabel* m_statusLabel = nullptr;
+    // The tools' actions registered with the shortcut manager; the plug-in's actions own them.
+    QList<QPointer<QAction>> m_registeredActions;
     QString m_error;
     // Why the saved state was not restored; empty when it was or there was none.
     QString m_stateMessage;

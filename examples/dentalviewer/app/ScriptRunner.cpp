@@ -21,18 +21,35 @@
 #include <QKeyEvent>
 #include <QKeySequence>
 #include <QMouseEvent>
+#include <QQuickItem>
 #include <QQuickWindow>
 #include <QRegularExpression>
 #include <QScreen>
 #include <QSpinBox>
+#include <QTest>
 #include <QTextStream>
 #include <QTimer>
+#include <QToolBar>
+#include <QWheelEvent>
 #include <cstdio>
 
 namespace {
 
 // Time given to the window system between steps; painting and deferred stops need a few turns.
 constexpr int STEP_DELAY_MS = 30;
+
+// The item of that object name in the visual tree below `item`, or null.
+QQuickItem* findQuickItem(QQuickItem* item, const QString& name)
+{
+    if (!item || item->objectName() == name)
+        return item;
+    const QList<QQuickItem*> children = item->childItems();
+    for (QQuickItem* child : children) {
+        if (QQuickItem* found = findQuickItem(child, name))
+            return found;
+    }
+    return nullptr;
+}
 
 } // namespace
 
@@ -58,8 +75,15 @@ bool ScriptRunner::readScript(const QString& fileName, QStringList& lines, QStri
 
 void ScriptRunner::start()
 {
-    // Without a window manager (a virtual X server) nobody activates the window; keyboard input
-    // and the scene's focus item need an active one.
+    activateMainWindow();
+    QTimer::singleShot(STEP_DELAY_MS, this, &ScriptRunner::next);
+}
+
+void ScriptRunner::activateMainWindow()
+{
+    // Without a window manager (a virtual X server) nobody activates the window, at start or when
+    // a dialog closes; keyboard input, the window's shortcuts and the scene's focus item need an
+    // active one.
     m_window.activateWindow();
     if (QApplication::activeWindow() != &m_window) {
         QT_WARNING_PUSH
@@ -67,7 +91,6 @@ void ScriptRunner::start()
         QApplication::setActiveWindow(&m_window);
         QT_WARNING_POP
     }
-    QTimer::singleShot(STEP_DELAY_MS, this, &ScriptRunner::next);
 }
 
 void ScriptRunner::fail(const QString& message)
@@ -127,11 +150,20 @@ bool ScriptRunner::run(const QStringList& words)
         return key(rest);
     if (step == QLatin1String("type"))
         return type(rest);
-    if (step == QLatin1String("notation")) {
-        m_window.solution()->setNotation(rest);
-        m_window.updateStatus();
-        return m_window.solution()->notation() == rest;
+    if (step == QLatin1String("shortcut")) {
+        // Through the window's shortcut map, as a key press on screen goes.
+        const QKeySequence keys(rest);
+        if (keys.isEmpty())
+            return false;
+        QTest::keySequence(&m_window, keys);
+        return true;
     }
+    if (step == QLatin1String("button"))
+        return button(rest);
+    if (step == QLatin1String("qmlbutton"))
+        return qmlButton(rest);
+    if (step == QLatin1String("wheel") && words.size() == 4)
+        return wheel(words);
     if (step == QLatin1String("set") && words.size() == 3)
         return set(words.at(1), words.at(2));
     if (step == QLatin1String("close") && words.size() == 2)
@@ -170,6 +202,54 @@ bool ScriptRunner::run(const QStringList& words)
         return true;
     }
     return false;
+}
+
+bool ScriptRunner::button(const QString& name)
+{
+    // A click on the tool button of a bar's action, found by the action's object name or text.
+    for (QToolBar* bar : m_window.findChildren<QToolBar*>()) {
+        for (QAction* item : bar->actions()) {
+            if (item->objectName() != name && item->text() != name)
+                continue;
+            QWidget* widget = bar->widgetForAction(item);
+            if (!widget || !widget->isVisible() || !widget->isEnabled())
+                return false;
+            QTest::mouseClick(widget, Qt::LeftButton);
+            return true;
+        }
+    }
+    return false;
+}
+
+bool ScriptRunner::qmlButton(const QString& name)
+{
+    QuickGraphicsSceneItem* host
+        = m_window.solution()->sceneHostOf(m_window.switchingViewsManager()->getCurrentView());
+    QQuickWindow* window = host ? host->window() : nullptr;
+    QQuickItem* item = window ? findQuickItem(window->contentItem(), name) : nullptr;
+    if (!item || !item->isVisible())
+        return false;
+    const QPointF centre = item->mapToScene(QPointF(item->width() / 2, item->height() / 2));
+    QTest::mouseClick(window, Qt::LeftButton, Qt::NoModifier, centre.toPoint());
+    return true;
+}
+
+bool ScriptRunner::wheel(const QStringList& words)
+{
+    bool xOk = false;
+    bool yOk = false;
+    bool deltaOk = false;
+    const QPointF scenePos(words.at(1).toDouble(&xOk), words.at(2).toDouble(&yOk));
+    const int delta = words.at(3).toInt(&deltaOk);
+    QGraphicsView* view
+        = m_window.solution()->graphicsViewOf(m_window.switchingViewsManager()->getCurrentView());
+    if (!xOk || !yOk || !deltaOk || !view)
+        return false;
+    const QPointF local = view->mapFromScene(scenePos);
+    QWheelEvent event(local, view->viewport()->mapToGlobal(local), QPoint(), QPoint(0, delta),
+        Qt::NoButton, Qt::NoModifier, Qt::NoScrollPhase, false);
+    QCoreApplication::sendEvent(view->viewport(), &event);
+    return true;
 }
 
 bool ScriptRunner::mouse(const QString& kind, const QStringList& words)
@@ -277,6 +357,7 @@ bool ScriptRunner::close(const QString& name)
         dialog->reject();
     else
         widget->close();
+    activateMainWindow();
     return true;
 }
 

@@ -10,7 +10,10 @@ class QWidget;
 // Runs a demo script against the main window, one step per turn of the event loop, so that every
 // step sees the effects of the previous one painted. Steps, one a line ('#' starts a comment):
 //   view ID | action ID [key=value...] | press X Y | move X Y | release X Y | click X Y
-//   doubleclick X Y | rightclick X Y | key SEQUENCE | type TEXT | notation FDI|UNIV
+//   doubleclick X Y | rightclick X Y | wheel X Y DELTA | key SEQUENCE | type TEXT
+//   shortcut SEQUENCE (through the window's shortcut map)
+//   button NAME (clicks a tool bar button, by its action's object name or text)
+//   qmlbutton NAME (clicks an item of the current view's QML page, by its object name)
 //   setting KEY VALUE | resize W H | wait MS | screenshot FILE | dump FILE
 //   set WIDGET VALUE (a spin box's value or a combo box's item, by the widget's object name)
 //   close WINDOW (rejects a dialog, closes any other window, by its object name)
@@ -33,9 +36,13 @@ Q_SIGNALS:
 
 private:
     void next();
+    void activateMainWindow();
     bool run(const QStringList& words);
     bool mouse(const QString& kind, const QStringList& words);
     bool key(const QString& sequence);
+    bool button(const QString& name);
+    bool qmlButton(const QString& name);
+    bool wheel(const QStringList& words);
     bool type(const QString& text);
     bool set(const QString& name, const QString& value);
     bool close(const QString& name);

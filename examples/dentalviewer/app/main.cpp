@@ -6,7 +6,6 @@
 #include "MainWindow.h"
 #include "ScriptRunner.h"
 
-#include <guicore/style/DevicePixelRatio.h>
 #include <guicore/style/FontsInitializer.h>
 #include <guicore/style/StyleManager.h>
 #include <guicore/style/StyleManagerDataProvider.h>
@@ -14,11 +13,10 @@
 #include <QApplication>
 #include <QCommandLineParser>
 #include <QDir>
-#include <QScreen>
 #include <QSettings>
 #include <QStandardPaths>
-#include <QTimer>
 #include <cstdio>
+#include <memory>
 
 namespace {
 
@@ -30,6 +28,52 @@ QString pluginFile()
             QStringLiteral("*dentalsolution*.dylib")},
         QDir::Files);
     return candidates.isEmpty() ? QString() : dir.filePath(candidates.first());
+}
+
+// Loads the plug-in into the window, restores the saved state, runs the event loop (or the script)
+// and saves the state again. Returns the exit status; the caller destroys the window.
+int run(QApplication& app, const QCommandLineParser& parser, MainWindow& window)
+{
+    const QString plugin = pluginFile();
+    if (!window.loadSolutionPlugin(plugin)) {
+        std::fprintf(stderr, "dentalviewer: cannot load the solution plug-in %s: %s\n",
+            qPrintable(plugin), qPrintable(window.errorString()));
+        return 2;
+    }
+
+    const QString scriptFile = parser.value(QStringLiteral("script"));
+    const QString stateFolder = parser.isSet(QStringLiteral("state-dir"))
+        ? parser.value(QStringLiteral("state-dir"))
+        : QStandardPaths::writableLocation(QStandardPaths::AppDataLocation);
+
+    window.resize(1180, 760);
+    window.show();
+    window.restoreState(stateFolder);
+
+    std::unique_ptr<ScriptRunner> runner;
+    if (!scriptFile.isEmpty()) {
+        QStringList lines;
+        QString error;
+        if (!ScriptRunner::readScript(scriptFile, lines, error)) {
+            std::fprintf(stderr, "dentalviewer: cannot read the script: %s\n", qPrintable(error));
+            window.shutDown();
+            return 2;
+        }
+        const QString screenshots = parser.value(QStringLiteral("screenshots"));
+        const QDir output(screenshots.isEmpty() ? QDir::currentPath() : screenshots);
+        QDir().mkpath(output.absolutePath());
+        runner = std::make_unique<ScriptRunner>(window, lines, output);
+        QObject::connect(runner.get(), &ScriptRunner::finished, &app,
+            [](int failures) { QCoreApplication::exit(failures == 0 ? 0 : 1); });
+        runner->start();
+    }
+
+    const int status = app.exec();
+    if (!window.saveState(stateFolder))
+        std::fprintf(
+            stderr, "dentalviewer: could not save the state in %s\n", qPrintable(stateFolder));
+    window.shutDown();
+    return status;
 }
 
 } // namespace
@@ -56,7 +100,7 @@ int main(int argc, char* argv[])
     parser.addOptions({scriptOption, screenshotsOption, stateOption, paletteOption});
     parser.process(app);
 
-    // 1. Style, fonts and the pixel ratio of the main window.
+    // 1. Style and fonts; the main window registers itself for the pixel ratio first thing.
     QSettings preferences;
     QString palette = parser.isSet(paletteOption)
         ? parser.value(paletteOption)
@@ -85,51 +129,11 @@ int main(int argc, char* argv[])
 
     int status = 0;
     {
-        // 2. to 4. happen in the window: managers, plug-in, shortcuts and view switching.
+        // 2. to 4. happen in the window: its pixel ratio, the managers, the plug-in, shortcuts and
+        // view switching. The window goes before the style, on every path: its widgets and the
+        // plug-in's items ask the style until they are gone.
         MainWindow window;
-        DevicePixelRatio::registerMainWindow(&window);
-        const QString plugin = pluginFile();
-        if (!window.loadSolutionPlugin(plugin)) {
-            std::fprintf(stderr, "dentalviewer: cannot load the solution plug-in %s: %s\n",
-                qPrintable(plugin), qPrintable(window.errorString()));
-            StyleManager::deleteManager();
-            return 2;
-        }
-
-        const bool scripted = parser.isSet(scriptOption);
-        const QString stateFolder = parser.isSet(stateOption)
-            ? parser.value(stateOption)
-            : QStandardPaths::writableLocation(QStandardPaths::AppDataLocation);
-
-        window.resize(1180, 760);
-        window.show();
-        window.restoreState(stateFolder);
-
-        std::unique_ptr<ScriptRunner> runner;
-        if (scripted) {
-            QStringList lines;
-            QString error;
-            if (!ScriptRunner::readScript(parser.value(scriptOption), lines, error)) {
-                std::fprintf(
-                    stderr, "dentalviewer: cannot read the script: %s\n", qPrintable(error));
-                window.shutDown();
-                StyleManager::deleteManager();
-                return 2;
-            }
-            const QDir output(parser.isSet(screenshotsOption) ? parser.value(screenshotsOption)
-                                                              : QDir::currentPath());
-            QDir().mkpath(output.absolutePath());
-            runner = std::make_unique<ScriptRunner>(window, lines, output);
-            QObject::connect(runner.get(), &ScriptRunner::finished, &app,
-                [](int failures) { QCoreApplication::exit(failures == 0 ? 0 : 1); });
-            runner->start();
-        }
-
-        status = app.exec();
-        if (!window.saveState(stateFolder))
-            std::fprintf(
-                stderr, "dentalviewer: could not save the state in %s\n", qPrintable(stateFolder));
-        window.shutDown();
+        status = run(app, parser, window);
     }
     StyleManager::deleteManager();
     return status;

@@ -107,7 +107,6 @@ void DentalSolutionPlugin::loadActions()
             action->enableStopWithEventFilter();
             action->setMustBeStopped(true);
             action->setStopOnViewSwitch(true);
-            action->setActionGroup(exclusive);
             exclusive->addAction(action);
         }
         action->setActionHandler(dispatcher);
@@ -123,7 +122,7 @@ void DentalSolutionPlugin::loadActions()
         QStringLiteral("annotateText"), new TextAnnotationHandler(workspace));
     dispatcher->addActionHandler(
         QStringLiteral("resetView"), new CommandHandler([&workspace](ActionHandler&) {
-            for (Viewer2D* viewer : workspace.viewers())
+            if (Viewer2D* viewer = workspace.currentViewer())
                 viewer->resetView();
         }));
     dispatcher->addActionHandler(

@@ -425,6 +425,11 @@ QString ToothChartView::selectedTooth() const
 
 void ToothChartView::createWidget()
 {
+    // A page made again starts over: the old page's items and connections went with its window.
+    m_teeth.clear();
+    m_labels.clear();
+    m_hovered = -1;
+    m_host = nullptr;
     auto* window = new QQuickView();
     window->setResizeMode(QQuickView::SizeRootObjectToView);
     window->setColor(styleColor("PANEL_BACKGROUND_COLOR", QColor(40, 40, 40)));

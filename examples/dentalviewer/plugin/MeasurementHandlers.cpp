@@ -181,6 +181,5 @@ void CommandHandler::start()
     if (m_command)
         m_command(*this);
     setCanceled(false);
-    if (getCurrentAction() && !getCurrentAction()->isCheckable())
-        stopCurrentAction();
+    EmptyActionHandler::start();
 }

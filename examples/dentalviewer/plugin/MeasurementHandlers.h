@@ -1,6 +1,7 @@
 #pragma once
 
 #include <guicore/action/ActionHandler.h>
+#include <guicore/action/EmptyActionHandler.h>
 
 #include <QList>
 #include <QMetaObject>
@@ -87,8 +88,8 @@ protected:
     void end(Viewer2D& viewer) override;
 };
 
-// A one-shot command: runs a function and, for a non-checkable action, ends at once.
-class CommandHandler : public ActionHandler
+// A one-shot command: runs a function, then ends a non-checkable action as the empty handler does.
+class CommandHandler : public EmptyActionHandler
 {
     Q_OBJECT
 
@@ -100,7 +101,6 @@ public:
 
 protected:
     void start() override;
-    void stop() override { }
 
 private:
     std::function<void(ActionHandler&)> m_command;

@@ -11,9 +11,13 @@
 #include <QDebug>
 #include <QEvent>
 #include <QGraphicsSceneMouseEvent>
+#include <QKeyEvent>
 #include <QLineF>
+#include <QMouseEvent>
 #include <QPen>
 #include <QPixmap>
+#include <QScrollBar>
+#include <QTimer>
 #include <QUuid>
 #include <cmath>
 
@@ -38,6 +42,28 @@ QList<QLineF> polyline(const QList<QPointF>& points, bool closed)
     return lines;
 }
 
+// One wheel step zooms by this factor; the zoom stays within these multiples of the fitted scale.
+constexpr double ZOOM_STEP = 1.25;
+constexpr double MIN_ZOOM = 0.25;
+constexpr double MAX_ZOOM = 20.0;
+
+// The line width of measurements, from the style; the default style has one.
+double measurementLineWidth()
+{
+    const double width = StyleManager::hasManager()
+        ? StyleManager::manager().getSize(QStringLiteral("@MEASUREMENT_LINE_WIDTH"))
+        : 0.0;
+    return width > 0.0 ? width : 2.0;
+}
+
+// The view's scroll area reaches an image's size beyond each edge, so that a zoomed-in image can
+// be panned until its border reaches the middle and a zoom about a point near the edge keeps
+// that point under the cursor.
+QRectF panningArea(const QRectF& image)
+{
+    return image.adjusted(-image.width(), -image.height(), image.width(), image.height());
+}
+
 double polygonArea(const QList<QPointF>& points)
 {
     double twice = 0.0;
@@ -58,6 +84,12 @@ Viewer2D::Viewer2D(const QString& id, double pixelSpacing, QObject* parent)
     , m_scene(new GraphicsSceneExtra(this))
 {
     m_scene->setViewerTag(id);
+    // A press anywhere but on a note being edited ends its editing.
+    connect(
+        m_scene, &GraphicsSceneExtra::mousePressed, this, [this](QGraphicsSceneMouseEvent* event) {
+            const QPointF at = event->scenePos();
+            endTextEditing(&at);
+        });
     m_scene->setBackgroundBrush(styleColor("VIEWER_BACKGROUND_COLOR", Qt::black));
     m_image = new CustomGraphicsPixmapItem(id + QStringLiteral("_image"));
     m_image->setZValue(-100);
@@ -80,15 +112,116 @@ GraphicsViewExtra* Viewer2D::view()
         m_view->setObjectName(m_id);
         m_view->setRenderHint(QPainter::Antialiasing);
         m_view->setMinimumSize(320, 240);
+        m_view->setSceneRect(panningArea(imageRect()));
         // The viewport is resized after the view's layout, so its size is final in the filter.
         m_viewport = m_view->viewport();
         m_view->viewport()->installEventFilter(this);
+        // The wheel zooms. A wheel turn the scene's items leave alone would otherwise go on to
+        // the hidden scroll bars and scroll the image after the zoom.
+        m_view->horizontalScrollBar()->installEventFilter(this);
+        m_view->verticalScrollBar()->installEventFilter(this);
+        connect(m_scene, &GraphicsSceneExtra::mouseScrolled, this,
+            [this](QPointF at, int delta, Qt::Orientation orientation) {
+                if (orientation == Qt::Vertical)
+                    zoomAt(at, delta);
+            });
+        // Escape ends the editing of a text annotation.
+        connect(m_view, &GraphicsViewExtra::keyPressed, this, [this](QKeyEvent* event) {
+            if (event->key() == Qt::Key_Escape)
+                endTextEditing();
+        });
     }
     return m_view;
 }
 
+QRectF Viewer2D::visibleBox() const
+{
+    return m_view->mapToScene(m_view->viewport()->rect()).boundingRect();
+}
+
+void Viewer2D::zoomAt(const QPointF& scenePos, int delta)
+{
+    if (!m_view || delta == 0 || !std::isfinite(scenePos.x()) || !std::isfinite(scenePos.y()))
+        return;
+    const QRectF image = imageRect();
+    const QSizeF viewport = m_view->viewport()->size();
+    if (image.isEmpty() || viewport.isEmpty())
+        return;
+    const double fitted
+        = std::min(viewport.width() / image.width(), viewport.height() / image.height());
+    const double scale = m_view->transform().m11();
+    const double wanted
+        = qBound(fitted * MIN_ZOOM, scale * std::pow(ZOOM_STEP, delta / 120.0), fitted * MAX_ZOOM);
+    if (qFuzzyCompare(wanted, scale))
+        return;
+    const QPoint anchor = m_view->mapFromScene(scenePos);
+    m_view->scale(wanted / scale, wanted / scale);
+    // Scrolled back so that the point under the cursor before the zoom is under it again.
+    panBy((m_view->mapToScene(anchor) - scenePos) * wanted);
+}
+
+void Viewer2D::panBy(const QPointF& pixels)
+{
+    if (!m_view)
+        return;
+    QScrollBar* horizontal = m_view->horizontalScrollBar();
+    QScrollBar* vertical = m_view->verticalScrollBar();
+    horizontal->setValue(horizontal->value() - int(std::lround(pixels.x())));
+    vertical->setValue(vertical->value() - int(std::lround(pixels.y())));
+    m_pendingZoomBox = visibleBox();
+}
+
+void Viewer2D::endTextEditing(const QPointF* except)
+{
+    for (Measurement* measurement : std::as_const(m_measurements)) {
+        CustomGraphicsTextItem* item = measurement->textItem;
+        if (!item || !item->isEditing())
+            continue;
+        if (except && item->mapToScene(item->shape()).contains(*except))
+            continue;
+        item->setEditing(false);
+    }
+}
+
 bool Viewer2D::eventFilter(QObject* watched, QEvent* event)
 {
+    if (m_view && event->type() == QEvent::Wheel
+        && (watched == m_view->horizontalScrollBar() || watched == m_view->verticalScrollBar()))
+        return true;
+    if (m_view && watched == m_viewport) {
+        const auto* mouse = static_cast<QMouseEvent*>(event);
+        switch (event->type()) {
+        case QEvent::MouseButtonPress:
+            // Panning comes before the scene: a running tool never sees these presses.
+            if (!m_panning
+                && (mouse->button() == Qt::MiddleButton
+                    || (mouse->button() == Qt::LeftButton
+                        && mouse->modifiers().testFlag(Qt::ControlModifier)))) {
+                m_panning = true;
+                m_panButton = mouse->button();
+                m_panFrom = mouse->position();
+                m_view->viewport()->setCursor(Qt::ClosedHandCursor);
+                return true;
+            }
+            break;
+        case QEvent::MouseMove:
+            if (m_panning) {
+                panBy(mouse->position() - m_panFrom);
+                m_panFrom = mouse->position();
+                return true;
+            }
+            break;
+        case QEvent::MouseButtonRelease:
+            if (m_panning && mouse->button() == m_panButton) {
+                m_panning = false;
+                m_view->viewport()->unsetCursor();
+                return true;
+            }
+            break;
+        default:
+            break;
+        }
+    }
     // A zoom box restored before the view had its size is applied at the first real resize.
     if (event->type() == QEvent::Resize && m_view && watched == m_viewport) {
         if (m_pendingZoomBox.isValid())
@@ -103,6 +236,8 @@ void Viewer2D::setImage(const QImage& image)
 {
     m_image->setPixmap(QPixmap::fromImage(image));
     m_scene->setSceneRect(imageRect());
+    if (m_view)
+        m_view->setSceneRect(panningArea(imageRect()));
 }
 
 QRectF Viewer2D::imageRect() const
@@ -114,7 +249,7 @@ QRectF Viewer2D::getZoomBox() const
 {
     if (!m_view || !m_view->isVisible())
         return m_pendingZoomBox.isValid() ? m_pendingZoomBox : imageRect();
-    return m_view->mapToScene(m_view->viewport()->rect()).boundingRect();
+    return visibleBox();
 }
 
 void Viewer2D::setZoomBox(const QRectF& box)
@@ -170,9 +305,19 @@ Measurement* Viewer2D::addMeasurement(
                 measurement->text = newText;
                 Q_EMIT measurementsChanged();
             });
+        // A click on a note opens it for editing again; the item leaves that to its owner. On
+        // the next turn of the event loop, after the press: the scene hands key presses to its
+        // text items itself, so the item must not keep the focus the press may give it.
+        CustomGraphicsTextItem* item = measurement->textItem;
+        connect(item, &CustomGraphicsTextItem::leftClicked, item, [item] {
+            QTimer::singleShot(0, item, [item] {
+                item->setEditing(true);
+                item->clearFocus();
+            });
+        });
     } else {
         measurement->lines = new CustomGraphicsLineSetItem(name);
-        QPen pen(styleColor("MEASUREMENT_LINE_COLOR", Qt::yellow), 2.0);
+        QPen pen(styleColor("MEASUREMENT_LINE_COLOR", Qt::yellow), measurementLineWidth());
         pen.setCosmetic(true);
         measurement->lines->setPen(pen);
         QColor fill = styleColor("MEASUREMENT_LINE_COLOR", Qt::yellow);
@@ -186,7 +331,6 @@ Measurement* Viewer2D::addMeasurement(
         measurement->label->setBackgroundBrush(
             styleColor("MEASUREMENT_LABEL_BACKGROUND_COLOR", QColor(0, 0, 0, 150)));
         measurement->label->fillBackground(true);
-        measurement->label->setFlag(QGraphicsItem::ItemIgnoresTransformations);
         m_scene->addItem(measurement->label);
         // A label reports its drag and never moves itself: the viewer moves it by the mouse's
         // travel and keeps the new offset, which the ui state tree records. The scene hands

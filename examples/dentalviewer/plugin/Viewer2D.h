@@ -51,6 +51,11 @@ public:
     QRectF getZoomBox() const;
     void setZoomBox(const QRectF& box);
     void resetView();
+    // Zooms by whole wheel steps (120 a step, positive zooms in) keeping `scenePos` where it is
+    // on screen. Within a range of the fitted scale; nothing without a view.
+    void zoomAt(const QPointF& scenePos, int delta);
+    // Moves what is shown by a distance in viewport pixels, as a hand drag does.
+    void panBy(const QPointF& pixels);
 
     // Measurements. The viewer owns the items; the returned pointer stays valid until removal.
     Measurement* addMeasurement(const QString& kind, const QList<QPointF>& points,
@@ -72,6 +77,11 @@ protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
+    // What the view shows now, in scene units; remembered so that it survives a resize or a
+    // hidden view.
+    QRectF visibleBox() const;
+    void endTextEditing(const QPointF* except = nullptr);
+
     QString m_id;
     double m_pixelSpacing;
     GraphicsSceneExtra* m_scene = nullptr;
@@ -85,4 +95,8 @@ private:
     Measurement* m_draggedLabel = nullptr;
     QPointF m_dragStart;
     QPointF m_offsetAtDragStart;
+    // A pan with the middle button, or the left one with Control held, and where it last was.
+    bool m_panning = false;
+    Qt::MouseButton m_panButton = Qt::NoButton;
+    QPointF m_panFrom;
 };
