@@ -3,7 +3,7 @@
 //       [--notation N] [--view ID] [--reslice ID POSITION]... [--label-offset X Y]
 //       [--label-size PIXELS] [--selected-tooth NAME] [--status TEXT]
 //       [--active-sub-view MULTI SUB] [--zoomed-in VIEW W H] [--fitted VIEW W H]
-//       [--zoom-like FILE VIEW]
+//       [--zoom-like FILE VIEW] [--panned-from FILE VIEW DX DY]
 //   check_dentalviewer image FILE [--measurement-pixels MIN] [--measurement-run MIN]
 // Reslices, the numbering and label positions are read from the dumped ui state tree.
 // Prints every failed expectation and exits with 1 when there was one.
@@ -163,6 +163,24 @@ void checkZoom(const QJsonObject& root, const QStringList& args)
         expect(box.isValid() && box.adjusted(-1, -1, 1, 1).contains(image) && fills,
             QStringLiteral("%1 fitted to its image, found the zoom box %2")
                 .arg(args.at(fitted + 1), describe(box)));
+    }
+    // --panned-from FILE VIEW DX DY: the zoom box of another dump, of the same size, moved by
+    // DX DY scene units (to 3 % of its size).
+    const int panned = args.indexOf(QStringLiteral("--panned-from"));
+    if (panned >= 0 && panned + 4 < args.size()) {
+        const QRectF before
+            = zoomBox(stateRoot(readDump(args.at(panned + 1))), args.at(panned + 2));
+        const QRectF box = zoomBox(root, args.at(panned + 2));
+        const QPointF shift(args.at(panned + 3).toDouble(), args.at(panned + 4).toDouble());
+        const double tolerance = before.width() * 0.03;
+        expect(before.isValid() && box.isValid()
+                && QLineF(box.center(), before.center() + shift).length() < tolerance
+                && std::abs(box.width() - before.width()) < tolerance,
+            QStringLiteral("%1 panned from %2 by (%3, %4), found %5")
+                .arg(args.at(panned + 2), describe(before))
+                .arg(shift.x())
+                .arg(shift.y())
+                .arg(describe(box)));
     }
     // --zoom-like FILE VIEW: the same zoom box as in another dump, to 3 % of its size.
     const int like = args.indexOf(QStringLiteral("--zoom-like"));

@@ -46,6 +46,8 @@ check(dump ${WORK_DIR}/shots/state.json --lengths 1 --areas 1 --length-mm 30.0
 # The wheel zooms; Reset view fits the whole panoramic image again.
 check(dump ${WORK_DIR}/shots/zoomed.json --zoomed-in Panoramic 1200 500)
 check(dump ${WORK_DIR}/shots/reset.json --fitted Panoramic 1200 500)
+# The same zoom again, then a pan of 100 image pixels.
+check(dump ${WORK_DIR}/shots/state.json --panned-from ${WORK_DIR}/shots/zoomed.json Panoramic 100 0)
 
 # The snapshot export wrote a picture and a page that carries it inline.
 file(GLOB snapshot_png ${WORK_DIR}/shots/export/snapshot-*.png)

@@ -164,6 +164,8 @@ bool ScriptRunner::run(const QStringList& words)
         return qmlButton(rest);
     if (step == QLatin1String("wheel") && words.size() == 4)
         return wheel(words);
+    if (step == QLatin1String("pan") && words.size() == 5)
+        return pan(words);
     if (step == QLatin1String("set") && words.size() == 3)
         return set(words.at(1), words.at(2));
     if (step == QLatin1String("close") && words.size() == 2)
@@ -249,6 +251,34 @@ bool ScriptRunner::wheel(const QStringList& words)
     QWheelEvent event(local, view->viewport()->mapToGlobal(local), QPoint(), QPoint(0, delta),
         Qt::NoButton, Qt::NoModifier, Qt::NoScrollPhase, false);
     QCoreApplication::sendEvent(view->viewport(), &event);
+    return true;
+}
+
+bool ScriptRunner::pan(const QStringList& words)
+{
+    QGraphicsView* view
+        = m_window.solution()->graphicsViewOf(m_window.switchingViewsManager()->getCurrentView());
+    QList<double> numbers;
+    for (const QString& word : words.mid(1)) {
+        bool ok = false;
+        numbers.append(word.toDouble(&ok));
+        if (!ok)
+            return false;
+    }
+    if (!view)
+        return false;
+    // A middle-button drag from the first scene point to the second.
+    auto send = [view](QEvent::Type type, const QPointF& scenePos, Qt::MouseButtons buttons) {
+        const QPointF local = view->mapFromScene(scenePos);
+        QMouseEvent event(type, local, local, view->viewport()->mapToGlobal(local),
+            Qt::MiddleButton, buttons, Qt::NoModifier);
+        QCoreApplication::sendEvent(view->viewport(), &event);
+    };
+    const QPointF from(numbers.at(0), numbers.at(1));
+    const QPointF to(numbers.at(2), numbers.at(3));
+    send(QEvent::MouseButtonPress, from, Qt::MiddleButton);
+    send(QEvent::MouseMove, to, Qt::MiddleButton);
+    send(QEvent::MouseButtonRelease, to, Qt::NoButton);
     return true;
 }
 

@@ -10,7 +10,8 @@ class QWidget;
 // Runs a demo script against the main window, one step per turn of the event loop, so that every
 // step sees the effects of the previous one painted. Steps, one a line ('#' starts a comment):
 //   view ID | action ID [key=value...] | press X Y | move X Y | release X Y | click X Y
-//   doubleclick X Y | rightclick X Y | wheel X Y DELTA | key SEQUENCE | type TEXT
+//   doubleclick X Y | rightclick X Y | wheel X Y DELTA | pan X1 Y1 X2 Y2 (middle-button drag)
+//   key SEQUENCE | type TEXT
 //   shortcut SEQUENCE (through the window's shortcut map)
 //   button NAME (clicks a tool bar button, by its action's object name or text)
 //   qmlbutton NAME (clicks an item of the current view's QML page, by its object name)
@@ -43,6 +44,7 @@ private:
     bool button(const QString& name);
     bool qmlButton(const QString& name);
     bool wheel(const QStringList& words);
+    bool pan(const QStringList& words);
     bool type(const QString& text);
     bool set(const QString& name, const QString& value);
     bool close(const QString& name);

@@ -58,6 +58,25 @@ CustomGraphicsLabelItem* makeToothLabel(const QString& name)
 
 } // namespace
 
+// --- Viewer2DViewManager --------------------------------------------------------------------
+
+Viewer2DViewManager::Viewer2DViewManager(DentalWorkspace& workspace, Viewer2D* viewer)
+    : m_workspace(workspace)
+    , m_viewer(viewer)
+{
+}
+
+void Viewer2DViewManager::start()
+{
+    m_workspace.setCurrentViewer(m_viewer);
+}
+
+void Viewer2DViewManager::stop()
+{
+    if (m_viewer && m_workspace.currentViewer() == m_viewer)
+        m_workspace.setCurrentViewer(nullptr);
+}
+
 // --- Viewer2DView ---------------------------------------------------------------------------
 
 Viewer2DView::Viewer2DView(const QString& id, const QString& name, DentalWorkspace& workspace)
@@ -67,6 +86,7 @@ Viewer2DView::Viewer2DView(const QString& id, const QString& name, DentalWorkspa
 {
     setName(name);
     workspace.addViewer(m_viewer);
+    setViewManager(std::make_unique<Viewer2DViewManager>(workspace, m_viewer));
 }
 
 Viewer2DView::~Viewer2DView()
@@ -84,19 +104,6 @@ Viewer2DView::~Viewer2DView()
 void Viewer2DView::createWidget()
 {
     setWidget(m_viewer->view());
-}
-
-void Viewer2DView::start()
-{
-    View::start();
-    m_workspace.setCurrentViewer(m_viewer);
-}
-
-void Viewer2DView::stop()
-{
-    View::stop();
-    if (m_workspace.currentViewer() == m_viewer)
-        m_workspace.setCurrentViewer(nullptr);
 }
 
 void Viewer2DView::reset()

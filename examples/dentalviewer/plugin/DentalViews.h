@@ -2,6 +2,7 @@
 
 #include <guicore/view/MultiView.h>
 #include <guicore/view/View.h>
+#include <guicore/view/ViewManager.h>
 #include <guicore/view/ViewNodeInteractor.h>
 
 #include "SyntheticImages.h"
@@ -24,16 +25,30 @@ namespace ui {
 class Viewer2DNode;
 }
 
-// A view whose screen is one 2-D viewer. While it runs, its viewer is the workspace's current one,
-// the viewer the measurement tools work in.
+// Runs the one 2-D viewer of a view: while the view runs, its viewer is the workspace's current
+// one, the viewer the measurement tools work in. The view owns its manager.
+class Viewer2DViewManager : public ViewManager
+{
+    Q_OBJECT
+
+public:
+    Viewer2DViewManager(DentalWorkspace& workspace, Viewer2D* viewer);
+
+    void start() override;
+    void stop() override;
+
+private:
+    DentalWorkspace& m_workspace;
+    QPointer<Viewer2D> m_viewer;
+};
+
+// A view whose screen is one 2-D viewer, run by a Viewer2DViewManager.
 class Viewer2DView : public View
 {
 public:
     Viewer2DView(const QString& id, const QString& name, DentalWorkspace& workspace);
     ~Viewer2DView() override;
 
-    void start() override;
-    void stop() override;
     void reset() override;
     std::unique_ptr<ui::ViewNodeInteractor> createNodeInteractor() override;
 
