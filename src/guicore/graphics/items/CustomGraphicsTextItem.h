@@ -32,9 +32,10 @@ public:
     /// item deselected, not editable, without selection and without focus.
     void setEditing(const bool& edit);
 
-    /// A press at the item's position, handed over by the scene; underMouse says whether the
-    /// item is the one under the pointer. A press that is not a left press under the mouse ends
-    /// editing. The event is borrowed.
+    /// A press handed over by the scene; underMouse says whether the item is the one under the
+    /// pointer. Presses outside the item's shape, or on a hidden or disabled item, are ignored,
+    /// so a press elsewhere in the scene does not end editing: the owner does that. A press on
+    /// the item that is not a left press under the mouse ends editing. The event is borrowed.
     void mousePressEventUnderMouse(QGraphicsSceneMouseEvent* event, bool underMouse);
 
     /// The graphics item's position, for callers that hold the item as a QObject.

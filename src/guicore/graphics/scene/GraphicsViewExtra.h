@@ -18,6 +18,10 @@ class QWidget;
 /// The view of a GraphicsSceneExtra. It always renders through an OpenGL viewport, hides its
 /// scroll bars and reports what the user does as signals; after every input event it emits
 /// viewportChanged() and then sceneChanged(), so that overlays and linked viewers can follow.
+///
+/// Wheel events keep the stock path: a step that no item accepts goes on to the scroll bars,
+/// hidden or not, and scrolls the view. An application that zooms on the scene's mouseScrolled()
+/// filters the view's wheel events so that the two do not both happen.
 class GUICORE_EXPORT GraphicsViewExtra : public QGraphicsView
 {
     Q_OBJECT
