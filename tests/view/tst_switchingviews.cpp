@@ -45,9 +45,8 @@ private Q_SLOTS:
     void switchRunsInOrder();
     void currentOrUnknownViewChangesNothing();
     void nullTargetLeavesOldViewStopped();
-    void subViewIdOfIdleMultiView();
-    void subViewIdOfCurrentMultiView();
-    void subViewPointerOfCurrentMultiView();
+    void switchToSubView_data();
+    void switchToSubView();
     void actionsStopOnSwitch_data();
     void actionsStopOnSwitch();
     void passViewSettings_data();
@@ -270,56 +269,50 @@ void tst_SwitchingViews::nullTargetLeavesOldViewStopped()
     QVERIFY(!m_a->isActive());
 }
 
-void tst_SwitchingViews::subViewIdOfIdleMultiView()
+void tst_SwitchingViews::switchToSubView_data()
 {
-    m_switcher->switchToView(m_a);
+    QTest::addColumn<QString>("from");
+    QTest::addColumn<bool>("byPointer");
+    QTest::addColumn<QStringList>("expected");
+
+    const QStringList restart {
+        "M2.read(0)", "switchingView(M) solution at M", "M2.start", "viewChanged(M)"};
+    // By id, the sub view is chosen inside the idle multi view before anything else happens.
+    QTest::newRow("id, idle multi view")
+        << "A" << false << QStringList {"viewChanged(M)", "A.stop"} + restart;
+    // The running multi view switches its page in place; the outer switch finds it current.
+    QTest::newRow("id, current multi view")
+        << "M" << false << QStringList {"M1.stop", "M2.start", "viewChanged(M)"};
+    // The multi view is stopped, its new page chosen, and the multi view started again; its
+    // settings pass from the manager it now reports to that same manager (M1's value is unread).
+    QTest::newRow("pointer, current multi view")
+        << "M" << true << QStringList {"M1.stop", "viewChanged(M)"} + restart;
+}
+
+void tst_SwitchingViews::switchToSubView()
+{
+    QFETCH(QString, from);
+    QFETCH(bool, byPointer);
+    QFETCH(QStringList, expected);
+    m_switcher->switchToView(from);
+    m_m1->manager()->liveValue = 5;
     record(*m_switcher);
     m_log.clear();
 
-    // By id, the sub view is chosen inside the idle multi view before anything else happens.
-    m_switcher->switchToView(QStringLiteral("M2"));
+    if (byPointer)
+        m_switcher->switchToView(m_m2);
+    else
+        m_switcher->switchToView(QStringLiteral("M2"));
 
-    QCOMPARE(m_log,
-        (QStringList {"viewChanged(M)", "A.stop", "M2.read(0)", "switchingView(M) solution at M",
-            "M2.start", "viewChanged(M)"}));
+    QCOMPARE(m_log, expected);
     QCOMPARE(m_switcher->getCurrentView(), m_m);
+    QVERIFY(m_m->isActive());
+    QCOMPARE(m_m->getActiveSubView(), m_m2);
     QCOMPARE(m_switcher->getCurrentViewOrSubView(), m_m2);
     QCOMPARE(m_switcher->getCurrentViewOrSubViewID(), QStringLiteral("M2"));
     QCOMPARE(m_switcher->getCurrentViewManager(), m_m2->getViewManager());
     QCOMPARE(static_cast<QStackedWidget*>(m_m->getWidget())->currentWidget(), m_m2->getWidget());
     QVERIFY(!m_m1->isActive());
-}
-
-void tst_SwitchingViews::subViewIdOfCurrentMultiView()
-{
-    m_switcher->switchToView(m_m);
-    record(*m_switcher);
-    m_log.clear();
-
-    // The running multi view switches its page in place; the outer switch finds it current.
-    m_switcher->switchToView(QStringLiteral("M2"));
-    QCOMPARE(m_log, (QStringList {"M1.stop", "M2.start", "viewChanged(M)"}));
-    QCOMPARE(m_switcher->getCurrentViewOrSubView(), m_m2);
-}
-
-void tst_SwitchingViews::subViewPointerOfCurrentMultiView()
-{
-    m_switcher->switchToView(m_m);
-    m_m1->manager()->liveValue = 5;
-    record(*m_switcher);
-    m_log.clear();
-
-    m_switcher->switchToView(m_m2);
-
-    // The multi view is stopped, its new page chosen, and the multi view started again; its
-    // settings pass from the manager it now reports to that same manager.
-    QCOMPARE(m_log,
-        (QStringList {"M1.stop", "viewChanged(M)", "M2.read(0)", "switchingView(M) solution at M",
-            "M2.start", "viewChanged(M)"}));
-    QCOMPARE(m_switcher->getCurrentView(), m_m);
-    QVERIFY(m_m->isActive());
-    QCOMPARE(m_m->getActiveSubView(), m_m2);
-    QCOMPARE(static_cast<QStackedWidget*>(m_m->getWidget())->currentWidget(), m_m2->getWidget());
 }
 
 void tst_SwitchingViews::actionsStopOnSwitch_data()
@@ -422,12 +415,8 @@ void tst_SwitchingViews::shortcutsCycleThroughSharedKey()
         QTest::keyClick(&window, key);
         visited.append(m_switcher->getCurrentViewID());
     };
-    press(Qt::Key_F5);
-    press(Qt::Key_F5);
-    press(Qt::Key_F5);
-    press(Qt::Key_F6);
-    press(Qt::Key_F5);
-    press(Qt::Key_F7);
+    for (Qt::Key key : {Qt::Key_F5, Qt::Key_F5, Qt::Key_F5, Qt::Key_F6, Qt::Key_F5, Qt::Key_F7})
+        press(key);
     QCOMPARE(visited, (QStringList {"A", "B", "A", "D", "A", "A"}));
 
     m_switcher->enableShortcuts(false);
