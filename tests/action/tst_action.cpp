@@ -158,12 +158,10 @@ void tst_Action::startSequence()
     QFETCH(QStringList, expected);
     QFETCH(bool, activeAfter);
 
-    RecordingHandler handler(&m_log, accept);
-    Action action(QStringLiteral("a"));
-    action.setCheckable(checkable);
+    Rig rig(&m_log, accept, checkable);
+    Action& action = rig.action;
     if (explicitDisableOthers >= 0)
         action.disableOtherActionsOnStart(explicitDisableOthers == 1);
-    action.setActionHandler(&handler);
     action.setCancelled(true);
     record(&action, &m_log);
 
@@ -175,11 +173,9 @@ void tst_Action::startSequence()
 
 void tst_Action::stopSequence()
 {
-    RecordingHandler handler(&m_log, true);
-    Action action(QStringLiteral("a"));
-    action.setCheckable(true);
+    Rig rig(&m_log, true);
+    Action& action = rig.action;
     action.disableOtherActionsOnStart(false);
-    action.setActionHandler(&handler);
     record(&action, &m_log);
     action.start(false);
     m_log.clear();

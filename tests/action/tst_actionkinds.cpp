@@ -189,13 +189,12 @@ void tst_ActionKinds::groupStopsOtherMembers()
     Action* b = makeTool(QStringLiteral("b"), &h2, &owner);
     Action* c = makeTool(QStringLiteral("c"), &h3, &owner);
     QStringList order;
-    for (Action* member : {a, b, c})
+    for (Action* member : {a, b, c}) {
         connect(member, &Action::triggered, this, [&order, member](bool checked) {
             order.append(member->getID() + (checked ? "+" : "-"));
         });
-    group.addAction(a);
-    group.addAction(b);
-    group.addAction(c);
+        group.addAction(member);
+    }
 
     a->start(false);
     QVERIFY(!group.canToggleAction(a));

@@ -201,9 +201,7 @@ void tst_ActionManager::queueStartsEnabledActionAtOnce()
     Action* running = tool("running");
     running->start(false);
     Action* queued = tool("queued");
-    QMultiMap<QString, QVariant> parameters;
-    parameters.insert("p", 1);
-    parameters.insert("q", "x");
+    const QMultiMap<QString, QVariant> parameters {{"p", 1}, {"q", "x"}};
 
     m_manager->queueAction(*queued, parameters);
     QVERIFY(queued->isActive());
@@ -374,17 +372,13 @@ void tst_ActionManager::deletedActionIsForgotten()
 {
     Action* a = tool("a");
     Action* b = tool("b");
-    EmptyActionHandler handler;
-    auto* doomed = new Action("doomed");
-    doomed->setCheckable(true);
-    doomed->setActionHandler(&handler);
-    m_solutions->addAction(doomed);
+    Action* doomed = tool("doomed");
     a->start(false);
     b->start(false);
     doomed->start(false);
     QCOMPARE(m_manager->getCurrentAction(), doomed);
 
-    delete doomed;
+    m_actions.back().reset();
     QCOMPARE(m_manager->getCurrentAction(), b);
     QCOMPARE(m_manager->getActiveActionsCount(), 2);
     recordManager();
