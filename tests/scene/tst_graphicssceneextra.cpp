@@ -121,7 +121,17 @@ private:
         return item;
     }
 
+    /// Installs a handler that consumes the listed kinds; it outlives the scene.
+    RecordingHandler& installHandler(const QSet<QString>& consume = {})
+    {
+        handler = std::make_unique<RecordingHandler>(&log);
+        handler->consume = consume;
+        scene->setEventHandler(handler.get());
+        return *handler;
+    }
+
     QStringList log;
+    std::unique_ptr<RecordingHandler> handler;
     std::unique_ptr<GraphicsSceneExtra> scene;
     std::unique_ptr<QGraphicsView> view;
 };
@@ -151,6 +161,7 @@ void tst_GraphicsSceneExtra::cleanup()
 {
     view.reset();
     scene.reset();
+    handler.reset();
 }
 
 void tst_GraphicsSceneExtra::nonInteractiveGesture_data()
@@ -169,14 +180,14 @@ void tst_GraphicsSceneExtra::nonInteractiveGesture()
     scene->setInteractiveMode(false);
     ProbeItem* item = addProbe("item", QRectF(0, 0, 100, 100));
     QStringList signalLog;
-    connect(scene.get(), &GraphicsSceneExtra::mousePressed, this, [&] { signalLog << "pressed"; });
-    connect(
-        scene.get(), &GraphicsSceneExtra::mouseReleased, this, [&] { signalLog << "released"; });
-    connect(
-        scene.get(), &GraphicsSceneExtra::dragStarted, this, [&] { signalLog << "dragStarted"; });
-    connect(scene.get(), &GraphicsSceneExtra::dragMotion, this, [&] { signalLog << "dragMotion"; });
-    connect(
-        scene.get(), &GraphicsSceneExtra::dragFinished, this, [&] { signalLog << "dragFinished"; });
+    const auto note = [&](auto signal, const char* name) {
+        connect(scene.get(), signal, this, [&signalLog, name] { signalLog << name; });
+    };
+    note(&GraphicsSceneExtra::mousePressed, "pressed");
+    note(&GraphicsSceneExtra::mouseReleased, "released");
+    note(&GraphicsSceneExtra::dragStarted, "dragStarted");
+    note(&GraphicsSceneExtra::dragMotion, "dragMotion");
+    note(&GraphicsSceneExtra::dragFinished, "dragFinished");
 
     press(*scene, QPointF(50, 50));
     for (int i = 0; i < moves; ++i)
@@ -293,9 +304,7 @@ void tst_GraphicsSceneExtra::pressInEmptySpace()
 
 void tst_GraphicsSceneExtra::eventHandlerHasFirstSay()
 {
-    RecordingHandler handler(&log);
-    handler.consume = {"press", "move"};
-    scene->setEventHandler(&handler);
+    RecordingHandler& handler = installHandler({"press", "move"});
     scene->setViewerTag("axial");
     addProbe("item", QRectF(0, 0, 50, 50));
     auto* movable = new QGraphicsRectItem(0, 0, 50, 50);
@@ -317,7 +326,6 @@ void tst_GraphicsSceneExtra::eventHandlerHasFirstSay()
     handler.consume = {};
     release(*scene, QPointF(30, 25));
     QCOMPARE(log, (QStringList {"handler:release@axial", "item:release"}));
-    scene->setEventHandler(nullptr);
 }
 
 void tst_GraphicsSceneExtra::pressPriorities()
@@ -546,9 +554,7 @@ void tst_GraphicsSceneExtra::hoverPriorityDecidesHoverableItem()
 
 void tst_GraphicsSceneExtra::keysReachItemsAsymmetrically()
 {
-    RecordingHandler handler(&log);
-    handler.consume = {"key"};
-    scene->setEventHandler(&handler);
+    installHandler({"key"});
     addProbe("item", QRectF(0, 0, 10, 10));
 
     QKeyEvent pressEvent(QEvent::KeyPress, Qt::Key_A, Qt::NoModifier, "a");
@@ -556,7 +562,6 @@ void tst_GraphicsSceneExtra::keysReachItemsAsymmetrically()
     QKeyEvent releaseEvent(QEvent::KeyRelease, Qt::Key_A, Qt::NoModifier, "a");
     QCoreApplication::sendEvent(scene.get(), &releaseEvent);
     QCOMPARE(log, (QStringList {"item:key", "handler:key@", "handler:keyRelease@"}));
-    scene->setEventHandler(nullptr);
 }
 
 void tst_GraphicsSceneExtra::contextMenuAskedOnlyWithoutTaker()
@@ -576,9 +581,7 @@ void tst_GraphicsSceneExtra::contextMenuAskedOnlyWithoutTaker()
 
 void tst_GraphicsSceneExtra::doubleClickOrder()
 {
-    RecordingHandler handler(&log);
-    handler.consume = {"double"};
-    scene->setEventHandler(&handler);
+    installHandler({"double"});
     connect(scene.get(), &GraphicsSceneExtra::userInteracted, this, [&] { log << "interacted"; });
     connect(scene.get(), &GraphicsSceneExtra::mouseDoubleClicked, this,
         [&](Qt::MouseButtons buttons, QPointF pos) {
@@ -589,7 +592,6 @@ void tst_GraphicsSceneExtra::doubleClickOrder()
     sendMouse(*scene, QEvent::GraphicsSceneMouseDoubleClick, QPointF(5, 6), Qt::LeftButton,
         Qt::LeftButton);
     QCOMPARE(log, (QStringList {"handler:double@", "interacted", "doubleClicked"}));
-    scene->setEventHandler(nullptr);
 }
 
 void tst_GraphicsSceneExtra::itemsRemovedDuringDispatchAreSkipped_data()
@@ -674,15 +676,12 @@ void tst_GraphicsSceneExtra::itemsRemovedDuringDispatchAreSkipped()
 
 void tst_GraphicsSceneExtra::handlerDeletesItemsBeforePressDelivery()
 {
-    RecordingHandler handler(&log);
-    scene->setEventHandler(&handler);
     QPointer<ProbeItem> doomed = addProbe("doomed", QRectF(0, 0, 100, 100), 2);
     addProbe("kept", QRectF(0, 0, 100, 100), 1);
-    handler.onPress = [&] { delete doomed.data(); };
+    installHandler().onPress = [&] { delete doomed.data(); };
     press(*scene, QPointF(50, 50), Qt::MiddleButton);
     QVERIFY(doomed.isNull());
     QCOMPARE(log, (QStringList {"handler:press@", "kept:press", "kept:press"}));
-    scene->setEventHandler(nullptr);
 }
 
 void tst_GraphicsSceneExtra::plainHoverableDeletedByAnother()
