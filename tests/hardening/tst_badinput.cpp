@@ -4,18 +4,12 @@
 // produce (exact texts) and checks that the result is the neutral one: no crash, no exception,
 // no partial result.
 
-#include <guicore/graphics/scene/WheelEventHandler.h>
 #include <guicore/style/StyleManager.h>
 #include <guicore/style/StyleManagerDataProvider.h>
 #include <guicore/ui/BookmarkNode.h>
-#include <guicore/ui/DataObjectNode.h>
-#include <guicore/ui/Measurement2DNode.h>
-#include <guicore/ui/NodeFactory.h>
 #include <guicore/ui/NodeSerializer.h>
-#include <guicore/ui/PatientNode.h>
 #include <guicore/ui/ViewNode.h>
 #include <guicore/ui/Viewer3DNode.h>
-#include <guicore/utility/dates/DateBuilder.h>
 #include <guicore/utility/dates/DateMatcher.h>
 #include <guicore/utility/dental/ToothNameGenerator.h>
 #include <guicore/utility/image/ImageComparator.h>
@@ -221,20 +215,6 @@ void tst_BadInput::styleFiles_data()
                "StyleReader : malformed line 2 in " + binary + ": \uFFFDPNG"}
         << Check([=] { return StyleReader().convertFilesToStyleMap({binary}).isEmpty(); });
 
-    const QString badFonts = writeFile(
-        "fonts.txt", "@F: 14 DejaVu Sans;\n@F-line-height: tall;\n@B: TRUE;\n@W: 400px;\n");
-    QTest::newRow("unusable font values")
-        << QStringList {R"(StyleManager : Invalid font format for id "@F")",
-               R"(StyleManager : Invalid line-height format for id "@F")",
-               R"(StyleManager : could not properly convert property value "TRUE" for id "@B")",
-               R"(StyleManager : could not properly convert property value "400px" for id "@W")"}
-        << Check([=] {
-               createStyle({}, {}, badFonts);
-               const StyleManager& style = StyleManager::manager();
-               return style.getCompleteFont("@F") == QFont() && style.getLineHeight("@F") == 0.1
-                   && !style.getFontBoolValue("@B") && style.getFontWeight("@W") == 0;
-           });
-
     QTest::newRow("unknown palette")
         << QStringList {"StyleReader : unknown palette Missing in :/Resources/palette.txt",
                R"(StyleManager : color not found for id "@BACKGROUND_COLOR")"}
@@ -267,7 +247,6 @@ void tst_BadInput::styleFiles()
 void tst_BadInput::dates_data()
 {
     addColumns();
-    const QString noFormat = "DateMatcher: Could not determine date format! Date format not set.";
     const QString badPattern = "DateMatcher: Given date pattern is not valid! Pattern not set.";
     const QString badDate = "DateMatcher: Given date is not in correct date format!";
     const QString misplaced = "DateMatcher: Date is not in correct format.";
@@ -278,52 +257,20 @@ void tst_BadInput::dates_data()
         result.setPattern(pattern);
         return result;
     };
-    QTest::newRow("format without separator keeps the old one")
-        << QStringList {noFormat} << Check([=] {
-               DateMatcher dates = matcher("yyyy-MM-dd", "YYYY-03-DD");
-               dates.setDateFormat("yyyyMMdd");
-               return dates.match("2024-03-05") && !dates.match("2024-04-05");
-           });
-    QTest::newRow("empty format") << QStringList {noFormat} << Check([=] {
-        DateMatcher dates;
-        dates.setDateFormat(QString());
-        return dates.match("05-03-2024");
-    });
-    QTest::newRow("pattern with a foreign letter keeps the old one")
-        << QStringList {badPattern} << Check([=] {
-               DateMatcher dates = matcher("dd.MM.yyyy", "DD.03.YYYY");
-               dates.setPattern("DD.0x.YYYY");
-               return dates.match("05.03.2024") && !dates.match("05.04.2024");
-           });
     QTest::newRow("pattern too long") << QStringList {badPattern} << Check([=] {
         DateMatcher dates = matcher("dd.MM.yyyy", "DD.03.YYYY");
         dates.setPattern("DD.03.YYYYY");
         return dates.match("05.03.2024");
     });
-    QTest::newRow("date of eleven characters")
-        << QStringList {badDate}
-        << Check([=] { return !matcher("dd-MM-yyyy", "DD-MM-YYYY").match("05-03-20245"); });
     QTest::newRow("empty date") << QStringList {badDate}
                                 << Check([=] { return !DateMatcher().match(QString()); });
     QTest::newRow("other separator") << QStringList {
         badDate} << Check([=] { return !matcher("dd-MM-yyyy", "DD-MM-YYYY").match("05/03/2024"); });
-    QTest::newRow("three separators") << QStringList {
-        badDate} << Check([=] { return !matcher("dd-MM-yyyy", "DD-MM-YYYY").match("05-03-20-4"); });
     QTest::newRow("non-ASCII digits") << QStringList {
         badDate} << Check([=] { return !DateMatcher().match(QString::fromUtf8("٠٥-٠٣-٢٠٢٤")); });
     QTest::newRow("separators at no expected place")
         << QStringList {misplaced}
         << Check([=] { return !matcher("yyyy-MM-dd", "YYYY-MM-DD").match("2-0240305-"); });
-    QTest::newRow("building from an invalid date") << QStringList {} << Check([=] {
-        return DateBuilder::getNumericDate(QDate(), DateBuilder::DayMonthYear, "-").isEmpty()
-            && DateBuilder::getFullDate(QDate(2024, 2, 30), DateBuilder::YearMonthDay, ".")
-                   .isEmpty()
-            && DateBuilder::getMonthAbbreviated(QDate()).isEmpty();
-    });
-    QTest::newRow("building with an unknown field order") << QStringList {} << Check([=] {
-        return DateBuilder::getNumericDate(QDate(2024, 3, 5), DateBuilder::DateFormat(7), "-")
-            .isEmpty();
-    });
 }
 
 void tst_BadInput::dates()
@@ -357,13 +304,8 @@ void tst_BadInput::toothNames_data()
             && ToothNameGenerator::getName(Tooth(-5), QString("UNIV"), true) == "?"
             && ToothNameGenerator::getType(Tooth(40)).isEmpty();
     });
-    QTest::newRow("ranges with an invalid end") << QStringList {} << Check([=] {
-        return ToothNameGenerator::displayName({Tooth(0), Tooth(5)}, "FDI", false, false, true)
-                   .isEmpty()
-            && ToothNameGenerator::displayName({Tooth(5), Tooth(99)}, false, true, true).isEmpty()
-            && ToothNameGenerator::displayName(QList<Tooth> {}, true).isEmpty()
-            && ToothNameGenerator::getName(QList<ToothNameGenerator::ToothRange> {}, false)
-                   .isEmpty();
+    QTest::newRow("range ending beyond the last tooth") << QStringList {} << Check([=] {
+        return ToothNameGenerator::displayName({Tooth(5), Tooth(99)}, false, true, true).isEmpty();
     });
 }
 
@@ -385,27 +327,9 @@ void tst_BadInput::stateTrees_data()
     QTest::newRow("empty text") << QStringList {
         "NodeSerializer : the state tree is not valid JSON: illegal value at "
         "offset 0."} << unread(QByteArray());
-    QTest::newRow("an array")
-        << QStringList {"NodeSerializer : the document does not hold a state tree."}
-        << unread("[1, 2]");
     QTest::newRow("another format")
         << QStringList {"NodeSerializer : the document does not hold a state tree."}
         << unread(R"({"format": "Other", "root": {}})");
-    QTest::newRow("node without type") << QStringList {malformed + "a node has no type id."}
-                                       << unread(document(R"({"versions": {"Node": "1.0"}})"));
-    QTest::newRow("malformed version")
-        << QStringList {malformed + "the versions of \"ViewNode\" are missing or malformed."}
-        << unread(document(R"({"type": "ViewNode", "versions": {"Node": "one"}})"));
-    QTest::newRow("property of the wrong type")
-        << QStringList {malformed
-               + "property \"viewId\" of \"ViewNode\" in \"ViewNode\" has the wrong type."}
-        << unread(document(viewNode(R"(, "properties": {"ViewNode": {"viewId": 5}})")));
-    QTest::newRow("children not an array")
-        << QStringList {malformed + "the children of \"ViewNode\" are not an array."}
-        << unread(document(viewNode(R"(, "children": {"a": 1})")));
-    QTest::newRow("one bad child spoils the tree")
-        << QStringList {malformed + "a node is not a JSON object."}
-        << unread(document(viewNode(R"(, "children": [)" + viewNode("") + R"(, 7])")));
     // Infinity has no JSON form: a tree that took it in could never be written back.
     QTest::newRow("number beyond the range of a float")
         << QStringList {malformed
@@ -427,9 +351,6 @@ void tst_BadInput::stateTrees_data()
         return viewer && viewer->getFarDistance() == std::numeric_limits<float>::max()
             && ui::NodeSerializer::read(ui::NodeSerializer::write(*viewer)) != nullptr;
     });
-    QTest::newRow("nested too deep")
-        << QStringList {malformed + "the tree is nested deeper than 400 levels."}
-        << unread(nested(401));
     QTest::newRow("as deep as allowed") << QStringList {} << Check([] {
         const std::unique_ptr<ui::Node> tree = ui::NodeSerializer::read(nested(400));
         return tree && !tree->isAlteredRecursively();
@@ -447,9 +368,6 @@ void tst_BadInput::stateTrees_data()
         }
         return ui::NodeSerializer::write(*root).isEmpty();
     });
-    const QString missing = directory.filePath("missing.json");
-    QTest::newRow("missing file") << QStringList {"NodeSerializer : cannot read " + missing
-        + "."} << Check([=] { return ui::NodeSerializer::readFile(missing) == nullptr; });
     QTest::newRow("unknown kind is kept") << QStringList {} << Check([] {
         const QByteArray json = document(
             R"({"type": "FutureNode", "versions": {"Node": "1.0", "FutureNode": "3.1"}, )"
@@ -459,22 +377,6 @@ void tst_BadInput::stateTrees_data()
         return tree && tree->getNodes().size() == 1
             && ui::NodeSerializer::write(*tree).contains("\"FutureNode\": \"3.1\"");
     });
-    QTest::newRow("data object without UUID is not replicated") << QStringList {
-        "Empty uuid in DataObjectNode. This should only happen when importing "
-        "older patients."} << Check([] {
-        ui::PatientNode patient;
-        patient.addNode(std::make_unique<ui::DataObjectNode>());
-        const std::unique_ptr<ui::Node> copy = ui::NodeFactory::replicateRecursively(&patient, {});
-        return copy && copy->getNodes().empty();
-    });
-    QTest::newRow("label index out of range")
-        << QStringList {"Measurement2DNode : no label at index 3."} << Check([] {
-               ui::Measurement2DNode node("uuid");
-               node.setLabelRelativePositions({QPointF(1, 2)});
-               node.clearAlteredRecursively();
-               node.setLabelRelativePosition(3, QPointF(5, 5));
-               return !node.isAltered() && node.getLabelRelativePositions().size() == 1;
-           });
 }
 
 void tst_BadInput::stateTrees()
@@ -486,7 +388,6 @@ void tst_BadInput::images_data()
 {
     addColumns();
     const QString invalid = "ImageComparator : invalid input images!";
-    const QString sizes = "ImageComparator : input images not the same size!";
     const QImage white = filled(8, 8, QImage::Format_RGB32, Qt::white);
 
     QTest::newRow("comparing null images")
@@ -494,14 +395,6 @@ void tst_BadInput::images_data()
         << Check([] { return ImageComparator::compareImages(QImage(), QImage(), 0.1f) == -1.0f; });
     QTest::newRow("comparing an image of size 0") << QStringList {invalid} << Check([=] {
         return ImageComparator::compareImages(QImage(0, 0, QImage::Format_ARGB32), white, 0.1f)
-            == -1.0f;
-    });
-    QTest::newRow("comparing with a null image")
-        << QStringList {sizes}
-        << Check([=] { return ImageComparator::compareImages(white, QImage(), 0.1f) == -1.0f; });
-    QTest::newRow("comparing different sizes") << QStringList {sizes} << Check([=] {
-        return ImageComparator::compareImages(
-                   white, filled(8, 9, QImage::Format_RGB32, Qt::white), 0.0f)
             == -1.0f;
     });
     QTest::newRow("comparing odd formats") << QStringList {} << Check([=] {
@@ -601,18 +494,11 @@ void tst_BadInput::nullPointers_data()
         return bookmark.getDependencies().empty() && !bookmark.isAltered()
             && !bookmark.isDependantOn(QString());
     });
-    QTest::newRow("replicating null")
-        << QStringList {}
-        << Check([] { return !ui::NodeFactory::replicateRecursively(nullptr, {}); });
     QTest::newRow("null widget shortcut") << QStringList {} << Check([] {
         ShortcutManager shortcuts;
         return shortcuts.addWidgetShortcut(nullptr, QKeySequence("Ctrl+K")) == nullptr
             && shortcuts.findShortCutFor(nullptr, QKeySequence("Ctrl+K")) == nullptr
             && shortcuts.getShortcuts().empty();
-    });
-    QTest::newRow("null wheel event") << QStringList {} << Check([] {
-        WheelEventHandler wheel;
-        return wheel.handleWheelEvent(nullptr) == 0;
     });
     QTest::newRow("null size pointer") << QStringList {} << Check([] {
         return QrcImageProviderImpl::requestPixmap("no/such.png", nullptr, QSize(4, 4)).isNull();

@@ -144,6 +144,7 @@ void tst_StyleManager::numericGetters_data()
     row("font size empty", "fontSize", "@X", "", 0.0, noProperty);
     row("weight", "fontWeight", "@X", "600", 600.0);
     row("weight not base 10", "fontWeight", "@X", "0x10", 0.0, badProperty.arg("0x10"));
+    row("weight with a unit", "fontWeight", "@X", "400px", 0.0, badProperty.arg("400px"));
     row("bool true", "bool", "@X", "true", 1.0);
     row("bool false", "bool", "@X", "false", 0.0);
     row("bool upper case", "bool", "@X", "TRUE", 0.0, badProperty.arg("TRUE"));
