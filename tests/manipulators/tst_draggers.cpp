@@ -115,8 +115,7 @@ void tst_Draggers::lineConstraint_data()
     row("vertical left edge half offset", Qt::Vertical, true, 10.0f, true, {-150, 0}, {-95, 0});
 
     // Snapping in single precision: 0.1 is not exact, the product is rounded as a float.
-    QTest::newRow("single precision snap") << Qt::Vertical << true << 0.1f << false
-                                           << QPointF(0.35, 0) << QPointF(double(3 * 0.1f), 0);
+    row("single precision snap", Qt::Vertical, true, 0.1f, false, {0.35, 0}, {3 * 0.1f, 0});
 }
 
 void tst_Draggers::lineConstraint()
