@@ -216,6 +216,27 @@ void tst_GraphicsSceneExtra::gestureEndsWithFirstButton()
     release(*scene, QPointF(310, 300), Qt::LeftButton);
     QVERIFY(!scene->isDragging());
     QCOMPARE(finished.count(), 1);
+
+    // A button still held once the gesture's own button is up starts no drag: its release
+    // would not end one.
+    press(*scene, QPointF(300, 300), Qt::LeftButton);
+    press(*scene, QPointF(300, 300), Qt::RightButton, Qt::LeftButton);
+    release(*scene, QPointF(300, 300), Qt::LeftButton, Qt::RightButton);
+    move(*scene, QPointF(320, 300), Qt::RightButton);
+    QVERIFY(!scene->isDragging());
+    release(*scene, QPointF(320, 300), Qt::RightButton);
+    QCOMPARE(finished.count(), 1);
+
+    // A double click stands in for a press: a drag from it ends at its release.
+    press(*scene, QPointF(300, 300), Qt::LeftButton);
+    release(*scene, QPointF(300, 300), Qt::LeftButton);
+    sendMouse(*scene, QEvent::GraphicsSceneMouseDoubleClick, QPointF(300, 300), Qt::LeftButton,
+        Qt::LeftButton);
+    move(*scene, QPointF(330, 300), Qt::LeftButton);
+    QVERIFY(scene->isDragging());
+    release(*scene, QPointF(330, 300), Qt::LeftButton);
+    QVERIFY(!scene->isDragging());
+    QCOMPARE(finished.count(), 2);
 }
 
 void tst_GraphicsSceneExtra::wheelRemainders_data()

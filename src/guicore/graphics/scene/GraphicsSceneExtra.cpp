@@ -344,7 +344,10 @@ void GraphicsSceneExtra::mouseMoveEvent(QGraphicsSceneMouseEvent* event)
     if (eventHandler && eventHandler->handleMouseMoveEvent(event, viewerTag))
         return;
 
-    if (event->buttons() & (Qt::LeftButton | Qt::RightButton)) {
+    // Only a gesture drags: a button still held after the gesture's own button was released
+    // moves without starting a drag that no release would end.
+    if ((event->buttons() & (Qt::LeftButton | Qt::RightButton))
+        && firstPressedButton != Qt::NoButton) {
         if (!dragging) {
             dragging = true;
             if (!interactiveMode) {
@@ -418,6 +421,10 @@ void GraphicsSceneExtra::mouseReleaseEvent(QGraphicsSceneMouseEvent* event)
 void GraphicsSceneExtra::mouseDoubleClickEvent(QGraphicsSceneMouseEvent* event)
 {
     fixScreenPos(event);
+    // A double click stands in for the second press; like a press, it begins a gesture, so that
+    // a drag from it ends at its release.
+    if (firstPressedButton == Qt::NoButton)
+        firstPressedButton = event->button();
     if (eventHandler)
         eventHandler->handleMouseDoubleClickEvent(event, viewerTag);
     Q_EMIT userInteracted();

@@ -53,6 +53,8 @@ public:
     void setViewerTag(const QString& tag);
     const QString& getViewerTag() const { return viewerTag; }
 
+    /// A gesture runs from its first press (or double click) to the release of that button; it
+    /// becomes a drag at its first move with the left or right button held.
     bool isDragging() const { return dragging; }
     bool isPressed() const { return pressed; }
 
