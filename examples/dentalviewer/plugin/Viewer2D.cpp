@@ -188,9 +188,12 @@ bool Viewer2D::eventFilter(QObject* watched, QEvent* event)
     if (m_view && event->type() == QEvent::Wheel
         && (watched == m_view->horizontalScrollBar() || watched == m_view->verticalScrollBar()))
         return true;
-    if (m_view && watched == m_viewport) {
+    const QEvent::Type type = event->type();
+    if (m_view && watched == m_viewport
+        && (type == QEvent::MouseButtonPress || type == QEvent::MouseMove
+            || type == QEvent::MouseButtonRelease)) {
         const auto* mouse = static_cast<QMouseEvent*>(event);
-        switch (event->type()) {
+        switch (type) {
         case QEvent::MouseButtonPress:
             // Panning comes before the scene: a running tool never sees these presses.
             if (!m_panning
