@@ -8,4 +8,7 @@ if(XVFB_RUN)
     set_tests_properties(${name}_xcb PROPERTIES
         ENVIRONMENT "QT_QPA_PLATFORM=xcb;QTEST_FUNCTION_TIMEOUT=120000"
         LABELS opengl)
+    # It runs on an X server like the OpenGL tests, so it takes their sanitizer settings.
+    set_property(TEST ${name}_xcb APPEND PROPERTY ENVIRONMENT
+        ${GUICORE_TEST_SANITIZER_OPENGL_ENVIRONMENT})
 endif()
