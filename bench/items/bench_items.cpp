@@ -3,7 +3,8 @@
 //
 // Two render paths are timed: QGraphicsView::render() into a painter on the image, and the
 // viewport's own paint event rendered into the image (the path an on-screen frame takes). Each
-// result is the median frame time; one BENCH row per comparison, nothing is asserted.
+// result is the median frame time, the frames of the two sides rendered in turn; one BENCH row per
+// comparison, nothing is asserted.
 //
 // The library's items are drawn in the library's scene (GraphicsSceneExtra, which keeps no item
 // index) and the stock items in a stock QGraphicsScene, as each would be used. One more row,
@@ -53,41 +54,50 @@ QString measurement(int i)
     return QStringLiteral("%1.%2 mm").arg(i % 97).arg(i % 10);
 }
 
-/// Median nanoseconds per frame of rendering the scene through a zoomed view into an image.
-double frameTime(QGraphicsScene& scene, RenderPath path, int frames)
+/// A populated scene shown in a zoomed view, and the image its frames are rendered into.
+class Frame
 {
-    QGraphicsView view(&scene);
-    view.setFrameShape(QFrame::NoFrame);
-    view.setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-    view.setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-    view.setRenderHint(QPainter::Antialiasing, true);
-    view.resize(viewSize, viewSize);
-    view.setTransform(QTransform::fromScale(zoom, zoom));
-    view.setSceneRect(0, 0, viewSize / zoom, viewSize / zoom);
+public:
+    Frame(SceneKind kind, const Populate& populate)
+        : scene(kind == SceneKind::Library ? std::make_unique<GraphicsSceneExtra>()
+                                           : std::make_unique<QGraphicsScene>())
+        , image(viewSize, viewSize, QImage::Format_ARGB32_Premultiplied)
+    {
+        QRandomGenerator random(42); // the same positions for both kinds of item
+        populate(*scene, random);
+        view = std::make_unique<QGraphicsView>(scene.get());
+        view->setFrameShape(QFrame::NoFrame);
+        view->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+        view->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+        view->setRenderHint(QPainter::Antialiasing, true);
+        view->resize(viewSize, viewSize);
+        view->setTransform(QTransform::fromScale(zoom, zoom));
+        view->setSceneRect(0, 0, viewSize / zoom, viewSize / zoom);
+    }
 
-    QImage image(viewSize, viewSize, QImage::Format_ARGB32_Premultiplied);
-    // The warm-up frame also lets zoom-agnostic items settle their geometry.
-    return bench::medianNanoseconds(
-        [&] {
-            image.fill(Qt::black);
-            if (path == RenderPath::ViewportPaint) {
-                view.viewport()->render(&image);
-            } else {
-                QPainter painter(&image);
-                view.render(&painter, QRectF(image.rect()), view.viewport()->rect());
-            }
-        },
-        frames);
-}
+    /// One frame. The warm-up frame also lets zoom-agnostic items settle their geometry.
+    void render(RenderPath path)
+    {
+        image.fill(Qt::black);
+        if (path == RenderPath::ViewportPaint) {
+            view->viewport()->render(&image);
+        } else {
+            QPainter painter(&image);
+            view->render(&painter, QRectF(image.rect()), view->viewport()->rect());
+        }
+    }
 
-double measure(SceneKind kind, const Populate& populate, RenderPath path, int frames)
+private:
+    std::unique_ptr<QGraphicsScene> scene;
+    std::unique_ptr<QGraphicsView> view;
+    QImage image;
+};
+
+/// Median nanoseconds per frame of the two, rendered in turn.
+std::pair<double, double> frameTimes(Frame& ours, Frame& stock, RenderPath path, int frames)
 {
-    const std::unique_ptr<QGraphicsScene> scene = kind == SceneKind::Library
-        ? std::make_unique<GraphicsSceneExtra>()
-        : std::make_unique<QGraphicsScene>();
-    QRandomGenerator random(42); // the same positions for both kinds of item
-    populate(*scene, random);
-    return frameTime(*scene, path, frames);
+    return bench::pairedMedianNanoseconds(
+        [&] { ours.render(path); }, [&] { stock.render(path); }, frames);
 }
 
 void labels(QGraphicsScene& scene, QRandomGenerator& random)
@@ -137,10 +147,11 @@ void stockEllipses(QGraphicsScene& scene, QRandomGenerator& random)
 void compare(const QString& name, const Populate& ours, const QString& stockName,
     const Populate& stock, double goal, int frames)
 {
+    Frame oursFrame(SceneKind::Library, ours);
+    Frame stockFrame(SceneKind::Stock, stock);
     for (RenderPath path : {RenderPath::ViewRender, RenderPath::ViewportPaint}) {
         const bool viewRender = path == RenderPath::ViewRender;
-        const double oursNs = measure(SceneKind::Library, ours, path, frames);
-        const double stockNs = measure(SceneKind::Stock, stock, path, frames);
+        const auto [oursNs, stockNs] = frameTimes(oursFrame, stockFrame, path, frames);
         bench::report(
             QStringLiteral("items.%1.%2").arg(name, viewRender ? "view_render" : "viewport_paint"),
             oursNs, stockNs, goal,
@@ -164,9 +175,12 @@ int main(int argc, char** argv)
 
     compare(QStringLiteral("labels"), labels, QStringLiteral("QGraphicsSimpleTextItems"),
         stockTexts, 3.0, frames);
-    bench::report(QStringLiteral("items.labels.view_render.bsp_index"),
-        measure(SceneKind::Stock, labels, RenderPath::ViewRender, frames),
-        measure(SceneKind::Stock, stockTexts, RenderPath::ViewRender, frames), 0.0,
+    Frame labelsInStockScene(SceneKind::Stock, labels);
+    Frame stockTextFrame(SceneKind::Stock, stockTexts);
+    const auto [bspLabelsNs, bspTextsNs]
+        = frameTimes(labelsInStockScene, stockTextFrame, RenderPath::ViewRender, frames);
+    bench::report(QStringLiteral("items.labels.view_render.bsp_index"), bspLabelsNs, bspTextsNs,
+        0.0,
         QStringLiteral("labels and QGraphicsSimpleTextItems both in a stock scene with the BSP "
                        "index, QGraphicsView::render frame"));
     compare(QStringLiteral("ellipses"), ellipses, QStringLiteral("QGraphicsEllipseItems"),

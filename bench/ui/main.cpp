@@ -34,6 +34,7 @@
 #include <cstdio>
 #include <numeric>
 #include <random>
+#include <tuple>
 
 namespace {
 
@@ -197,12 +198,6 @@ Timings measure(int count, Shape shape)
     check(ordered->isEqual(*shuffled), "shuffled tree differs");
     const int runs = count >= 10000 ? 5 : 9;
 
-    bool equal = false;
-    // A comparison takes milliseconds: more runs keep one disturbed run from setting the median.
-    timings.compare
-        = bench::medianNanoseconds([&] { equal = ordered->isEqual(*shuffled); }, 5 * runs);
-    check(equal, "comparison failed");
-
     const auto list = conversions();
     std::unique_ptr<ui::Node> replica;
     timings.replicate = bench::medianNanoseconds(
@@ -229,10 +224,26 @@ Timings measure(int count, Shape shape)
     return timings;
 }
 
+/// Median comparison times of shuffled trees of 1,000 and of 10,000 nodes, timed in turn.
+std::pair<double, double> compareTimes(Shape shape)
+{
+    const std::unique_ptr<ui::Node> small = buildTree(1000, shape);
+    const std::unique_ptr<ui::Node> smallShuffled = buildTree(1000, shape, 20261121u);
+    const std::unique_ptr<ui::Node> large = buildTree(10000, shape);
+    const std::unique_ptr<ui::Node> largeShuffled = buildTree(10000, shape, 20261121u);
+    bool equal = true;
+    const auto times
+        = bench::pairedMedianNanoseconds([&] { equal = small->isEqual(*smallShuffled) && equal; },
+            [&] { equal = large->isEqual(*largeShuffled) && equal; }, 25);
+    check(equal, "comparison failed");
+    return times;
+}
+
 void reportShape(const QString& shapeName, Shape shape)
 {
-    const Timings small = measure(1000, shape);
-    const Timings large = measure(10000, shape);
+    Timings small = measure(1000, shape);
+    Timings large = measure(10000, shape);
+    std::tie(small.compare, large.compare) = compareTimes(shape);
     const QString prefix = QStringLiteral("ui ") + shapeName + QLatin1Char(' ');
     const QString growth = QStringLiteral("same operation on 1,000 nodes");
     bench::report(prefix + "isEqual shuffled 10k/1k", large.compare, small.compare, 15.0, growth);
