@@ -287,17 +287,17 @@ void checkDump(const QString& fileName, const QStringList& args)
                 .arg(position));
     }
 
-    // The numbering on screen, and as the tooth chart's layout tile in the state tree.
+    // The numbering on screen, and as the tooth chart's numbering node in the state tree.
     const QString notation = option(args, QStringLiteral("--notation"));
     if (!notation.isEmpty()) {
         expect(dump.value(QStringLiteral("notation")).toString() == notation,
             QStringLiteral("notation %1 on screen").arg(notation));
-        QList<QJsonObject> tiles;
-        collectNodes(
-            viewNode(root, QStringLiteral("Tooth chart")), QStringLiteral("LayoutTileNode"), tiles);
-        expect(tiles.size() == 1
-                && properties(tiles.first(), QStringLiteral("LayoutTileNode"))
-                        .value(QStringLiteral("layoutTileId"))
+        QList<QJsonObject> numberings;
+        collectNodes(viewNode(root, QStringLiteral("Tooth chart")),
+            QStringLiteral("ToothNumberingNode"), numberings);
+        expect(numberings.size() == 1
+                && properties(numberings.first(), QStringLiteral("ToothNumberingNode"))
+                        .value(QStringLiteral("notation"))
                         .toString()
                     == notation,
             QStringLiteral("the tooth chart's node records notation %1").arg(notation));

@@ -3,6 +3,7 @@
 #include "DentalViews.h"
 #include "DentalWorkspace.h"
 #include "MeasurementHandlers.h"
+#include "ToothNumberingNode.h"
 #include "Viewer2D.h"
 
 #include <guicore/action/ActionGroup.h>
@@ -16,6 +17,7 @@
 #include <guicore/solution/SolutionBuilderHelper.h>
 #include <guicore/solution/SolutionManager.h>
 #include <guicore/solution/SolutionStep.h>
+#include <guicore/ui/NodeFactory.h>
 #include <guicore/utility/image/QImageHelper.h>
 
 #include <settings/SettingsManager.h>
@@ -33,6 +35,8 @@
 #include <QSpinBox>
 #include <QStandardPaths>
 #include <QWidget>
+
+#include <utility>
 
 namespace {
 
@@ -87,6 +91,8 @@ void DentalSolutionPlugin::initialize()
         return true;
     }();
     Q_UNUSED(registered);
+    // Before the host reads the saved state, which holds the chart's numbering.
+    m_numberingKindRegistered = ui::NodeFactory::registerNodeKind<ToothNumberingNode>();
     m_workspace = std::make_unique<DentalWorkspace>();
 }
 
@@ -195,6 +201,9 @@ void DentalSolutionPlugin::close()
     m_handlers.clear();
     m_step.reset();
     m_workspace.reset();
+    // The factory must not call into this library once it is unloaded.
+    if (std::exchange(m_numberingKindRegistered, false))
+        ui::NodeFactory::unregisterNodeKind(ToothNumberingNode::getClassTypeId());
 }
 
 void DentalSolutionPlugin::setDialogParent(QWidget* parent)

@@ -48,6 +48,7 @@ private:
     void showPreferences();
 
     std::unique_ptr<DentalWorkspace> m_workspace;
+    bool m_numberingKindRegistered = false;
     std::unique_ptr<SolutionStep> m_step;
     std::vector<std::unique_ptr<QObject>> m_handlers;
     QPointer<QWidget> m_dialogParent;

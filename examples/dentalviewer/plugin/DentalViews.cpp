@@ -3,6 +3,7 @@
 #include "DentalWorkspace.h"
 #include "SyntheticImages.h"
 #include "ToothChartBridge.h"
+#include "ToothNumberingNode.h"
 #include "Viewer2D.h"
 
 #include <guicore/graphics/items/CustomGraphicsItem.h>
@@ -15,7 +16,6 @@
 #include <guicore/graphics/scene/QuickGraphicsSceneItem.h>
 #include <guicore/style/StyleManager.h>
 #include <guicore/ui/CrossSectionalResliceViewerNode.h>
-#include <guicore/ui/LayoutTileNode.h>
 #include <guicore/ui/Measurement2DNode.h>
 #include <guicore/ui/ViewNode.h>
 #include <guicore/ui/Viewer2DNode.h>
@@ -543,8 +543,8 @@ std::unique_ptr<ui::Node> ToothChartNodeInteractor::generate()
     std::unique_ptr<ui::Node> node = ui::ViewNodeInteractor::generate();
     if (!node)
         return node;
-    auto numbering = std::make_unique<ui::LayoutTileNode>();
-    numbering->setLayoutTileId(m_view.workspace().notation());
+    auto numbering = std::make_unique<ToothNumberingNode>();
+    numbering->setNotation(m_view.workspace().notation());
     node->addNode(std::move(numbering));
     return node;
 }
@@ -555,7 +555,7 @@ void ToothChartNodeInteractor::apply(ui::Node* node)
         return;
     for (ui::Node* child : node->getNodes()) {
         // The workspace refuses, with a warning, a numbering it does not know.
-        if (auto* numbering = dynamic_cast<ui::LayoutTileNode*>(child))
-            m_view.workspace().setNotation(numbering->getLayoutTileId());
+        if (auto* numbering = dynamic_cast<ToothNumberingNode*>(child))
+            m_view.workspace().setNotation(numbering->getNotation());
     }
 }

@@ -171,10 +171,8 @@ private:
     int m_hovered = -1;
 };
 
-// Records the chart's numbering and applies it back. The chart is a layout of tooth tiles, and the
-// numbering is what names its tiles, so it is kept as the identifier of a layout tile node under
-// the chart's view node: a kind every reader of the tree knows, where an application-defined kind
-// would come back as a placeholder.
+// Records the chart's numbering as a ToothNumberingNode under the chart's view node, and applies it
+// back.
 class ToothChartNodeInteractor : public ui::ViewNodeInteractor
 {
 public:

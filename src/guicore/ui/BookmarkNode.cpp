@@ -1,16 +1,14 @@
 #include <guicore/ui/BookmarkNode.h>
 
-#include "NodeProperty_p.h"
+#include "NodeEquality_p.h"
 #include "NodeSerializer_p.h"
 
 #include <algorithm>
 
 namespace ui {
 
-namespace detail {
-
-/// Dependencies are owned nodes: copied by cloning, compared as a multiset, stored as nodes.
-template <> struct PropertyTraits<BookmarkNode::Dependencies>
+/// Dependencies are owned nodes: compared as a multiset, stored as nodes.
+template <> struct NodePropertyTraits<BookmarkNode::Dependencies>
 {
     using Dependencies = BookmarkNode::Dependencies;
     static std::vector<const Node*> view(const Dependencies& dependencies)
@@ -22,24 +20,13 @@ template <> struct PropertyTraits<BookmarkNode::Dependencies>
     }
     static bool equal(const Dependencies& a, const Dependencies& b)
     {
-        return equalAsMultisets(view(a), view(b));
-    }
-    static void copy(Dependencies& target, const Dependencies& source)
-    {
-        target.clear();
-        for (const std::unique_ptr<DataObjectNode>& dependency : source) {
-            std::unique_ptr<Node> copy = dependency->clone();
-            if (auto* dataObject = dynamic_cast<DataObjectNode*>(copy.get())) {
-                copy.release();
-                target.emplace_back(dataObject);
-            }
-        }
+        return detail::equalAsMultisets(view(a), view(b));
     }
     static QJsonValue toJson(const Dependencies& dependencies)
     {
         QJsonArray array;
         for (const std::unique_ptr<DataObjectNode>& dependency : dependencies)
-            array.append(writeNodeObject(*dependency));
+            array.append(detail::writeNodeObject(*dependency));
         return array;
     }
     static bool fromJson(const QJsonValue& json, Dependencies& out)
@@ -48,7 +35,7 @@ template <> struct PropertyTraits<BookmarkNode::Dependencies>
             return false;
         Dependencies dependencies;
         for (const QJsonValue& item : json.toArray()) {
-            std::unique_ptr<Node> node = readNodeObject(item);
+            std::unique_ptr<Node> node = detail::readNodeObject(item);
             auto* dataObject = dynamic_cast<DataObjectNode*>(node.get());
             if (!dataObject)
                 return false;
@@ -60,76 +47,28 @@ template <> struct PropertyTraits<BookmarkNode::Dependencies>
     }
 };
 
-} // namespace detail
-
-static QVersionNumber formatVersion()
-{
-    return QVersionNumber(1, 0);
-}
-
-BookmarkNode::BookmarkNode()
-{
-    UI_NODE_INIT(getClassTypeId(), formatVersion());
-}
-
 BookmarkNode::BookmarkNode(const BookmarkNode& other)
-    : Node(other)
+    : NodeKind(other)
+    , m_associatedDataObjectUUID(other.m_associatedDataObjectUUID)
 {
-    UI_NODE_INIT(getClassTypeId(), formatVersion());
-    detail::copyProperties(ownProperties(), *this, other);
+    for (const std::unique_ptr<DataObjectNode>& dependency : other.m_dependencies) {
+        std::unique_ptr<Node> copy = dependency->clone();
+        if (auto* dataObject = dynamic_cast<DataObjectNode*>(copy.get())) {
+            copy.release();
+            m_dependencies.emplace_back(dataObject);
+        }
+    }
 }
 
-BookmarkNode::~BookmarkNode() = default;
-
-QString BookmarkNode::getClassTypeId()
+const NodePropertyTable& BookmarkNode::properties()
 {
-    return QStringLiteral("BookmarkNode");
-}
-
-QString BookmarkNode::getTypeId() const
-{
-    return getClassTypeId();
-}
-
-std::unique_ptr<Node> BookmarkNode::clone() const
-{
-    return std::make_unique<BookmarkNode>(*this);
-}
-
-bool BookmarkNode::isEqual(const Node& other) const
-{
-    const auto* same = dynamic_cast<const BookmarkNode*>(&other);
-    return same && *this == *same;
-}
-
-bool BookmarkNode::operator==(const BookmarkNode& other) const
-{
-    return Node::operator==(other) && detail::propertiesEqual(ownProperties(), *this, other);
-}
-
-const detail::NodePropertyTable& BookmarkNode::ownProperties()
-{
-    // The single list of this level's properties: copy, comparison and persistence walk it.
-    static const detail::NodePropertyTable table {getClassTypeId(),
+    static const NodePropertyTable table {getClassTypeId(), QVersionNumber(1, 0),
         {
-            detail::makeProperty(
+            NodePropertyTable::property(
                 "associatedDataObjectUUID", &BookmarkNode::m_associatedDataObjectUUID),
-            detail::makeProperty("dependencies", &BookmarkNode::m_dependencies),
+            NodePropertyTable::property("dependencies", &BookmarkNode::m_dependencies),
         }};
     return table;
-}
-
-void BookmarkNode::collectPropertyTables(
-    std::vector<const detail::NodePropertyTable*>& tables) const
-{
-    Node::collectPropertyTables(tables);
-    tables.push_back(&ownProperties());
-}
-
-void BookmarkNode::setAssociatedDataObjectUUID(const QString& associatedDataObjectUUID)
-{
-    if (detail::assignIfChanged(m_associatedDataObjectUUID, associatedDataObjectUUID))
-        setAltered();
 }
 
 void BookmarkNode::addDependency(std::unique_ptr<DataObjectNode>&& dependency)

@@ -2,6 +2,7 @@
 
 #include <guicore/guicore_export.h>
 #include <guicore/ui/DataObjectNode.h>
+#include <guicore/ui/NodeKind.h>
 
 #include <QString>
 
@@ -12,7 +13,7 @@ namespace ui {
 
 /// A bookmarked state. It owns the data-object nodes it depends on, so that the bookmark can
 /// tell whether it still applies when data objects go away.
-class GUICORE_EXPORT BookmarkNode : public Node
+class GUICORE_EXPORT BookmarkNode : public NodeKind<BookmarkNode, Node>
 {
 public:
     using Dependencies = std::vector<std::unique_ptr<DataObjectNode>>;
@@ -24,30 +25,20 @@ public:
     bool isDependantOn(const QString& dataObjectUUID) const;
     bool isAssociatedWith(const QString& dataObjectUUID) const;
 
-    BookmarkNode();
-    /// Copies the properties of every class level; the children are not copied.
+    BookmarkNode() = default;
+    /// Copies the associated UUID and clones the dependencies; the children are not copied.
     BookmarkNode(const BookmarkNode& other);
-    BookmarkNode& operator=(const BookmarkNode&) = delete;
-    ~BookmarkNode() override;
 
-    static QString getClassTypeId();
-    QString getTypeId() const override;
-    /// A copy without children; ownership passes to the caller.
-    std::unique_ptr<Node> clone() const override;
-    bool isEqual(const Node& other) const override;
+    static QString getClassTypeId() { return QStringLiteral("BookmarkNode"); }
+    static const NodePropertyTable& properties();
 
     const QString& getAssociatedDataObjectUUID() const { return m_associatedDataObjectUUID; }
-    void setAssociatedDataObjectUUID(const QString& associatedDataObjectUUID);
-
-    void collectPropertyTables(
-        std::vector<const detail::NodePropertyTable*>& tables) const override;
-
-protected:
-    bool operator==(const BookmarkNode& other) const;
+    void setAssociatedDataObjectUUID(const QString& associatedDataObjectUUID)
+    {
+        assign(m_associatedDataObjectUUID, associatedDataObjectUUID);
+    }
 
 private:
-    static const detail::NodePropertyTable& ownProperties();
-
     QString m_associatedDataObjectUUID;
     Dependencies m_dependencies;
 };

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <guicore/guicore_export.h>
+#include <guicore/ui/NodeKind.h>
 #include <guicore/ui/Viewer2DNode.h>
 
 #include <cstddef>
@@ -8,37 +9,21 @@
 namespace ui {
 
 /// A viewer of cross-sections: how many slices, how far apart, and which one is shown.
-class GUICORE_EXPORT CrossSectionalResliceViewerNode : public Viewer2DNode
+class GUICORE_EXPORT CrossSectionalResliceViewerNode
+    : public NodeKind<CrossSectionalResliceViewerNode, Viewer2DNode>
 {
 public:
-    CrossSectionalResliceViewerNode();
-    /// Copies the properties of every class level; the children are not copied.
-    CrossSectionalResliceViewerNode(const CrossSectionalResliceViewerNode& other);
-    CrossSectionalResliceViewerNode& operator=(const CrossSectionalResliceViewerNode&) = delete;
-    ~CrossSectionalResliceViewerNode() override;
-
-    static QString getClassTypeId();
-    QString getTypeId() const override;
-    /// A copy without children; ownership passes to the caller.
-    std::unique_ptr<Node> clone() const override;
-    bool isEqual(const Node& other) const override;
+    static QString getClassTypeId() { return QStringLiteral("CrossSectionalResliceViewerNode"); }
+    static const NodePropertyTable& properties();
 
     size_t getNumberOfSlices() const { return m_numberOfSlices; }
-    void setNumberOfSlices(size_t numberOfSlices);
+    void setNumberOfSlices(size_t numberOfSlices) { assign(m_numberOfSlices, numberOfSlices); }
     float getSliceSpacing() const { return m_sliceSpacing; }
-    void setSliceSpacing(float sliceSpacing);
+    void setSliceSpacing(float sliceSpacing) { assign(m_sliceSpacing, sliceSpacing); }
     int getSliderIndex() const { return m_sliderIndex; }
-    void setSliderIndex(int sliderIndex);
-
-    void collectPropertyTables(
-        std::vector<const detail::NodePropertyTable*>& tables) const override;
-
-protected:
-    bool operator==(const CrossSectionalResliceViewerNode& other) const;
+    void setSliderIndex(int sliderIndex) { assign(m_sliderIndex, sliderIndex); }
 
 private:
-    static const detail::NodePropertyTable& ownProperties();
-
     size_t m_numberOfSlices = 1;
     float m_sliceSpacing = 1.0f;
     int m_sliderIndex = 0;

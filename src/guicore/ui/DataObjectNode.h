@@ -1,40 +1,31 @@
 #pragma once
 
 #include <guicore/guicore_export.h>
-#include <guicore/ui/Node.h>
+#include <guicore/ui/NodeKind.h>
 
 #include <QString>
 
 namespace ui {
 
 /// A node that refers to one data object of the patient by its UUID.
-class GUICORE_EXPORT DataObjectNode : public Node
+class GUICORE_EXPORT DataObjectNode : public NodeKind<DataObjectNode, Node>
 {
 public:
-    explicit DataObjectNode(const QString& dataObjectUUID = QString());
-    /// Copies the properties of every class level; the children are not copied.
-    DataObjectNode(const DataObjectNode& other);
-    DataObjectNode& operator=(const DataObjectNode&) = delete;
-    ~DataObjectNode() override;
+    explicit DataObjectNode(const QString& dataObjectUUID = QString())
+        : m_dataObjectUUID(dataObjectUUID)
+    {
+    }
 
-    static QString getClassTypeId();
-    QString getTypeId() const override;
-    /// A copy without children; ownership passes to the caller.
-    std::unique_ptr<Node> clone() const override;
-    bool isEqual(const Node& other) const override;
+    static QString getClassTypeId() { return QStringLiteral("DataObjectNode"); }
+    static const NodePropertyTable& properties();
 
     const QString& getDataObjectUUID() const { return m_dataObjectUUID; }
-    void setDataObjectUUID(const QString& dataObjectUUID);
-
-    void collectPropertyTables(
-        std::vector<const detail::NodePropertyTable*>& tables) const override;
-
-protected:
-    bool operator==(const DataObjectNode& other) const;
+    void setDataObjectUUID(const QString& dataObjectUUID)
+    {
+        assign(m_dataObjectUUID, dataObjectUUID);
+    }
 
 private:
-    static const detail::NodePropertyTable& ownProperties();
-
     QString m_dataObjectUUID;
 };
 

@@ -2,6 +2,7 @@
 
 #include <guicore/guicore_export.h>
 #include <guicore/ui/DataObjectNode.h>
+#include <guicore/ui/NodeKind.h>
 
 #include <QString>
 
@@ -11,7 +12,8 @@ namespace ui {
 
 /// How a comparison of two dental scans is shown: transparency and mode of the comparison scan, and
 /// how the reference scan looks.
-class GUICORE_EXPORT DentalScanComparisonOptionsNode : public DataObjectNode
+class GUICORE_EXPORT DentalScanComparisonOptionsNode
+    : public NodeKind<DentalScanComparisonOptionsNode, DataObjectNode>
 {
 public:
     /// How the reference scan is drawn; compared and assigned as a whole.
@@ -30,39 +32,33 @@ public:
         bool operator!=(const ScanSetupVisualState& other) const { return !(*this == other); }
     };
 
-    explicit DentalScanComparisonOptionsNode(const QString& dataObjectUUID = QString());
-    /// Copies the properties of every class level; the children are not copied.
-    DentalScanComparisonOptionsNode(const DentalScanComparisonOptionsNode& other);
-    DentalScanComparisonOptionsNode& operator=(const DentalScanComparisonOptionsNode&) = delete;
-    ~DentalScanComparisonOptionsNode() override;
+    explicit DentalScanComparisonOptionsNode(const QString& dataObjectUUID = QString())
+        : NodeKind(dataObjectUUID)
+    {
+    }
 
-    static QString getClassTypeId();
-    QString getTypeId() const override;
-    /// A copy without children; ownership passes to the caller.
-    std::unique_ptr<Node> clone() const override;
-    bool isEqual(const Node& other) const override;
+    static QString getClassTypeId() { return QStringLiteral("DentalScanComparisonOptionsNode"); }
+    static const NodePropertyTable& properties();
 
     int getComparisonScanTransparency() const { return m_comparisonScanTransparency; }
-    void setComparisonScanTransparency(int comparisonScanTransparency);
+    void setComparisonScanTransparency(int comparisonScanTransparency)
+    {
+        assign(m_comparisonScanTransparency, comparisonScanTransparency);
+    }
     const QString& getVisualizationMode() const { return m_visualizationMode; }
-    void setVisualizationMode(const QString& visualizationMode);
+    void setVisualizationMode(const QString& visualizationMode)
+    {
+        assign(m_visualizationMode, visualizationMode);
+    }
     const ScanSetupVisualState& getReferenceScanVisualState() const
     {
         return m_referenceScanVisualState;
     }
-    void setReferenceScanVisualState(const ScanSetupVisualState& referenceScanVisualState);
+    void setReferenceScanVisualState(const ScanSetupVisualState& state);
     bool isShown() const { return m_shown; }
-    void setShown(bool shown);
-
-    void collectPropertyTables(
-        std::vector<const detail::NodePropertyTable*>& tables) const override;
-
-protected:
-    bool operator==(const DentalScanComparisonOptionsNode& other) const;
+    void setShown(bool shown) { assign(m_shown, shown); }
 
 private:
-    static const detail::NodePropertyTable& ownProperties();
-
     int m_comparisonScanTransparency = 0;
     QString m_visualizationMode;
     ScanSetupVisualState m_referenceScanVisualState;

@@ -1,44 +1,34 @@
 #pragma once
 
 #include <guicore/guicore_export.h>
-#include <guicore/ui/Node.h>
+#include <guicore/ui/NodeKind.h>
 
 namespace ui {
 
 /// Which parts of the implants are drawn.
-class GUICORE_EXPORT ImplantVisualizationOptionsNode : public Node
+class GUICORE_EXPORT ImplantVisualizationOptionsNode
+    : public NodeKind<ImplantVisualizationOptionsNode, Node>
 {
 public:
-    ImplantVisualizationOptionsNode();
-    /// Copies the properties of every class level; the children are not copied.
-    ImplantVisualizationOptionsNode(const ImplantVisualizationOptionsNode& other);
-    ImplantVisualizationOptionsNode& operator=(const ImplantVisualizationOptionsNode&) = delete;
-    ~ImplantVisualizationOptionsNode() override;
-
-    static QString getClassTypeId();
-    QString getTypeId() const override;
-    /// A copy without children; ownership passes to the caller.
-    std::unique_ptr<Node> clone() const override;
-    bool isEqual(const Node& other) const override;
+    static QString getClassTypeId() { return QStringLiteral("ImplantVisualizationOptionsNode"); }
+    static const NodePropertyTable& properties();
 
     bool isAxisVisible() const { return m_axisVisible; }
-    void setAxisVisible(bool axisVisible);
+    void setAxisVisible(bool axisVisible) { assign(m_axisVisible, axisVisible); }
     bool isSafetyZoneVisible() const { return m_safetyZoneVisible; }
-    void setSafetyZoneVisible(bool safetyZoneVisible);
+    void setSafetyZoneVisible(bool safetyZoneVisible)
+    {
+        assign(m_safetyZoneVisible, safetyZoneVisible);
+    }
     bool isSleeveVisible() const { return m_sleeveVisible; }
-    void setSleeveVisible(bool sleeveVisible);
+    void setSleeveVisible(bool sleeveVisible) { assign(m_sleeveVisible, sleeveVisible); }
     bool areAnchorPinsVisible() const { return m_anchorPinsVisible; }
-    void setAnchorPinsVisible(bool anchorPinsVisible);
-
-    void collectPropertyTables(
-        std::vector<const detail::NodePropertyTable*>& tables) const override;
-
-protected:
-    bool operator==(const ImplantVisualizationOptionsNode& other) const;
+    void setAnchorPinsVisible(bool anchorPinsVisible)
+    {
+        assign(m_anchorPinsVisible, anchorPinsVisible);
+    }
 
 private:
-    static const detail::NodePropertyTable& ownProperties();
-
     bool m_axisVisible = true;
     bool m_safetyZoneVisible = true;
     bool m_sleeveVisible = true;

@@ -1,40 +1,23 @@
 #pragma once
 
 #include <guicore/guicore_export.h>
-#include <guicore/ui/Node.h>
+#include <guicore/ui/NodeKind.h>
 
 #include <QString>
 
 namespace ui {
 
 /// A tile of a layout, by its identifier.
-class GUICORE_EXPORT LayoutTileNode : public Node
+class GUICORE_EXPORT LayoutTileNode : public NodeKind<LayoutTileNode, Node>
 {
 public:
-    LayoutTileNode();
-    /// Copies the properties of every class level; the children are not copied.
-    LayoutTileNode(const LayoutTileNode& other);
-    LayoutTileNode& operator=(const LayoutTileNode&) = delete;
-    ~LayoutTileNode() override;
-
-    static QString getClassTypeId();
-    QString getTypeId() const override;
-    /// A copy without children; ownership passes to the caller.
-    std::unique_ptr<Node> clone() const override;
-    bool isEqual(const Node& other) const override;
+    static QString getClassTypeId() { return QStringLiteral("LayoutTileNode"); }
+    static const NodePropertyTable& properties();
 
     const QString& getLayoutTileId() const { return m_layoutTileId; }
-    void setLayoutTileId(const QString& layoutTileId);
-
-    void collectPropertyTables(
-        std::vector<const detail::NodePropertyTable*>& tables) const override;
-
-protected:
-    bool operator==(const LayoutTileNode& other) const;
+    void setLayoutTileId(const QString& layoutTileId) { assign(m_layoutTileId, layoutTileId); }
 
 private:
-    static const detail::NodePropertyTable& ownProperties();
-
     QString m_layoutTileId;
 };
 

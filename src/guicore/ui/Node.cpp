@@ -1,6 +1,8 @@
 #include <guicore/ui/Node.h>
 
-#include "NodeProperty_p.h"
+#include "NodeEquality_p.h"
+
+#include <guicore/ui/NodePropertyTable.h>
 
 #include <objectmodel/ModificationLock.h>
 
@@ -147,7 +149,7 @@ void Node::setLoadingVersions(const QMap<QString, QVersionNumber>& versions)
     m_loadingVersions = versions;
 }
 
-void Node::collectPropertyTables(std::vector<const detail::NodePropertyTable*>&) const { }
+void Node::collectPropertyTables(std::vector<const NodePropertyTable*>&) const { }
 
 bool Node::operator==(const Node& other) const
 {
@@ -211,7 +213,7 @@ NodeKeys nodeKeys(const Node* node, std::vector<const NodePropertyTable*>& table
     size_t identity = 0;
     bool tolerant = false;
     for (const NodePropertyTable* table : tables) {
-        for (const NodeProperty& property : table->properties) {
+        for (const NodePropertyTable::Property& property : table->properties) {
             if (property.tolerant) {
                 tolerant = true;
                 identity = identity * 31 + property.hash(*node);

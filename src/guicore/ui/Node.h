@@ -13,9 +13,7 @@
 
 namespace ui {
 
-namespace detail {
 class NodePropertyTable;
-}
 
 /// A node of the user-interface state tree: which viewers are shown, how they are laid out and
 /// what they show. A node owns its children, carries the format version of every class level
@@ -59,10 +57,10 @@ public:
     const QMap<QString, QVersionNumber>& getLoadingVersions() const { return m_loadingVersions; }
     void setLoadingVersions(const QMap<QString, QVersionNumber>& versions);
 
-    /// Appends the property table of every class level, root first. The tables are the single
-    /// list of a class's properties that copy, comparison and persistence all walk; the pointers
-    /// refer to static tables.
-    virtual void collectPropertyTables(std::vector<const detail::NodePropertyTable*>& tables) const;
+    /// Appends the property table of every class level below Node, root first. The tables are
+    /// the single list of a class's properties that comparison and persistence walk; the
+    /// pointers refer to static tables. NodeKind implements it for every kind.
+    virtual void collectPropertyTables(std::vector<const NodePropertyTable*>& tables) const;
 
 protected:
     Node();

@@ -32,7 +32,10 @@
 
 #include <objectmodel/ModificationLock.h>
 
-#include <QtDebug>
+#include <guicore/Logging_p.h>
+
+#include <QHash>
+#include <QReadWriteLock>
 
 #include <algorithm>
 
@@ -40,58 +43,65 @@ namespace ui {
 
 namespace {
 
-using Maker = std::unique_ptr<Node> (*)();
-
-template <typename Kind> std::unique_ptr<Node> make()
+template <typename Kind> std::pair<QString, NodeFactory::Creator> builtIn()
 {
-    return std::make_unique<Kind>();
+    return {Kind::getClassTypeId(), [] { return std::unique_ptr<Node>(new Kind()); }};
 }
 
-struct KindEntry
+/// The kinds of this library; fixed, so read without a lock.
+const QHash<QString, NodeFactory::Creator>& builtInKinds()
 {
-    QString typeId;
-    Maker maker;
-};
-
-template <typename Kind> KindEntry entry()
-{
-    return {Kind::getClassTypeId(), &make<Kind>};
-}
-
-// Looked up in this order; "Node" gives the placeholder, as does any id not listed.
-const std::vector<KindEntry>& kindsInLookupOrder()
-{
-    static const std::vector<KindEntry> kinds {
-        entry<PatientNode>(),
-        entry<DiagnosisNode>(),
-        entry<ViewNode>(),
-        entry<ViewerNode>(),
-        entry<Viewer2DNode>(),
-        entry<Viewer3DNode>(),
-        entry<ResliceViewerNode>(),
-        entry<RootCanalViewer2DNode>(),
-        entry<PanoramicResliceViewerNode>(),
-        entry<CrossSectionalResliceViewerNode>(),
-        entry<ImageViewerNode>(),
-        entry<Measurement2DNode>(),
-        entry<BookmarkNode>(),
-        entry<SplitterNode>(),
-        entry<Clipping3DNode>(),
-        entry<AttachablePointNode>(),
-        entry<DentalScanViewer3DNode>(),
-        entry<DentalScanComparisonOptionsNode>(),
-        entry<DataObjectNode>(),
-        entry<LayoutTileNode>(),
-        entry<PeriapicalViewNode>(),
-        entry<ClinicalPicturesGridViewNode>(),
-        entry<ImplantVisualizationOptionsNode>(),
-        entry<IntraOralPicturesViewNode>(),
-        {Node::getClassTypeId(), &make<detail::PlaceholderNode>},
-        entry<CtDataViewer3DNode>(),
-        entry<AngulatedResliceNode>(),
-        entry<SnappedResliceNode>(),
+    static const QHash<QString, NodeFactory::Creator> kinds {
+        builtIn<PatientNode>(),
+        builtIn<DiagnosisNode>(),
+        builtIn<ViewNode>(),
+        builtIn<ViewerNode>(),
+        builtIn<Viewer2DNode>(),
+        builtIn<Viewer3DNode>(),
+        builtIn<ResliceViewerNode>(),
+        builtIn<RootCanalViewer2DNode>(),
+        builtIn<PanoramicResliceViewerNode>(),
+        builtIn<CrossSectionalResliceViewerNode>(),
+        builtIn<ImageViewerNode>(),
+        builtIn<Measurement2DNode>(),
+        builtIn<BookmarkNode>(),
+        builtIn<SplitterNode>(),
+        builtIn<Clipping3DNode>(),
+        builtIn<AttachablePointNode>(),
+        builtIn<DentalScanViewer3DNode>(),
+        builtIn<DentalScanComparisonOptionsNode>(),
+        builtIn<DataObjectNode>(),
+        builtIn<LayoutTileNode>(),
+        builtIn<PeriapicalViewNode>(),
+        builtIn<ClinicalPicturesGridViewNode>(),
+        builtIn<ImplantVisualizationOptionsNode>(),
+        builtIn<IntraOralPicturesViewNode>(),
+        builtIn<CtDataViewer3DNode>(),
+        builtIn<AngulatedResliceNode>(),
+        builtIn<SnappedResliceNode>(),
     };
     return kinds;
+}
+
+/// The kinds applications registered; trees may be read on any thread.
+struct Registry
+{
+    QReadWriteLock lock;
+    QHash<QString, NodeFactory::Creator> kinds;
+};
+
+Registry& registry()
+{
+    static Registry instance;
+    return instance;
+}
+
+bool isKnown(const QString& typeId)
+{
+    if (typeId == Node::getClassTypeId() || builtInKinds().contains(typeId))
+        return true;
+    const QReadLocker locker(&registry().lock);
+    return registry().kinds.contains(typeId);
 }
 
 std::unique_ptr<Node> replicate(
@@ -104,13 +114,15 @@ std::unique_ptr<Node> replicate(
     if (dataObject && !uuidlessPatient) {
         const QString uuid = dataObject->getDataObjectUUID();
         if (uuid.isEmpty()) {
-            qWarning("Empty uuid in DataObjectNode. This should only happen when importing older "
-                     "patients.");
+            qCWarning(lcUi,
+                "Empty uuid in DataObjectNode. This should only happen when importing older "
+                "patients.");
             return nullptr;
         }
         const auto conversion = std::find_if(conversions.begin(), conversions.end(),
             [&uuid](const NodeFactory::DataObjectUuidConversion& c) { return c.first == uuid; });
         if (conversion == conversions.end()) {
+            // Documented at information level: plain, so that it reaches the log by default.
             qInfo("Adapted UUID not found for DataObject. This should only happen when importing "
                   "older patients.");
             return nullptr;
@@ -129,11 +141,74 @@ std::unique_ptr<Node> replicate(
 
 std::unique_ptr<Node> NodeFactory::createSpecificNode(const QString& typeId)
 {
-    for (const KindEntry& kind : kindsInLookupOrder()) {
-        if (kind.typeId == typeId)
-            return kind.maker();
+    Creator creator = builtInKinds().value(typeId);
+    if (!creator) {
+        const QReadLocker locker(&registry().lock);
+        creator = registry().kinds.value(typeId);
     }
+    // Called outside the lock: a creator may itself make nodes.
+    if (creator)
+        return creator();
     return std::make_unique<detail::PlaceholderNode>();
+}
+
+bool NodeFactory::registerNodeKind(
+    const QString& typeId, const QString& baseTypeId, const Creator& creator)
+{
+    if (typeId.isEmpty() || !creator) {
+        qCWarning(lcUi, "NodeFactory : a node kind needs a type id and a creator.");
+        return false;
+    }
+    if (isKnown(typeId)) {
+        qCWarning(lcUi).noquote().nospace()
+            << "NodeFactory : the node kind \"" << typeId << "\" is already registered.";
+        return false;
+    }
+    if (!isKnown(baseTypeId)) {
+        qCWarning(lcUi).noquote().nospace()
+            << "NodeFactory : the base \"" << baseTypeId << "\" of the node kind \"" << typeId
+            << "\" is not registered.";
+        return false;
+    }
+    const std::unique_ptr<Node> sample = creator();
+    if (!sample || sample->getTypeId() != typeId || !sample->isOfType(baseTypeId)) {
+        qCWarning(lcUi).noquote().nospace()
+            << "NodeFactory : the creator of \"" << typeId
+            << "\" does not make nodes of that kind derived from \"" << baseTypeId << "\".";
+        return false;
+    }
+    const QWriteLocker locker(&registry().lock);
+    if (registry().kinds.contains(typeId))
+        return false;
+    registry().kinds.insert(typeId, creator);
+    return true;
+}
+
+bool NodeFactory::unregisterNodeKind(const QString& typeId)
+{
+    if (typeId == Node::getClassTypeId() || builtInKinds().contains(typeId)) {
+        qCWarning(lcUi).noquote().nospace()
+            << "NodeFactory : the built-in node kind \"" << typeId << "\" stays registered.";
+        return false;
+    }
+    const QWriteLocker locker(&registry().lock);
+    if (registry().kinds.remove(typeId) == 0) {
+        qCWarning(lcUi).noquote().nospace()
+            << "NodeFactory : no node kind \"" << typeId << "\" is registered.";
+        return false;
+    }
+    return true;
+}
+
+QStringList NodeFactory::getNodeKindTypeIds()
+{
+    QStringList typeIds = builtInKinds().keys();
+    {
+        const QReadLocker locker(&registry().lock);
+        typeIds += registry().kinds.keys();
+    }
+    typeIds.sort();
+    return typeIds;
 }
 
 std::unique_ptr<Node> NodeFactory::replicateRecursively(

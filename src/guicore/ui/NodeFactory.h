@@ -3,7 +3,9 @@
 #include <guicore/guicore_export.h>
 
 #include <QString>
+#include <QStringList>
 
+#include <functional>
 #include <memory>
 #include <utility>
 #include <vector>
@@ -21,10 +23,35 @@ public:
 
     NodeFactory() = delete;
 
-    /// A new, default-constructed node of the kind whose type id is typeId (case-sensitive);
-    /// ownership passes to the caller. "Node" and unknown ids give a placeholder node, so that a
-    /// tree written by a newer version still loads.
+    /// Makes a new, default-constructed node of one kind; ownership passes to the caller.
+    using Creator = std::function<std::unique_ptr<Node>()>;
+
+    /// A new, default-constructed node of the kind whose type id is typeId (case-sensitive),
+    /// built in or registered; ownership passes to the caller. "Node" and unknown ids give a
+    /// placeholder node, so that a tree written by a newer version, or holding the kind of a
+    /// plug-in that is not loaded, still loads.
     static std::unique_ptr<Node> createSpecificNode(const QString& typeId);
+
+    /// Adds an application's node kind, so that NodeSerializer reads it back as itself instead of
+    /// a placeholder. baseTypeId names the kind it derives from ("Node" or any known kind);
+    /// creator is called once here to check that it makes nodes of typeId that derive from it.
+    /// Refused, with a warning starting "NodeFactory : ", for an empty id or creator, an id that
+    /// is already known, an unknown base, or a creator that makes something else. Any thread.
+    static bool registerNodeKind(
+        const QString& typeId, const QString& baseTypeId, const Creator& creator);
+    /// The same for a kind written with NodeKind<Kind, Base>.
+    template <typename Kind> static bool registerNodeKind()
+    {
+        return registerNodeKind(Kind::getClassTypeId(), Kind::BaseNode::getClassTypeId(),
+            [] { return std::unique_ptr<Node>(new Kind()); });
+    }
+    /// Removes a kind that registerNodeKind added, before the code that makes it is unloaded;
+    /// later reads give placeholders for it. Built-in kinds stay; an unknown id is ignored. Both
+    /// with a warning.
+    static bool unregisterNodeKind(const QString& typeId);
+    /// The type ids of every kind that createSpecificNode makes, built in and registered; "Node"
+    /// (the placeholder) is not among them.
+    static QStringList getNodeKindTypeIds();
 
     /// A copy of the tree under node in which every data-object node refers to its new UUID.
     /// A data-object node with an empty UUID or without a conversion is dropped with its

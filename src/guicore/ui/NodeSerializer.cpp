@@ -3,16 +3,16 @@
 #include <guicore/ui/Node.h>
 #include <guicore/ui/NodeFactory.h>
 
-#include "NodeProperty_p.h"
 #include "NodeSerializer_p.h"
 #include "PlaceholderNode_p.h"
+#include <guicore/ui/NodePropertyTable.h>
 
 #include <objectmodel/ModificationLock.h>
 
 #include <QFile>
 #include <QJsonArray>
 #include <QSaveFile>
-#include <QtDebug>
+#include <guicore/Logging_p.h>
 
 namespace ui {
 
@@ -89,24 +89,24 @@ bool readProperties(Node& node, const QJsonValue& json, const QString& typeId)
         placeholder->setStoredProperties(levels);
         return true;
     }
-    std::vector<const detail::NodePropertyTable*> tables;
+    std::vector<const NodePropertyTable*> tables;
     node.collectPropertyTables(tables);
-    for (const detail::NodePropertyTable* table : tables) {
-        const QJsonValue levelJson = levels.value(table->level);
+    for (const NodePropertyTable* table : tables) {
+        const QJsonValue levelJson = levels.value(table->typeId);
         // A level or property missing from older data keeps its default.
         if (levelJson.isUndefined())
             continue;
         if (!levelJson.isObject())
             return fail(QStringLiteral("the properties of level \"%1\" in \"%2\" are not an object")
-                            .arg(table->level, typeId));
+                            .arg(table->typeId, typeId));
         const QJsonObject values = levelJson.toObject();
-        for (const detail::NodeProperty& property : table->properties) {
+        for (const NodePropertyTable::Property& property : table->properties) {
             const QJsonValue value = values.value(property.name);
             if (value.isUndefined())
                 continue;
             if (!property.fromJson(node, value))
                 return fail(QStringLiteral("property \"%1\" of \"%2\" in \"%3\" has the wrong type")
-                                .arg(property.name, table->level, typeId));
+                                .arg(property.name, table->typeId, typeId));
         }
     }
     return true;
@@ -178,9 +178,9 @@ QJsonObject writeNodeObject(const Node& node)
         node.collectPropertyTables(tables);
         for (const NodePropertyTable* table : tables) {
             QJsonObject values;
-            for (const NodeProperty& property : table->properties)
+            for (const NodePropertyTable::Property& property : table->properties)
                 values.insert(property.name, property.toJson(node));
-            properties.insert(table->level, values);
+            properties.insert(table->typeId, values);
         }
     }
     if (!properties.isEmpty())
@@ -215,10 +215,10 @@ std::unique_ptr<Node> readNodeObject(const QJsonValue& json)
 QJsonDocument NodeSerializer::toDocument(const Node& root)
 {
     if (depthOf(root) > MAXIMUM_DEPTH) {
-        qWarning().noquote() << QStringLiteral(
+        qCWarning(lcUi).noquote() << QStringLiteral(
             "NodeSerializer : the state tree is nested deeper than %1 "
             "levels and was not written.")
-                                    .arg(MAXIMUM_DEPTH);
+                                         .arg(MAXIMUM_DEPTH);
         return QJsonDocument();
     }
     QJsonObject document;
@@ -235,14 +235,15 @@ std::unique_ptr<Node> NodeSerializer::fromDocument(const QJsonDocument& document
     if (!document.isObject() || object.value(kFormatKey).toString() != kFormatName
         || !object.value(kRootKey).isObject() || !formatVersion.isDouble()
         || formatVersion.toDouble() < 1) {
-        qWarning("NodeSerializer : the document does not hold a state tree.");
+        qCWarning(lcUi, "NodeSerializer : the document does not hold a state tree.");
         return nullptr;
     }
     if (formatVersion.toDouble() > FORMAT_VERSION) {
-        qWarning().noquote() << QStringLiteral("NodeSerializer : the state tree was written in "
-                                               "format %1, newer than this build reads (%2).")
-                                    .arg(formatVersion.toDouble())
-                                    .arg(FORMAT_VERSION);
+        qCWarning(lcUi).noquote() << QStringLiteral(
+            "NodeSerializer : the state tree was written in "
+            "format %1, newer than this build reads (%2).")
+                                         .arg(formatVersion.toDouble())
+                                         .arg(FORMAT_VERSION);
         return nullptr;
     }
 
@@ -254,9 +255,10 @@ std::unique_ptr<Node> NodeSerializer::fromDocument(const QJsonDocument& document
     std::unique_ptr<Node> root = detail::readNodeObject(object.value(kRootKey));
     currentRead = outer;
     if (!root) {
-        qWarning().noquote() << QStringLiteral("NodeSerializer : malformed state tree, nothing "
-                                               "was read: %1.")
-                                    .arg(state.error);
+        qCWarning(lcUi).noquote() << QStringLiteral(
+            "NodeSerializer : malformed state tree, nothing "
+            "was read: %1.")
+                                         .arg(state.error);
     }
     return root;
 }
@@ -274,10 +276,11 @@ std::unique_ptr<Node> NodeSerializer::read(const QByteArray& json)
     QJsonParseError error;
     const QJsonDocument document = QJsonDocument::fromJson(json, &error);
     if (error.error != QJsonParseError::NoError) {
-        qWarning().noquote() << QStringLiteral("NodeSerializer : the state tree is not valid JSON: "
-                                               "%1 at offset %2.")
-                                    .arg(error.errorString())
-                                    .arg(error.offset);
+        qCWarning(lcUi).noquote() << QStringLiteral(
+            "NodeSerializer : the state tree is not valid JSON: "
+            "%1 at offset %2.")
+                                         .arg(error.errorString())
+                                         .arg(error.offset);
         return nullptr;
     }
     return fromDocument(document);
@@ -290,7 +293,8 @@ bool NodeSerializer::writeFile(const Node& root, const QString& filePath)
         return false;
     QSaveFile file(filePath);
     if (!file.open(QIODevice::WriteOnly) || file.write(json) != json.size() || !file.commit()) {
-        qWarning().noquote() << QStringLiteral("NodeSerializer : cannot write %1.").arg(filePath);
+        qCWarning(lcUi).noquote()
+            << QStringLiteral("NodeSerializer : cannot write %1.").arg(filePath);
         return false;
     }
     return true;
@@ -300,7 +304,8 @@ std::unique_ptr<Node> NodeSerializer::readFile(const QString& filePath)
 {
     QFile file(filePath);
     if (!file.open(QIODevice::ReadOnly)) {
-        qWarning().noquote() << QStringLiteral("NodeSerializer : cannot read %1.").arg(filePath);
+        qCWarning(lcUi).noquote()
+            << QStringLiteral("NodeSerializer : cannot read %1.").arg(filePath);
         return nullptr;
     }
     return read(file.readAll());

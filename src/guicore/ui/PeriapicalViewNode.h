@@ -1,41 +1,16 @@
 #pragma once
 
 #include <guicore/guicore_export.h>
-#include <guicore/ui/Node.h>
-
-#include <QString>
+#include <guicore/ui/LayoutViewNode.h>
 
 namespace ui {
 
 /// The periapical view and its active layout.
-class GUICORE_EXPORT PeriapicalViewNode : public Node
+class GUICORE_EXPORT PeriapicalViewNode : public LayoutViewNode<PeriapicalViewNode>
 {
 public:
-    PeriapicalViewNode();
-    /// Copies the properties of every class level; the children are not copied.
-    PeriapicalViewNode(const PeriapicalViewNode& other);
-    PeriapicalViewNode& operator=(const PeriapicalViewNode&) = delete;
-    ~PeriapicalViewNode() override;
-
-    static QString getClassTypeId();
-    QString getTypeId() const override;
-    /// A copy without children; ownership passes to the caller.
-    std::unique_ptr<Node> clone() const override;
-    bool isEqual(const Node& other) const override;
-
-    const QString& getActiveLayoutId() const { return m_activeLayoutId; }
-    void setActiveLayoutId(const QString& activeLayoutId);
-
-    void collectPropertyTables(
-        std::vector<const detail::NodePropertyTable*>& tables) const override;
-
-protected:
-    bool operator==(const PeriapicalViewNode& other) const;
-
-private:
-    static const detail::NodePropertyTable& ownProperties();
-
-    QString m_activeLayoutId;
+    static QString getClassTypeId() { return QStringLiteral("PeriapicalViewNode"); }
+    static const NodePropertyTable& properties();
 };
 
 } // namespace ui

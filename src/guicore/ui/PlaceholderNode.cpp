@@ -1,12 +1,12 @@
 #include "PlaceholderNode_p.h"
 
-#include <QtDebug>
+#include <guicore/Logging_p.h>
 
 namespace ui::detail {
 
 std::unique_ptr<Node> PlaceholderNode::clone() const
 {
-    qWarning("Trying to clone a base ui::Node. This should never happen!");
+    qCWarning(lcUi, "Trying to clone a base ui::Node. This should never happen!");
     return std::make_unique<PlaceholderNode>();
 }
 

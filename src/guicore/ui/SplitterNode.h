@@ -1,44 +1,30 @@
 #pragma once
 
 #include <guicore/guicore_export.h>
-#include <guicore/ui/Node.h>
+#include <guicore/ui/NodeKind.h>
 
 namespace ui {
 
 /// A cell of a splitter layout: its row and column and their relative sizes.
-class GUICORE_EXPORT SplitterNode : public Node
+class GUICORE_EXPORT SplitterNode : public NodeKind<SplitterNode, Node>
 {
 public:
-    SplitterNode();
-    /// Copies the properties of every class level; the children are not copied.
-    SplitterNode(const SplitterNode& other);
-    SplitterNode& operator=(const SplitterNode&) = delete;
-    ~SplitterNode() override;
-
-    static QString getClassTypeId();
-    QString getTypeId() const override;
-    /// A copy without children; ownership passes to the caller.
-    std::unique_ptr<Node> clone() const override;
-    bool isEqual(const Node& other) const override;
+    static QString getClassTypeId() { return QStringLiteral("SplitterNode"); }
+    static const NodePropertyTable& properties();
 
     int getRow() const { return m_row; }
-    void setRow(int row);
+    void setRow(int row) { assign(m_row, row); }
     int getColumn() const { return m_column; }
-    void setColumn(int column);
+    void setColumn(int column) { assign(m_column, column); }
     int getRelativeRowSize() const { return m_relativeRowSize; }
-    void setRelativeRowSize(int relativeRowSize);
+    void setRelativeRowSize(int relativeRowSize) { assign(m_relativeRowSize, relativeRowSize); }
     int getRelativeColumnSize() const { return m_relativeColumnSize; }
-    void setRelativeColumnSize(int relativeColumnSize);
-
-    void collectPropertyTables(
-        std::vector<const detail::NodePropertyTable*>& tables) const override;
-
-protected:
-    bool operator==(const SplitterNode& other) const;
+    void setRelativeColumnSize(int relativeColumnSize)
+    {
+        assign(m_relativeColumnSize, relativeColumnSize);
+    }
 
 private:
-    static const detail::NodePropertyTable& ownProperties();
-
     int m_row = 0;
     int m_column = 0;
     int m_relativeRowSize = 1;

@@ -1,7 +1,7 @@
 #pragma once
 
 #include <guicore/guicore_export.h>
-#include <guicore/ui/Node.h>
+#include <guicore/ui/NodeKind.h>
 
 #include <objectmodel/Optional.h>
 
@@ -10,39 +10,25 @@
 namespace ui {
 
 /// One view of a solution, identified by its view id.
-class GUICORE_EXPORT ViewNode : public Node
+class GUICORE_EXPORT ViewNode : public NodeKind<ViewNode, Node>
 {
 public:
-    ViewNode();
-    /// Copies the properties of every class level; the children are not copied.
-    ViewNode(const ViewNode& other);
-    ViewNode& operator=(const ViewNode&) = delete;
-    ~ViewNode() override;
-
-    static QString getClassTypeId();
-    QString getTypeId() const override;
-    /// A copy without children; ownership passes to the caller.
-    std::unique_ptr<Node> clone() const override;
-    bool isEqual(const Node& other) const override;
+    static QString getClassTypeId() { return QStringLiteral("ViewNode"); }
+    static const NodePropertyTable& properties();
 
     const QString& getViewId() const { return m_viewId; }
-    void setViewId(const QString& viewId);
+    void setViewId(const QString& viewId) { assign(m_viewId, viewId); }
     /// Empty until the view stored a position.
     const utility::Optional<int>& getAngulatedReslicesHorizontalSlidersPosition() const
     {
         return m_angulatedReslicesHorizontalSlidersPosition;
     }
-    void setAngulatedReslicesHorizontalSlidersPosition(const utility::Optional<int>& position);
-
-    void collectPropertyTables(
-        std::vector<const detail::NodePropertyTable*>& tables) const override;
-
-protected:
-    bool operator==(const ViewNode& other) const;
+    void setAngulatedReslicesHorizontalSlidersPosition(const utility::Optional<int>& position)
+    {
+        assign(m_angulatedReslicesHorizontalSlidersPosition, position);
+    }
 
 private:
-    static const detail::NodePropertyTable& ownProperties();
-
     QString m_viewId;
     utility::Optional<int> m_angulatedReslicesHorizontalSlidersPosition;
 };

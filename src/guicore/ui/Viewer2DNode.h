@@ -1,6 +1,7 @@
 #pragma once
 
 #include <guicore/guicore_export.h>
+#include <guicore/ui/NodeKind.h>
 #include <guicore/ui/ViewerNode.h>
 
 #include <objectmodel/Optional.h>
@@ -10,36 +11,22 @@
 namespace ui {
 
 /// A 2-D viewer; remembers the zoomed region, if the user zoomed.
-class GUICORE_EXPORT Viewer2DNode : public ViewerNode
+class GUICORE_EXPORT Viewer2DNode : public NodeKind<Viewer2DNode, ViewerNode>
 {
 public:
-    Viewer2DNode();
-    /// Copies the properties of every class level; the children are not copied.
-    Viewer2DNode(const Viewer2DNode& other);
-    Viewer2DNode& operator=(const Viewer2DNode&) = delete;
-    ~Viewer2DNode() override;
-
-    static QString getClassTypeId();
-    QString getTypeId() const override;
-    /// A copy without children; ownership passes to the caller.
-    std::unique_ptr<Node> clone() const override;
-    bool isEqual(const Node& other) const override;
+    static QString getClassTypeId() { return QStringLiteral("Viewer2DNode"); }
+    static const NodePropertyTable& properties();
 
     bool hasZoomBox() const { return m_zoomBox.has_value(); }
     /// The zoomed region, or a null rectangle when there is none.
     QRectF getZoomBox() const { return m_zoomBox.value_or(QRectF()); }
-    void setZoomBox(const QRectF& zoomBox);
-    void clearZoomBox();
-
-    void collectPropertyTables(
-        std::vector<const detail::NodePropertyTable*>& tables) const override;
-
-protected:
-    bool operator==(const Viewer2DNode& other) const;
+    void setZoomBox(const QRectF& zoomBox)
+    {
+        assign(m_zoomBox, utility::Optional<QRectF>(zoomBox));
+    }
+    void clearZoomBox() { assign(m_zoomBox, utility::Optional<QRectF>()); }
 
 private:
-    static const detail::NodePropertyTable& ownProperties();
-
     utility::Optional<QRectF> m_zoomBox;
 };
 

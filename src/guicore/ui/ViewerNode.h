@@ -1,7 +1,7 @@
 #pragma once
 
 #include <guicore/guicore_export.h>
-#include <guicore/ui/Node.h>
+#include <guicore/ui/NodeKind.h>
 
 #include <QString>
 
@@ -9,42 +9,31 @@ namespace ui {
 
 /// A viewer inside a view: its index in the view, whether it is maximized, and the data object it
 /// shows.
-class GUICORE_EXPORT ViewerNode : public Node
+class GUICORE_EXPORT ViewerNode : public NodeKind<ViewerNode, Node>
 {
 public:
     static constexpr int DEFAULT_VIEWER_INDEX = -1;
 
-    ViewerNode();
-    /// Copies the properties of every class level; the children are not copied.
-    ViewerNode(const ViewerNode& other);
-    ViewerNode& operator=(const ViewerNode&) = delete;
-    ~ViewerNode() override;
-
-    static QString getClassTypeId();
-    QString getTypeId() const override;
-    /// A copy without children; ownership passes to the caller.
-    std::unique_ptr<Node> clone() const override;
-    bool isEqual(const Node& other) const override;
+    static QString getClassTypeId() { return QStringLiteral("ViewerNode"); }
+    static const NodePropertyTable& properties();
 
     int getViewerIndex() const { return m_viewerIndex; }
-    void setViewerIndex(int viewerIndex);
+    void setViewerIndex(int viewerIndex) { assign(m_viewerIndex, viewerIndex); }
     bool isMaximized() const { return m_maximized; }
-    void setMaximized(bool maximized);
+    void setMaximized(bool maximized) { assign(m_maximized, maximized); }
     bool hadContentWhenGenerated() const { return m_hadContentWhenGenerated; }
-    void setHadContentWhenGenerated(bool hadContentWhenGenerated);
+    void setHadContentWhenGenerated(bool hadContentWhenGenerated)
+    {
+        assign(m_hadContentWhenGenerated, hadContentWhenGenerated);
+    }
     const QString& getAssociatedDataObjectUUID() const { return m_associatedDataObjectUUID; }
-    void setAssociatedDataObjectUUID(const QString& associatedDataObjectUUID);
+    void setAssociatedDataObjectUUID(const QString& associatedDataObjectUUID)
+    {
+        assign(m_associatedDataObjectUUID, associatedDataObjectUUID);
+    }
     void clearAssociatedDataObjectUUID();
 
-    void collectPropertyTables(
-        std::vector<const detail::NodePropertyTable*>& tables) const override;
-
-protected:
-    bool operator==(const ViewerNode& other) const;
-
 private:
-    static const detail::NodePropertyTable& ownProperties();
-
     int m_viewerIndex = DEFAULT_VIEWER_INDEX;
     bool m_maximized = false;
     bool m_hadContentWhenGenerated = false;

@@ -1,10 +1,7 @@
 #pragma once
 
-#include <guicore/ui/Node.h>
-
 #include <QHashFunctions>
 #include <QJsonArray>
-#include <QJsonObject>
 #include <QJsonValue>
 #include <QPointF>
 #include <QQuaternion>
@@ -14,13 +11,14 @@
 
 #include <algorithm>
 #include <cmath>
-#include <functional>
 #include <limits>
 #include <optional>
 #include <type_traits>
 #include <vector>
 
-namespace ui::detail {
+namespace ui {
+
+namespace detail {
 
 /// Floating-point equality of the state tree: values that differ only in the twelfth significant
 /// digit are the same value (saved states round-trip through text and other builds). Near zero
@@ -41,20 +39,6 @@ inline bool readNumber(const QJsonValue& value, double& out)
     return std::isfinite(out);
 }
 
-inline bool readNumbers(const QJsonValue& value, double* out, int count)
-{
-    if (!value.isArray())
-        return false;
-    const QJsonArray array = value.toArray();
-    if (array.size() != count)
-        return false;
-    for (int i = 0; i < count; ++i) {
-        if (!readNumber(array.at(i), out[i]))
-            return false;
-    }
-    return true;
-}
-
 /// A JSON number that a float can hold. Larger magnitudes would become infinity, which JSON
 /// cannot store: the tree would load but could never be written back.
 inline bool readFloat(const QJsonValue& value, float& out)
@@ -67,7 +51,18 @@ inline bool readFloat(const QJsonValue& value, float& out)
     return true;
 }
 
-inline bool readFloats(const QJsonValue& value, float* out, int count)
+inline bool readNumberOrFloat(const QJsonValue& value, double& out)
+{
+    return readNumber(value, out);
+}
+
+inline bool readNumberOrFloat(const QJsonValue& value, float& out)
+{
+    return readFloat(value, out);
+}
+
+/// An array of exactly count numbers (doubles or floats, as out is).
+template <typename Number> bool readNumbers(const QJsonValue& value, Number* out, int count)
 {
     if (!value.isArray())
         return false;
@@ -75,17 +70,23 @@ inline bool readFloats(const QJsonValue& value, float* out, int count)
     if (array.size() != count)
         return false;
     for (int i = 0; i < count; ++i) {
-        if (!readFloat(array.at(i), out[i]))
+        if (!readNumberOrFloat(array.at(i), out[i]))
             return false;
     }
     return true;
 }
 
-/// How one property type is compared, copied and turned into JSON. Every property of every node
-/// kind goes through exactly one of these, so setters, copy, comparison and persistence agree.
-template <typename T, typename Enable = void> struct PropertyTraits;
+} // namespace detail
 
-template <> struct PropertyTraits<bool>
+/// How one property type is compared and turned into JSON. Every property of every node kind goes
+/// through exactly one of these, so setters, comparison and persistence agree. An application
+/// that stores a type of its own in a node kind specialises this template for it, with
+///     static bool equal(const T&, const T&);
+///     static QJsonValue toJson(const T&);
+///     static bool fromJson(const QJsonValue&, T& out);   // false, out untouched, on bad input
+template <typename T, typename Enable = void> struct NodePropertyTraits;
+
+template <> struct NodePropertyTraits<bool>
 {
     static bool equal(bool a, bool b) { return a == b; }
     static QJsonValue toJson(bool value) { return value; }
@@ -99,14 +100,14 @@ template <> struct PropertyTraits<bool>
 };
 
 template <typename T>
-struct PropertyTraits<T, std::enable_if_t<std::is_integral_v<T> && !std::is_same_v<T, bool>>>
+struct NodePropertyTraits<T, std::enable_if_t<std::is_integral_v<T> && !std::is_same_v<T, bool>>>
 {
     static bool equal(T a, T b) { return a == b; }
     static QJsonValue toJson(T value) { return static_cast<double>(value); }
     static bool fromJson(const QJsonValue& json, T& out)
     {
         double number = 0;
-        if (!readNumber(json, number) || std::floor(number) != number)
+        if (!detail::readNumber(json, number) || std::floor(number) != number)
             return false;
         // Integers beyond 2^53 do not survive a JSON number; nothing in the tree is that large.
         const double lowest
@@ -120,7 +121,7 @@ struct PropertyTraits<T, std::enable_if_t<std::is_integral_v<T> && !std::is_same
     }
 };
 
-template <typename T> struct PropertyTraits<T, std::enable_if_t<std::is_enum_v<T>>>
+template <typename T> struct NodePropertyTraits<T, std::enable_if_t<std::is_enum_v<T>>>
 {
     using Underlying = std::underlying_type_t<T>;
     static bool equal(T a, T b) { return a == b; }
@@ -131,21 +132,24 @@ template <typename T> struct PropertyTraits<T, std::enable_if_t<std::is_enum_v<T
     static bool fromJson(const QJsonValue& json, T& out)
     {
         Underlying number {};
-        if (!PropertyTraits<Underlying>::fromJson(json, number))
+        if (!NodePropertyTraits<Underlying>::fromJson(json, number))
             return false;
         out = static_cast<T>(number);
         return true;
     }
 };
 
-template <> struct PropertyTraits<float>
+template <> struct NodePropertyTraits<float>
 {
-    static bool equal(float a, float b) { return fuzzyEqual(a, b); }
+    static bool equal(float a, float b) { return detail::fuzzyEqual(a, b); }
     static QJsonValue toJson(float value) { return static_cast<double>(value); }
-    static bool fromJson(const QJsonValue& json, float& out) { return readFloat(json, out); }
+    static bool fromJson(const QJsonValue& json, float& out)
+    {
+        return detail::readFloat(json, out);
+    }
 };
 
-template <> struct PropertyTraits<QString>
+template <> struct NodePropertyTraits<QString>
 {
     static bool equal(const QString& a, const QString& b) { return a == b; }
     static QJsonValue toJson(const QString& value) { return value; }
@@ -158,7 +162,7 @@ template <> struct PropertyTraits<QString>
     }
 };
 
-template <> struct PropertyTraits<QVector3D>
+template <> struct NodePropertyTraits<QVector3D>
 {
     // Positions and directions are compared exactly: they are copied, never recomputed.
     static bool equal(const QVector3D& a, const QVector3D& b)
@@ -172,14 +176,14 @@ template <> struct PropertyTraits<QVector3D>
     static bool fromJson(const QJsonValue& json, QVector3D& out)
     {
         float v[3];
-        if (!readFloats(json, v, 3))
+        if (!detail::readNumbers(json, v, 3))
             return false;
         out = QVector3D(v[0], v[1], v[2]);
         return true;
     }
 };
 
-template <> struct PropertyTraits<QQuaternion>
+template <> struct NodePropertyTraits<QQuaternion>
 {
     static bool equal(const QQuaternion& a, const QQuaternion& b)
     {
@@ -193,19 +197,20 @@ template <> struct PropertyTraits<QQuaternion>
     static bool fromJson(const QJsonValue& json, QQuaternion& out)
     {
         float v[4];
-        if (!readFloats(json, v, 4))
+        if (!detail::readNumbers(json, v, 4))
             return false;
         out = QQuaternion(v[0], v[1], v[2], v[3]);
         return true;
     }
 };
 
-template <> struct PropertyTraits<QRectF>
+template <> struct NodePropertyTraits<QRectF>
 {
     static bool equal(const QRectF& a, const QRectF& b)
     {
-        return fuzzyEqual(a.x(), b.x()) && fuzzyEqual(a.y(), b.y())
-            && fuzzyEqual(a.width(), b.width()) && fuzzyEqual(a.height(), b.height());
+        return detail::fuzzyEqual(a.x(), b.x()) && detail::fuzzyEqual(a.y(), b.y())
+            && detail::fuzzyEqual(a.width(), b.width())
+            && detail::fuzzyEqual(a.height(), b.height());
     }
     static QJsonValue toJson(const QRectF& value)
     {
@@ -214,21 +219,21 @@ template <> struct PropertyTraits<QRectF>
     static bool fromJson(const QJsonValue& json, QRectF& out)
     {
         double v[4];
-        if (!readNumbers(json, v, 4))
+        if (!detail::readNumbers(json, v, 4))
             return false;
         out = QRectF(v[0], v[1], v[2], v[3]);
         return true;
     }
 };
 
-template <> struct PropertyTraits<std::vector<QPointF>>
+template <> struct NodePropertyTraits<std::vector<QPointF>>
 {
     static bool equal(const std::vector<QPointF>& a, const std::vector<QPointF>& b)
     {
         if (a.size() != b.size())
             return false;
         for (size_t i = 0; i < a.size(); ++i) {
-            if (!fuzzyEqual(a[i].x(), b[i].x()) || !fuzzyEqual(a[i].y(), b[i].y()))
+            if (!detail::fuzzyEqual(a[i].x(), b[i].x()) || !detail::fuzzyEqual(a[i].y(), b[i].y()))
                 return false;
         }
         return true;
@@ -247,7 +252,7 @@ template <> struct PropertyTraits<std::vector<QPointF>>
         std::vector<QPointF> points;
         for (const QJsonValue& item : json.toArray()) {
             double v[2];
-            if (!readNumbers(item, v, 2))
+            if (!detail::readNumbers(item, v, 2))
                 return false;
             points.emplace_back(v[0], v[1]);
         }
@@ -257,17 +262,17 @@ template <> struct PropertyTraits<std::vector<QPointF>>
 };
 
 /// An empty optional is JSON null.
-template <typename T> struct PropertyTraits<std::optional<T>>
+template <typename T> struct NodePropertyTraits<std::optional<T>>
 {
     static bool equal(const std::optional<T>& a, const std::optional<T>& b)
     {
         if (a.has_value() != b.has_value())
             return false;
-        return !a.has_value() || PropertyTraits<T>::equal(*a, *b);
+        return !a.has_value() || NodePropertyTraits<T>::equal(*a, *b);
     }
     static QJsonValue toJson(const std::optional<T>& value)
     {
-        return value ? PropertyTraits<T>::toJson(*value) : QJsonValue(QJsonValue::Null);
+        return value ? NodePropertyTraits<T>::toJson(*value) : QJsonValue(QJsonValue::Null);
     }
     static bool fromJson(const QJsonValue& json, std::optional<T>& out)
     {
@@ -276,24 +281,14 @@ template <typename T> struct PropertyTraits<std::optional<T>>
             return true;
         }
         T value {};
-        if (!PropertyTraits<T>::fromJson(json, value))
+        if (!NodePropertyTraits<T>::fromJson(json, value))
             return false;
         out = std::move(value);
         return true;
     }
 };
 
-/// Value properties copy by assignment; a trait may supply its own copy for owned objects.
-template <typename Traits, typename T>
-auto copyValue(T& target, const T& source, int) -> decltype(Traits::copy(target, source), void())
-{
-    Traits::copy(target, source);
-}
-
-template <typename Traits, typename T> void copyValue(T& target, const T& source, long)
-{
-    target = source;
-}
+namespace detail {
 
 /// Kinds compared within a tolerance (see fuzzyEqual); every other kind compares exactly.
 template <typename T>
@@ -337,83 +332,6 @@ template <typename T> size_t valueHash(const std::optional<T>& value)
     return value ? valueHash(*value) * 31 + 1 : 0;
 }
 
-/// One property of one class level: its JSON key and the ways it is walked.
-struct NodeProperty
-{
-    QString name;
-    std::function<void(Node& target, const Node& source)> copy;
-    std::function<bool(const Node& a, const Node& b)> equal;
-    /// See valueHash: equal values hash alike, unless the property is tolerant, when only
-    /// identical ones do.
-    std::function<size_t(const Node& node)> hash;
-    bool tolerant = false;
-    std::function<QJsonValue(const Node& node)> toJson;
-    std::function<bool(Node& node, const QJsonValue& json)> fromJson;
-};
+} // namespace detail
 
-/// The properties a single class level adds, keyed in the stored data by that level's type id.
-class NodePropertyTable
-{
-public:
-    QString level;
-    std::vector<NodeProperty> properties;
-};
-
-/// Builds the table entry of a data member; Owner is the class level that declares it.
-template <typename Owner, typename T> NodeProperty makeProperty(const char* name, T Owner::*member)
-{
-    using Traits = PropertyTraits<T>;
-    NodeProperty property;
-    property.name = QString::fromLatin1(name);
-    property.copy = [member](Node& target, const Node& source) {
-        copyValue<Traits>(
-            static_cast<Owner&>(target).*member, static_cast<const Owner&>(source).*member, 0);
-    };
-    property.equal = [member](const Node& a, const Node& b) {
-        return Traits::equal(
-            static_cast<const Owner&>(a).*member, static_cast<const Owner&>(b).*member);
-    };
-    property.hash
-        = [member](const Node& node) { return valueHash(static_cast<const Owner&>(node).*member); };
-    property.tolerant = IsTolerant<T>::value;
-    property.toJson = [member](const Node& node) {
-        return Traits::toJson(static_cast<const Owner&>(node).*member);
-    };
-    property.fromJson = [member](Node& node, const QJsonValue& json) {
-        return Traits::fromJson(json, static_cast<Owner&>(node).*member);
-    };
-    return property;
-}
-
-inline void copyProperties(const NodePropertyTable& table, Node& target, const Node& source)
-{
-    for (const NodeProperty& property : table.properties)
-        property.copy(target, source);
-}
-
-inline bool propertiesEqual(const NodePropertyTable& table, const Node& a, const Node& b)
-{
-    for (const NodeProperty& property : table.properties) {
-        if (!property.equal(a, b))
-            return false;
-    }
-    return true;
-}
-
-/// Stores value into member when it differs by the property's own equality; true on a change.
-template <typename T> bool assignIfChanged(T& member, const T& value)
-{
-    if (PropertyTraits<T>::equal(member, value))
-        return false;
-    member = value;
-    return true;
-}
-
-/// Multiset equality of two node lists under isEqual. Candidates are bucketed by their type name
-/// and a hash of their exactly compared properties (equal nodes agree on both), so wide trees do
-/// not pay for comparing every child with every other.
-bool equalAsMultisets(const std::vector<const Node*>& mine, const std::vector<const Node*>& theirs);
-bool equalAsMultisets(const std::vector<std::unique_ptr<Node>>& mine,
-    const std::vector<std::unique_ptr<Node>>& theirs);
-
-} // namespace ui::detail
+} // namespace ui
