@@ -22,7 +22,7 @@ void FontsInitializer::loadFonts(const StyleManager& manager, const QString& fon
     for (const QFileInfo& entry : entries) {
         const QString path = entry.absoluteFilePath();
         if (QFontDatabase::addApplicationFont(path) == -1)
-            qWarning().noquote() << QStringLiteral("Failed loading font ") + path;
+            qCWarning(lcStyle).noquote() << QStringLiteral("Failed loading font ") + path;
     }
 
     setDefaultApplicationFont(manager, fontId);

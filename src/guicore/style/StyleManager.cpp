@@ -1,9 +1,9 @@
 #include "StyleManager.h"
 
+#include <guicore/Logging_p.h>
 #include <guicore/style/StyleManagerDataProvider.h>
 
 #include <QDateTime>
-#include <QDebug>
 #include <QLocale>
 #include <QRegularExpression>
 #include <QTime>
@@ -30,7 +30,7 @@ StyleManager::~StyleManager()
 void StyleManager::createManager(const StyleManagerDataProvider& provider)
 {
     if (manager_instance) {
-        qWarning() << "Trying to create the StyleManager twice. This is a flow issue.";
+        qCWarning(lcStyle) << "Trying to create the StyleManager twice. This is a flow issue.";
         deleteManager();
     }
     manager_instance = new StyleManager();
@@ -61,7 +61,7 @@ bool StyleManager::hasManager()
 StyleManager& StyleManager::manager()
 {
     if (!manager_instance) {
-        qWarning() << "Trying to get the StyleManager before calling createManager";
+        qCWarning(lcStyle) << "Trying to get the StyleManager before calling createManager";
         createManager(StyleManagerDataProvider());
     }
     return *manager_instance;
@@ -76,7 +76,7 @@ QColor StyleManager::getColor(const QString& colorId) const
 {
     const QString text = colorPalette.value(colorId);
     if (text.isEmpty()) {
-        qWarning() << "StyleManager : color not found for id" << colorId;
+        qCWarning(lcStyle) << "StyleManager : color not found for id" << colorId;
         return QColor(Qt::magenta);
     }
     return QColor(text);
@@ -96,14 +96,14 @@ double StyleManager::getSize(const QString& sizeId) const
 {
     const QString text = sizes.value(sizeId);
     if (text.isEmpty()) {
-        qWarning() << "StyleManager : size not found for id" << sizeId;
+        qCWarning(lcStyle) << "StyleManager : size not found for id" << sizeId;
         return 0.0;
     }
     bool ok = false;
     const double value = text.toDouble(&ok);
     if (!ok)
-        qWarning() << "StyleManager : could not properly convert size value" << text << "for id"
-                   << sizeId;
+        qCWarning(lcStyle) << "StyleManager : could not properly convert size value" << text
+                           << "for id" << sizeId;
     return value;
 }
 
@@ -121,14 +121,14 @@ int StyleManager::getIntegerFontProperty(const QString& fontPropertyId) const
 {
     const QString text = fonts.value(fontPropertyId);
     if (text.isEmpty()) {
-        qWarning() << "StyleManager : font property not found for id" << fontPropertyId;
+        qCWarning(lcStyle) << "StyleManager : font property not found for id" << fontPropertyId;
         return 0;
     }
     bool ok = false;
     const int value = text.toInt(&ok, 10);
     if (!ok)
-        qWarning() << "StyleManager : could not properly convert property value" << text << "for id"
-                   << fontPropertyId;
+        qCWarning(lcStyle) << "StyleManager : could not properly convert property value" << text
+                           << "for id" << fontPropertyId;
     return value;
 }
 
@@ -136,14 +136,14 @@ bool StyleManager::getFontBoolValue(const QString& fontBooleanValue) const
 {
     const QString text = fonts.value(fontBooleanValue);
     if (text.isEmpty()) {
-        qWarning() << "StyleManager : font property not found for id" << fontBooleanValue;
+        qCWarning(lcStyle) << "StyleManager : font property not found for id" << fontBooleanValue;
         return false;
     }
     if (text == QLatin1String("true"))
         return true;
     if (text != QLatin1String("false"))
-        qWarning() << "StyleManager : could not properly convert property value" << text << "for id"
-                   << fontBooleanValue;
+        qCWarning(lcStyle) << "StyleManager : could not properly convert property value" << text
+                           << "for id" << fontBooleanValue;
     return false;
 }
 
@@ -151,13 +151,13 @@ QFont StyleManager::getCompleteFont(const QString& fontId) const
 {
     const QString text = fonts.value(fontId);
     if (text.isEmpty()) {
-        qWarning() << "StyleManager : font not found for id" << fontId;
+        qCWarning(lcStyle) << "StyleManager : font not found for id" << fontId;
         return QFont();
     }
     static const QRegularExpression fontFormat(QStringLiteral("^(\\d*)\\s\"(.*)\"$"));
     const QRegularExpressionMatch match = fontFormat.match(text);
     if (!match.hasMatch()) {
-        qWarning() << "StyleManager : Invalid font format for id" << fontId;
+        qCWarning(lcStyle) << "StyleManager : Invalid font format for id" << fontId;
         return QFont();
     }
     QFont font;
@@ -174,13 +174,13 @@ double StyleManager::getLineHeight(const QString& fontId) const
     constexpr double fallback = 0.1;
     const QString text = fonts.value(fontId + QStringLiteral("-line-height"));
     if (text.isEmpty()) {
-        qWarning() << "StyleManager : line-height not found for font id" << fontId;
+        qCWarning(lcStyle) << "StyleManager : line-height not found for font id" << fontId;
         return fallback;
     }
     bool ok = false;
     const double value = text.toDouble(&ok);
     if (!ok) {
-        qWarning() << "StyleManager : Invalid line-height format for id" << fontId;
+        qCWarning(lcStyle) << "StyleManager : Invalid line-height format for id" << fontId;
         return fallback;
     }
     return value;
@@ -190,7 +190,7 @@ QString StyleManager::doGetFontFamily(const QString& fontId) const
 {
     const QString text = fonts.value(fontId);
     if (text.isEmpty())
-        qWarning() << "StyleManager : font not found for id" << fontId;
+        qCWarning(lcStyle) << "StyleManager : font not found for id" << fontId;
     return text;
 }
 
@@ -217,8 +217,8 @@ QString StyleManager::getFontFamilyForQFont(const QString& fontId) const
 
 QString StyleManager::getFont(const QString& fontId) const
 {
-    qWarning() << "StyleManager::getFont"
-               << " is deprecated. Use getFontFamily instead.";
+    qCWarning(lcStyle) << "StyleManager::getFont"
+                       << " is deprecated. Use getFontFamily instead.";
     return doGetFontFamily(fontId);
 }
 
@@ -226,7 +226,7 @@ QString StyleManager::getDateTimeFormat(const QString& formatId) const
 {
     const QString format = dateTimeFormats.value(formatId);
     if (format.isEmpty())
-        qWarning() << "StyleManager : format not found for id" << formatId;
+        qCWarning(lcStyle) << "StyleManager : format not found for id" << formatId;
     return format;
 }
 

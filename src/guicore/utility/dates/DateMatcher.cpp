@@ -1,8 +1,7 @@
 #include "DateMatcher.h"
 
+#include <guicore/Logging_p.h>
 #include <guicore/utility/widgets/StringOperations.h>
-
-#include <QDebug>
 
 namespace {
 
@@ -42,7 +41,8 @@ void DateMatcher::setDateFormat(const QString& format)
     const QChar newSeparator = StringOperations::determineSeparator(format);
     const utility::Optional<DateFormat> newFormat = determineDateFormat(format);
     if (newSeparator.isNull() || !newFormat) {
-        qWarning() << "DateMatcher: Could not determine date format! Date format not set.";
+        qCWarning(lcUtility)
+            << "DateMatcher: Could not determine date format! Date format not set.";
         return;
     }
     separator = newSeparator;
@@ -52,7 +52,7 @@ void DateMatcher::setDateFormat(const QString& format)
 void DateMatcher::setPattern(const QString& pattern)
 {
     if (!isWellFormed(pattern, true)) {
-        qWarning() << "DateMatcher: Given date pattern is not valid! Pattern not set.";
+        qCWarning(lcUtility) << "DateMatcher: Given date pattern is not valid! Pattern not set.";
         return;
     }
     this->pattern = parseDate(pattern);
@@ -61,7 +61,7 @@ void DateMatcher::setPattern(const QString& pattern)
 bool DateMatcher::match(const QString& date) const
 {
     if (!isWellFormed(date, false)) {
-        qWarning() << "DateMatcher: Given date is not in correct date format!";
+        qCWarning(lcUtility) << "DateMatcher: Given date is not in correct date format!";
         return false;
     }
     const std::unique_ptr<Date> parsed = parseDate(date);
@@ -100,7 +100,7 @@ std::unique_ptr<DateMatcher::Date> DateMatcher::parseDate(const QString& text) c
         = [&](int position) { return position < text.size() && text.at(position) == separator; };
     // Lenient on purpose: one separator in its place is enough to read the digits.
     if (!separatorAt(firstSeparator) && !separatorAt(secondSeparator)) {
-        qWarning() << "DateMatcher: Date is not in correct format.";
+        qCWarning(lcUtility) << "DateMatcher: Date is not in correct format.";
         return nullptr;
     }
     const std::array<int, 8>& positions = dateFormat == YearFirst ? yearFirstPositions

@@ -2,6 +2,8 @@
 
 #include "ImageScanLines_p.h"
 
+#include <guicore/Logging_p.h>
+
 #include <QImage>
 
 namespace {
@@ -24,11 +26,11 @@ int differenceThreshold(float tolerance)
 float ImageComparator::compareImages(QImage a, QImage b, float tolerance)
 {
     if (a.isNull() || !a.rect().isValid()) {
-        qWarning("ImageComparator : invalid input images!");
+        qCWarning(lcUtility, "ImageComparator : invalid input images!");
         return -1.0f;
     }
     if (a.rect() != b.rect()) {
-        qWarning("ImageComparator : input images not the same size!");
+        qCWarning(lcUtility, "ImageComparator : input images not the same size!");
         return -1.0f;
     }
 

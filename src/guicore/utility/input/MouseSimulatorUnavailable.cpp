@@ -1,5 +1,7 @@
 #include "MouseSimulatorUnavailable_p.h"
 
+#include <guicore/Logging_p.h>
+
 #include <QtGlobal>
 
 MouseSimulatorUnavailable::MouseSimulatorUnavailable(const QString& platformName)
@@ -36,6 +38,6 @@ void MouseSimulatorUnavailable::warnOnce()
     if (warned)
         return;
     warned = true;
-    qWarning("MouseSimulator : synthetic input is not available on platform %s",
+    qCWarning(lcUtility, "MouseSimulator : synthetic input is not available on platform %s",
         qPrintable(platformName));
 }
