@@ -7,6 +7,7 @@
 #include <guicore/graphics/items/CustomGraphicsRectItem.h>
 #include <guicore/graphics/items/CustomGraphicsSpline.h>
 #include <guicore/graphics/items/CustomGraphicsStrokerOpaquePathItem.h>
+#include <guicore/graphics/items/CustomGraphicsStrokerTransparentPathItem.h>
 #include <guicore/graphics/items/CustomGraphicsSvgItem.h>
 #include <guicore/graphics/items/HoverableItem.h>
 #include <guicore/style/DevicePixelRatio.h>
@@ -112,6 +113,8 @@ private Q_SLOTS:
     void pathItemZoomAgnosticPenWidth();
     void splineHitNearLineOnly();
     void strokerOpaqueBuildsStrokeWhenPainted();
+    void strokerTransparentDrawsOutlineOnly_data();
+    void strokerTransparentDrawsOutlineOnly();
     void pixmapItemPressRules_data();
     void pixmapItemPressRules();
     void svgItemReportsClicks();
@@ -627,6 +630,37 @@ void tst_GraphicsItems::strokerOpaqueBuildsStrokeWhenPainted()
     const int thickness
         = pixelBox(image, [](QRgb p) { return sameRgb(p, QColor(Qt::magenta).rgb()); }).height();
     QVERIFY2(qAbs(thickness - 10) <= 1, qPrintable(QString::number(thickness)));
+}
+
+void tst_GraphicsItems::strokerTransparentDrawsOutlineOnly_data()
+{
+    QTest::addColumn<bool>("zoomAgnostic");
+    QTest::addColumn<int>("thickness");
+    // A stroke ten units wide in a view zoomed to 2x.
+    QTest::newRow("at the view's scale") << false << 20;
+    QTest::newRow("zoom-agnostic") << true << 10;
+}
+
+void tst_GraphicsItems::strokerTransparentDrawsOutlineOnly()
+{
+    QFETCH(bool, zoomAgnostic);
+    QFETCH(int, thickness);
+    ViewFixture fixture(2.0);
+    auto* item = new CustomGraphicsStrokerTransparentPathItem(QStringLiteral("stroker"));
+    item->setPen(QPen(Qt::magenta, 0));
+    item->setBrush(Qt::green);
+    item->setStrokerPath(linePath(QPointF(-20, 0), QPointF(20, 0)));
+    item->setStrokerWidth(10);
+    item->setCapStyle(Qt::FlatCap);
+    item->setUseZoomAgnostic(zoomAgnostic);
+    fixture.scene.addItem(item);
+    const QImage image = fixture.render();
+
+    const QRect outline
+        = pixelBox(image, [](QRgb p) { return sameRgb(p, QColor(Qt::magenta).rgb()); });
+    QVERIFY2(
+        qAbs(outline.height() - thickness) <= 1, qPrintable(QString::number(outline.height())));
+    QVERIFY(pixelBox(image, [](QRgb p) { return sameRgb(p, QColor(Qt::green).rgb()); }).isEmpty());
 }
 
 void tst_GraphicsItems::pixmapItemPressRules_data()

@@ -6,6 +6,7 @@
 #include <QGraphicsRectItem>
 #include <QGraphicsSceneMouseEvent>
 #include <QKeyEvent>
+#include <QMetaMethod>
 #include <QMouseEvent>
 #include <QOpenGLWidget>
 #include <QScreen>
@@ -34,6 +35,7 @@ private Q_SLOTS:
     void offscreenViewFixesScreenPosition_data();
     void offscreenViewFixesScreenPosition();
     void wrapperForwardsWithItsExceptions();
+    void wrapperPassesOnEverySignalOfTheView();
 
 private:
     QStringList log;
@@ -315,6 +317,30 @@ void tst_GraphicsViewExtra::wrapperForwardsWithItsExceptions()
         = mouseEvent(QEvent::MouseButtonPress, QPointF(5, 5), Qt::LeftButton, Qt::LeftButton);
     wrapper->mousePressEvent(&pressEvent);
     QCOMPARE(pan.count(), 1);
+}
+
+void tst_GraphicsViewExtra::wrapperPassesOnEverySignalOfTheView()
+{
+    const QMetaObject& meta = GraphicsViewExtra::staticMetaObject;
+    QStringList passedOn;
+    for (int i = meta.methodOffset(); i < meta.methodCount(); ++i) {
+        const QMetaMethod signal = meta.method(i);
+        if (signal.methodType() != QMetaMethod::Signal)
+            continue;
+        QSignalSpy spy(wrapper.get(), QByteArray("2" + signal.methodSignature()).constData());
+        QVERIFY2(spy.isValid(), signal.methodSignature().constData());
+        QVariant values[2];
+        QGenericArgument arguments[2];
+        for (int p = 0; p < signal.parameterCount(); ++p) {
+            values[p] = QVariant(signal.parameterMetaType(p));
+            arguments[p]
+                = QGenericArgument(signal.parameterTypeName(p).constData(), values[p].data());
+        }
+        QVERIFY(signal.invoke(view.get(), Qt::DirectConnection, arguments[0], arguments[1]));
+        if (spy.count() == 1)
+            passedOn << QString::fromLatin1(signal.name());
+    }
+    QCOMPARE(passedOn.size(), 14);
 }
 
 QTEST_MAIN(tst_GraphicsViewExtra)

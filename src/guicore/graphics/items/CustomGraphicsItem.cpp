@@ -1,16 +1,12 @@
 #include "CustomGraphicsItem.h"
 
-#include <QGraphicsScene>
 #include <QGraphicsSceneContextMenuEvent>
-#include <QGraphicsSceneHoverEvent>
-#include <QGraphicsSceneMouseEvent>
-#include <QGraphicsSceneWheelEvent>
 #include <QPainter>
 #include <QPainterPathStroker>
 
 CustomGraphicsItem::CustomGraphicsItem(const QString& name, QGraphicsItem* parent)
     : QObject()
-    , QGraphicsPathItem(parent)
+    , CustomGraphicsItemEvents(parent)
 {
     setFlag(ItemIsMovable, false);
     setObjectName(name);
@@ -183,14 +179,10 @@ void CustomGraphicsItem::mousePressEvent(QGraphicsSceneMouseEvent* event)
     // The scene hands the event over accepted; only a hit keeps it so.
     event->ignore();
     if (isMouseOver(event->scenePos())) {
-        if (event->buttons() == Qt::LeftButton) {
-            event->accept();
+        // Set before the click is reported, so that its receivers see the drag under way.
+        if (event->buttons() == Qt::LeftButton)
             dragging = true;
-            Q_EMIT leftClicked(event);
-        } else if (event->buttons() == Qt::RightButton) {
-            event->accept();
-            Q_EMIT rightClicked(event);
-        }
+        reportClick(event);
         return;
     }
     for (CustomGraphicsItem* child : std::as_const(customChildItems)) {
@@ -200,20 +192,10 @@ void CustomGraphicsItem::mousePressEvent(QGraphicsSceneMouseEvent* event)
     }
 }
 
-void CustomGraphicsItem::mouseMoveEvent(QGraphicsSceneMouseEvent* event)
-{
-    Q_EMIT mouseMoved(event);
-}
-
 void CustomGraphicsItem::mouseReleaseEvent(QGraphicsSceneMouseEvent* event)
 {
     dragging = false;
     Q_EMIT mouseReleased(event);
-}
-
-void CustomGraphicsItem::wheelEvent(QGraphicsSceneWheelEvent* event)
-{
-    Q_EMIT mouseWheelChanged(event);
 }
 
 void CustomGraphicsItem::keyPressEvent(QKeyEvent*) { }
@@ -250,11 +232,4 @@ void CustomGraphicsItem::hoverLeaveEvent(QGraphicsSceneHoverEvent* event)
 {
     if (!dragging)
         Q_EMIT mouseHoverLeave(event);
-}
-
-QVariant CustomGraphicsItem::itemChange(GraphicsItemChange change, const QVariant& value)
-{
-    if (change == ItemVisibleChange && scene())
-        Q_EMIT visibilityChanged(value.toBool());
-    return QGraphicsPathItem::itemChange(change, value);
 }

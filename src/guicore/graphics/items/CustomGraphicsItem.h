@@ -1,5 +1,6 @@
 #pragma once
 
+#include <guicore/graphics/items/CustomGraphicsItemEvents.h>
 #include <guicore/guicore_export.h>
 #include <guicore/style/DevicePixelRatio.h>
 
@@ -8,10 +9,6 @@
 #include <QObject>
 #include <QPainterPath>
 
-class QGraphicsSceneContextMenuEvent;
-class QGraphicsSceneHoverEvent;
-class QGraphicsSceneMouseEvent;
-class QGraphicsSceneWheelEvent;
 class QKeyEvent;
 class QPainter;
 class QStyleOptionGraphicsItem;
@@ -24,9 +21,10 @@ class QWidget;
 /// from the drawn shape (optionally widened to the stroke of the shape), forwards presses and
 /// context-menu events to its custom children and can draw itself at a constant on-screen size
 /// whatever the view's zoom. The item never moves itself: `ItemIsMovable` is cleared.
-class GUICORE_EXPORT CustomGraphicsItem : public QObject,
-                                          public QGraphicsPathItem,
-                                          public DevicePixelRatio::Listener
+class GUICORE_EXPORT CustomGraphicsItem
+    : public QObject,
+      public CustomGraphicsItemEvents<CustomGraphicsItem, QGraphicsPathItem>,
+      public DevicePixelRatio::Listener
 {
     Q_OBJECT
     Q_DISABLE_COPY(CustomGraphicsItem)
@@ -88,11 +86,11 @@ public:
         QWidget* widget = nullptr) override;
 
     // Event handlers, public so that a scene dispatching by itself can call them; the events
-    // are borrowed.
+    // are borrowed. Moves, wheel turns and visibility changes are reported as every overlay
+    // item reports them; presses go by the clickable region and the custom children, and a
+    // drag holds back the hover signals.
     void mousePressEvent(QGraphicsSceneMouseEvent* event) override;
-    void mouseMoveEvent(QGraphicsSceneMouseEvent* event) override;
     void mouseReleaseEvent(QGraphicsSceneMouseEvent* event) override;
-    void wheelEvent(QGraphicsSceneWheelEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     void contextMenuEvent(QGraphicsSceneContextMenuEvent* event) override;
     void hoverEnterEvent(QGraphicsSceneHoverEvent* event) override;
@@ -100,16 +98,7 @@ public:
     void hoverLeaveEvent(QGraphicsSceneHoverEvent* event) override;
 
 Q_SIGNALS:
-    // Every event pointer is the scene's, borrowed for the duration of the emission.
-    void leftClicked(QGraphicsSceneMouseEvent* event);
-    void mouseReleased(QGraphicsSceneMouseEvent* event);
-    void mouseMoved(QGraphicsSceneMouseEvent* event);
-    void mouseHoverMove(QGraphicsSceneHoverEvent* event);
-    void mouseHoverLeave(QGraphicsSceneHoverEvent* event);
-    void mouseHoverEnter(QGraphicsSceneHoverEvent* event);
-    void rightClicked(QGraphicsSceneMouseEvent* event);
-    void mouseWheelChanged(QGraphicsSceneWheelEvent* event);
-    void visibilityChanged(bool visible);
+    GUICORE_OVERLAY_ITEM_SIGNALS
 
 protected:
     /// Painting at the view's scale; the plain path-item painting. The painter is borrowed.
@@ -119,8 +108,6 @@ protected:
     /// base draws as paintScaled. The painter is borrowed.
     virtual void paintScaleAgnostic(
         QPainter* painter, const QStyleOptionGraphicsItem* option, QWidget* widget);
-
-    QVariant itemChange(GraphicsItemChange change, const QVariant& value) override;
 
     /// Replaces the clickable region directly, for items with their own hit geometry.
     void setClickableRegion(const QPainterPath& region) { clickableRegion = region; }

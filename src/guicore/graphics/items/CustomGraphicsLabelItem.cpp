@@ -3,6 +3,7 @@
 #include "CustomGraphicsOutlineTextItem.h"
 #include "CustomGraphicsPixmapItem.h"
 #include "CustomGraphicsRectItem.h"
+#include "ItemViewZoom_p.h"
 
 #include <guicore/style/StyleManager.h>
 
@@ -10,7 +11,6 @@
 #include <settings/SettingsManager.h>
 
 #include <QGraphicsScene>
-#include <QGraphicsView>
 #include <QPen>
 
 #include <algorithm>
@@ -209,12 +209,7 @@ void CustomGraphicsLabelItem::updateVisualization()
 
 QPainterPath CustomGraphicsLabelItem::shape() const
 {
-    double s = 1.0;
-    if (QGraphicsScene* sc = scene()) {
-        const QList<QGraphicsView*> views = sc->views();
-        if (!views.isEmpty())
-            s = 1.0 / views.first()->transform().m11();
-    }
+    const double s = 1.0 / firstViewZoom(*this);
     QRectF box = background->getRect();
     if (box.top() > box.bottom()) {
         const qreal top = box.bottom();

@@ -1,8 +1,8 @@
 #include "CustomGraphicsPointDraggerItem.h"
 
-#include <QGraphicsScene>
+#include "ItemViewZoom_p.h"
+
 #include <QGraphicsSceneMouseEvent>
-#include <QGraphicsView>
 #include <QLineF>
 #include <QPainter>
 
@@ -33,12 +33,7 @@ double CustomGraphicsPointDraggerItem::radiusInItemUnits(double scale) const
 
 double CustomGraphicsPointDraggerItem::currentViewScale() const
 {
-    if (QGraphicsScene* sc = scene()) {
-        const QList<QGraphicsView*> views = sc->views();
-        if (!views.isEmpty())
-            return views.first()->transform().m11();
-    }
-    return 1.0;
+    return firstViewZoom(*this);
 }
 
 bool CustomGraphicsPointDraggerItem::isMouseOver(const QPointF& scenePos)

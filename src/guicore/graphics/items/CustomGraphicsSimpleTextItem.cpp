@@ -74,14 +74,6 @@ void CustomGraphicsSimpleTextItem::paintText(QPainter* painter)
 void CustomGraphicsSimpleTextItem::mousePressEvent(QGraphicsSceneMouseEvent* event)
 {
     event->ignore();
-    if (!mapToScene(getClickableRegion()).contains(event->scenePos()) || !isVisible()
-        || !isEnabled())
-        return;
-    if (event->buttons() == Qt::LeftButton) {
-        event->accept();
-        Q_EMIT leftClicked(event);
-    } else if (event->buttons() == Qt::RightButton) {
-        event->accept();
-        Q_EMIT rightClicked(event);
-    }
+    if (mapToScene(getClickableRegion()).contains(event->scenePos()) && isVisible() && isEnabled())
+        reportClick(event);
 }

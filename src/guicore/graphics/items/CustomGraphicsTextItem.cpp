@@ -1,11 +1,11 @@
 #include "CustomGraphicsTextItem.h"
 
+#include "ItemViewZoom_p.h"
+
 #include <guicore/style/StyleManager.h>
 
 #include <QCursor>
-#include <QGraphicsScene>
 #include <QGraphicsSceneMouseEvent>
-#include <QGraphicsView>
 #include <QKeyEvent>
 #include <QPainter>
 #include <QStyleOptionGraphicsItem>
@@ -14,7 +14,7 @@
 #include <QTextDocument>
 
 CustomGraphicsTextItem::CustomGraphicsTextItem(QGraphicsItem* parent)
-    : QGraphicsTextItem(parent)
+    : CustomGraphicsPointerEvents(parent)
 {
     DevicePixelRatio::registerListener(this);
     setFont(createFont());
@@ -99,12 +99,7 @@ void CustomGraphicsTextItem::setPos(const QPointF& pos)
 
 QPainterPath CustomGraphicsTextItem::shape() const
 {
-    double s = 1.0;
-    if (QGraphicsScene* sc = scene()) {
-        const QList<QGraphicsView*> views = sc->views();
-        if (!views.isEmpty())
-            s = 1.0 / views.first()->transform().m11();
-    }
+    const double s = 1.0 / firstViewZoom(*this);
     const QRectF r = QGraphicsTextItem::shape().boundingRect().normalized();
     QPainterPath path;
     path.addRect(
@@ -177,26 +172,6 @@ void CustomGraphicsTextItem::mouseMoveEvent(QGraphicsSceneMouseEvent* event)
 {
     if (editing)
         Q_EMIT mouseMoved(event);
-}
-
-void CustomGraphicsTextItem::mouseReleaseEvent(QGraphicsSceneMouseEvent* event)
-{
-    Q_EMIT mouseReleased(event);
-}
-
-void CustomGraphicsTextItem::hoverEnterEvent(QGraphicsSceneHoverEvent* event)
-{
-    Q_EMIT mouseHoverEnter(event);
-}
-
-void CustomGraphicsTextItem::hoverLeaveEvent(QGraphicsSceneHoverEvent* event)
-{
-    Q_EMIT mouseHoverLeave(event);
-}
-
-void CustomGraphicsTextItem::hoverMoveEvent(QGraphicsSceneHoverEvent* event)
-{
-    Q_EMIT mouseHoverMove(event);
 }
 
 void CustomGraphicsTextItem::devicePixelRatioChanged()

@@ -1,12 +1,11 @@
 #pragma once
 
+#include <guicore/graphics/items/CustomGraphicsPointerEvents.h>
 #include <guicore/guicore_export.h>
 #include <guicore/style/DevicePixelRatio.h>
 
 #include <QGraphicsTextItem>
 
-class QGraphicsSceneHoverEvent;
-class QGraphicsSceneMouseEvent;
 class QKeyEvent;
 
 /// A one-line annotation of at most 256 characters that the user types in place.
@@ -14,8 +13,9 @@ class QKeyEvent;
 /// Drawn in the measurement label font at constant screen size. A left click is reported through
 /// leftClicked and does not start editing by itself: the owner decides with setEditing. Line
 /// breaks never enter the text: Return and Enter are swallowed, pasted breaks become blanks.
-class GUICORE_EXPORT CustomGraphicsTextItem : public QGraphicsTextItem,
-                                              public DevicePixelRatio::Listener
+class GUICORE_EXPORT CustomGraphicsTextItem
+    : public CustomGraphicsPointerEvents<CustomGraphicsTextItem, QGraphicsTextItem>,
+      public DevicePixelRatio::Listener
 {
     Q_OBJECT
     Q_DISABLE_COPY(CustomGraphicsTextItem)
@@ -49,26 +49,17 @@ public:
     void paint(QPainter* painter, const QStyleOptionGraphicsItem* option,
         QWidget* widget = nullptr) override;
 
-    // Event handlers; the events are borrowed.
+    // Event handlers; the events are borrowed. Releases and hover events are reported as every
+    // overlay item reports them (hover events only once the owner accepts them).
     void keyPressEvent(QKeyEvent* event) override;
     void keyReleaseEvent(QKeyEvent* event) override;
+    /// Reported only while editing.
     void mouseMoveEvent(QGraphicsSceneMouseEvent* event) override;
-    void mouseReleaseEvent(QGraphicsSceneMouseEvent* event) override;
-    void hoverEnterEvent(QGraphicsSceneHoverEvent* event) override;
-    void hoverLeaveEvent(QGraphicsSceneHoverEvent* event) override;
-    void hoverMoveEvent(QGraphicsSceneHoverEvent* event) override;
 
     void devicePixelRatioChanged() override;
 
 Q_SIGNALS:
-    // Every event pointer is the scene's, borrowed for the duration of the emission.
-    void leftClicked(QGraphicsSceneMouseEvent* event);
-    void mouseReleased(QGraphicsSceneMouseEvent* event);
-    void mouseMoved(QGraphicsSceneMouseEvent* event);
-    void mouseHoverMove(QGraphicsSceneHoverEvent* event);
-    void mouseHoverLeave(QGraphicsSceneHoverEvent* event);
-    void mouseHoverEnter(QGraphicsSceneHoverEvent* event);
-    void rightClicked(QGraphicsSceneMouseEvent* event);
+    GUICORE_OVERLAY_POINTER_SIGNALS
     void textChanged(QString newText);
 
 private Q_SLOTS:

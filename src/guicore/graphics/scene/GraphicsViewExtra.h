@@ -1,5 +1,6 @@
 #pragma once
 
+#include <guicore/graphics/scene/GraphicsViewExtraSignals.h>
 #include <guicore/guicore_export.h>
 
 #include <QGraphicsView>
@@ -53,20 +54,7 @@ public:
     QPoint getFixedScreenPosForMouseEvent(const QPointF& scenePos, const QPoint& screenPos) const;
 
 Q_SIGNALS:
-    void panStarted();
-    void panFinished();
-    void keyPressed(QKeyEvent* keyEvent);
-    void keyReleased(QKeyEvent* keyEvent);
-    void viewportChanged();
-    void leftAndRightMousePressed(QMouseEvent* mouseEvent);
-    void mouseReleased(QMouseEvent* mouseEvent);
-    void rightMouseReleased(QMouseEvent* mouseEvent);
-    void mouseEntered();
-    void mouseLeft();
-    void mousePositionChanged(double x, double y);
-    void leftMouseButtonDoubleClicked(QPoint pos);
-    void rightMouseButtonDoubleClicked(QPoint pos);
-    void sceneChanged();
+    GUICORE_GRAPHICS_VIEW_EXTRA_SIGNALS
 
 protected:
     void mousePressEvent(QMouseEvent* event) override;

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <guicore/graphics/scene/GraphicsViewExtraSignals.h>
 #include <guicore/guicore_export.h>
 
 #include <QGraphicsView>
@@ -77,19 +78,6 @@ public:
     virtual void update() = 0;
 
 Q_SIGNALS:
-    void panStarted();
-    void panFinished();
-    void keyPressed(QKeyEvent* keyEvent);
-    void keyReleased(QKeyEvent* keyEvent);
-    void viewportChanged();
-    void leftAndRightMousePressed(QMouseEvent* mouseEvent);
-    void mouseReleased(QMouseEvent* mouseEvent);
-    void rightMouseReleased(QMouseEvent* mouseEvent);
-    void mouseEntered();
-    void mouseLeft();
-    void mousePositionChanged(double x, double y);
-    void leftMouseButtonDoubleClicked(QPoint pos);
-    void rightMouseButtonDoubleClicked(QPoint pos);
-    void sceneChanged();
+    GUICORE_GRAPHICS_VIEW_EXTRA_SIGNALS
     void resized(const QRectF& size);
 };

@@ -3,6 +3,7 @@
 #include "GraphicsViewExtra.h"
 
 #include <QKeyEvent>
+#include <QMetaMethod>
 #include <QMouseEvent>
 #include <QWidget>
 
@@ -10,22 +11,18 @@ GraphicsViewExtraWrapper::GraphicsViewExtraWrapper(GraphicsViewExtra* view, QObj
     : GraphicsViewExtraInterface(parent)
     , view(view)
 {
-    using V = GraphicsViewExtra;
-    using I = GraphicsViewExtraInterface;
-    connect(view, &V::panStarted, this, &I::panStarted);
-    connect(view, &V::panFinished, this, &I::panFinished);
-    connect(view, &V::keyPressed, this, &I::keyPressed);
-    connect(view, &V::keyReleased, this, &I::keyReleased);
-    connect(view, &V::viewportChanged, this, &I::viewportChanged);
-    connect(view, &V::leftAndRightMousePressed, this, &I::leftAndRightMousePressed);
-    connect(view, &V::mouseReleased, this, &I::mouseReleased);
-    connect(view, &V::rightMouseReleased, this, &I::rightMouseReleased);
-    connect(view, &V::mouseEntered, this, &I::mouseEntered);
-    connect(view, &V::mouseLeft, this, &I::mouseLeft);
-    connect(view, &V::mousePositionChanged, this, &I::mousePositionChanged);
-    connect(view, &V::leftMouseButtonDoubleClicked, this, &I::leftMouseButtonDoubleClicked);
-    connect(view, &V::rightMouseButtonDoubleClicked, this, &I::rightMouseButtonDoubleClicked);
-    connect(view, &V::sceneChanged, this, &I::sceneChanged);
+    // The interface declares the view's signals under the same names and signatures, so each
+    // is passed on by looking up its namesake: a signal added to the list is forwarded too.
+    const QMetaObject& from = GraphicsViewExtra::staticMetaObject;
+    const QMetaObject& to = GraphicsViewExtraInterface::staticMetaObject;
+    for (int i = from.methodOffset(); i < from.methodCount(); ++i) {
+        const QMetaMethod signal = from.method(i);
+        if (signal.methodType() != QMetaMethod::Signal)
+            continue;
+        const int namesake = to.indexOfSignal(signal.methodSignature().constData());
+        Q_ASSERT(namesake >= 0);
+        connect(view, signal, this, to.method(namesake));
+    }
 }
 
 GraphicsViewExtraWrapper::~GraphicsViewExtraWrapper() = default;

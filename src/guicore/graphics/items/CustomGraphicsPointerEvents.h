@@ -1,0 +1,66 @@
+#pragma once
+
+#include <QGraphicsSceneEvent>
+
+// The pointer signals of every overlay item, in this order; each event pointer is the scene's,
+// borrowed for the duration of the emission. The items' QObject bases differ (their own, or the
+// one inside QGraphicsSvgItem and QGraphicsTextItem) and moc reads no signals from templates, so
+// each item declares the list in its Q_SIGNALS section through this macro, which moc expands.
+#define GUICORE_OVERLAY_POINTER_SIGNALS                                                            \
+    void leftClicked(QGraphicsSceneMouseEvent* event);                                             \
+    void mouseReleased(QGraphicsSceneMouseEvent* event);                                           \
+    void mouseMoved(QGraphicsSceneMouseEvent* event);                                              \
+    void mouseHoverMove(QGraphicsSceneHoverEvent* event);                                          \
+    void mouseHoverLeave(QGraphicsSceneHoverEvent* event);                                         \
+    void mouseHoverEnter(QGraphicsSceneHoverEvent* event);                                         \
+    void rightClicked(QGraphicsSceneMouseEvent* event);
+
+/// Reports a Qt graphics item's pointer events through the signals of
+/// GUICORE_OVERLAY_POINTER_SIGNALS, which Item (the class deriving from this one) declares.
+/// Moves, releases and hover events are reported as they come; an item that reports them only
+/// in some states overrides the handler.
+template <class Item, class GraphicsItem> class CustomGraphicsPointerEvents : public GraphicsItem
+{
+public:
+    using GraphicsItem::GraphicsItem;
+
+    // Event handlers, public so that a scene dispatching by itself can call them; the events
+    // are borrowed.
+    void mouseMoveEvent(QGraphicsSceneMouseEvent* event) override
+    {
+        Q_EMIT self()->mouseMoved(event);
+    }
+    void mouseReleaseEvent(QGraphicsSceneMouseEvent* event) override
+    {
+        Q_EMIT self()->mouseReleased(event);
+    }
+    void hoverEnterEvent(QGraphicsSceneHoverEvent* event) override
+    {
+        Q_EMIT self()->mouseHoverEnter(event);
+    }
+    void hoverMoveEvent(QGraphicsSceneHoverEvent* event) override
+    {
+        Q_EMIT self()->mouseHoverMove(event);
+    }
+    void hoverLeaveEvent(QGraphicsSceneHoverEvent* event) override
+    {
+        Q_EMIT self()->mouseHoverLeave(event);
+    }
+
+protected:
+    /// A press of exactly the left or exactly the right button is accepted and reported as a
+    /// click; chords and other buttons leave the event as it is. The event is borrowed.
+    void reportClick(QGraphicsSceneMouseEvent* event)
+    {
+        if (event->buttons() == Qt::LeftButton) {
+            event->accept();
+            Q_EMIT self()->leftClicked(event);
+        } else if (event->buttons() == Qt::RightButton) {
+            event->accept();
+            Q_EMIT self()->rightClicked(event);
+        }
+    }
+
+private:
+    Item* self() { return static_cast<Item*>(this); }
+};
