@@ -87,8 +87,8 @@ public Q_SLOTS:
         int counter = 0;
         SolutionActionGroup* group
             = SolutionBuilderHelper::addActionGroupToSolution(*manager, m_step.get(), counter);
-        ActionList* list = SolutionBuilderHelper::addActionListToGroup(
-            *manager, QStringLiteral("panel"), group);
+        ActionList* list
+            = SolutionBuilderHelper::addActionListToGroup(*manager, QStringLiteral("panel"), group);
         SolutionBuilderHelper::addActionsToList(getActions(), list);
     }
 

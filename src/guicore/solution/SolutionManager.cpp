@@ -41,7 +41,8 @@ SolutionManager::SolutionManager()
 
 SolutionManager::~SolutionManager()
 {
-    // Stop watching first: deleting owned objects must not come back into the maps being emptied.
+    // Stop watching and disconnect first: deleting owned objects must not come back into the
+    // maps being emptied.
     FeatureWatchers::remove(this);
     for (auto* object : std::as_const(m_actions))
         disconnect(object, nullptr, this, nullptr);

@@ -88,10 +88,9 @@ void SwitchingViewsManager::switchToView(const QString& id)
         switchToView(parent);
         return;
     }
-    qCWarning(lcView).noquote() << QStringLiteral(
-        "SwitchingViewsManager : no view or sub view with ID %1 exists in the current "
-        "solution.")
-                                .arg(id);
+    qCWarning(lcView,
+        "SwitchingViewsManager : no view or sub view with ID %s exists in the current solution.",
+        qUtf8Printable(id));
 }
 
 void SwitchingViewsManager::switchToView(View* view)
