@@ -98,6 +98,7 @@ void tst_PluginUnload::closedPluginLeavesNothingBehind()
     QCOMPARE(solutions.getSolutionStep(QStringLiteral("step")), nullptr);
     QCOMPARE(solutions.getCurrentSolutionStep(), nullptr);
     QVERIFY(solutions.getViews().isEmpty());
+    QCOMPARE(solutions.getView(QStringLiteral("multi")), nullptr);
     QVERIFY(!solutions.hasView(QList<QString> {QStringLiteral("plain"), QStringLiteral("multi")}));
     QCOMPARE(solutions.getActionGroup(group->getID()), group.data());
     QCOMPARE(group->getActionLists(), QList<ActionList*> {panel.data()});
