@@ -26,6 +26,7 @@ private Q_SLOTS:
     void deleteWidgetShortcut();
     void enablingSwitchesShortcutsAndActions();
     void destroyedActionStaysListedUntilRemoved();
+    void destroyedMainWidgetIsForgotten();
 
 private:
     std::unique_ptr<QWidget> m_mainWidget;
@@ -194,6 +195,22 @@ void tst_ShortcutManager::destroyedActionStaysListedUntilRemoved()
     QCOMPARE(m_manager->getShortcuts(), std::vector<QShortcut*> {shortcut});
     m_manager->removeQAction(address);
     QVERIFY(m_manager->getQActions().empty());
+}
+
+void tst_ShortcutManager::destroyedMainWidgetIsForgotten()
+{
+    auto window = std::make_unique<QWidget>();
+    m_manager->setMainApplicationWidget(window.get());
+    window.reset();
+
+    // No application shortcut is ever parented to the destroyed widget; a new one may take over.
+    QTest::ignoreMessage(QtDebugMsg,
+        "ShortcutManager : cannot add an application shortcut if "
+        "the application main widget is not set.");
+    QCOMPARE(m_manager->addApplicationShortcut(QKeySequence("Ctrl+Q")), nullptr);
+    m_manager->setMainApplicationWidget(m_mainWidget.get());
+    QCOMPARE(
+        m_manager->addApplicationShortcut(QKeySequence("Ctrl+Q"))->parent(), m_mainWidget.get());
 }
 
 QTEST_MAIN(tst_ShortcutManager)

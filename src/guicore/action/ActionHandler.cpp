@@ -2,6 +2,8 @@
 
 #include "Action.h"
 
+#include "../Logging_p.h"
+
 #include <QCoreApplication>
 #include <QKeyEvent>
 #include <QMouseEvent>
@@ -17,7 +19,7 @@ ActionHandler::~ActionHandler() = default;
 bool ActionHandler::startHandler(Action* action)
 {
     if (m_active) {
-        qWarning("ActionHandler::startHandler : there is still an action that is busy");
+        qCWarning(lcAction, "ActionHandler::startHandler : there is still an action that is busy");
         return false;
     }
     m_active = true;

@@ -1,6 +1,6 @@
 #include "ActionManager.h"
 
-#include <guicore/solution/SolutionManager.h>
+#include "ActionRegistry.h"
 
 namespace action {
 
@@ -11,17 +11,12 @@ ActionManager::ActionManager()
 
 ActionManager::~ActionManager() = default;
 
-void ActionManager::setSolutionManager(SolutionManager* manager)
-{
-    m_solutionManager = manager;
-    if (manager)
-        connect(manager, &SolutionManager::actionAdded, this, &ActionManager::actionAdded,
-            Qt::UniqueConnection);
-}
+// setSolutionManager() and getSolutionManager() are defined with SolutionManager
+// (solution/SolutionManager.cpp): only there is it known to be an ActionRegistry.
 
-SolutionManager* ActionManager::getSolutionManager() const
+ActionRegistry* ActionManager::actionRegistry() const
 {
-    return m_solutionManager;
+    return m_solutionManager.isNull() ? nullptr : m_actionRegistry;
 }
 
 Action* ActionManager::getCurrentAction() const
@@ -98,9 +93,10 @@ void ActionManager::actionTriggered(bool checked)
 
 void ActionManager::disableAllActions()
 {
-    if (!m_solutionManager)
+    ActionRegistry* registry = actionRegistry();
+    if (!registry)
         return;
-    const QMap<QString, Action*> actions = m_solutionManager->getAllActions();
+    const QMap<QString, Action*> actions = registry->getAllActions();
     for (Action* action : actions) {
         if (action == m_currentAction)
             continue;
@@ -117,9 +113,10 @@ void ActionManager::updateActions() const
     if (m_currentAction && m_currentAction->isActive()
         && m_currentAction->shouldDisableOtherActionsOnStart())
         return;
-    if (!m_solutionManager)
+    ActionRegistry* registry = actionRegistry();
+    if (!registry)
         return;
-    const QMap<QString, Action*> actions = m_solutionManager->getAllActions();
+    const QMap<QString, Action*> actions = registry->getAllActions();
     for (Action* action : actions)
         action->update();
 }
@@ -200,9 +197,10 @@ void ActionManager::stopAllActiveActions()
 
 void ActionManager::resetActions()
 {
-    if (!m_solutionManager)
+    ActionRegistry* registry = actionRegistry();
+    if (!registry)
         return;
-    const QMap<QString, Action*> actions = m_solutionManager->getAllActions();
+    const QMap<QString, Action*> actions = registry->getAllActions();
     for (Action* action : actions) {
         action->blockSignals(true);
         action->setActionState(Action::NoState);

@@ -11,6 +11,9 @@
 #include <QVariant>
 
 class SolutionManager;
+namespace action {
+class ActionRegistry;
+}
 /// The application's wizard type; only its pointer passes through the action manager.
 class WizardCore;
 Q_DECLARE_OPAQUE_POINTER(WizardCore*)
@@ -35,9 +38,10 @@ public:
     ~ActionManager() override;
 
     /// Listens to `manager`'s actionAdded(); does not take ownership, does not disconnect an
-    /// earlier manager and does not visit actions registered before.
+    /// earlier manager and does not visit actions registered before. The full action set is
+    /// read from the manager as an ActionRegistry.
     void setSolutionManager(SolutionManager* manager);
-    /// Not owned by the caller.
+    /// Not owned by the caller; null once the manager is destroyed.
     SolutionManager* getSolutionManager() const;
 
     /// The most recently started action that still runs, or null; not owned by the caller.
@@ -105,12 +109,17 @@ private:
     };
 
     void forgetAction(QObject* action);
+    /// The solution manager as the registry of all actions, or null while there is none.
+    ActionRegistry* actionRegistry() const;
 
     QList<Action*> m_activeActions;
     Action* m_currentAction = nullptr;
     bool m_enableUpdates = true;
     int m_updatesCounter = 0;
     QPointer<SolutionManager> m_solutionManager;
+    // The same object as m_solutionManager, seen as what this framework may know of it; valid
+    // exactly while m_solutionManager is not null.
+    ActionRegistry* m_actionRegistry = nullptr;
     QList<QueuedAction> m_queue;
 };
 

@@ -1,6 +1,6 @@
 #include "MultiAction.h"
 
-#include <guicore/solution/SolutionManager.h>
+#include "ActionRegistry.h"
 
 MultiAction::MultiAction()
     : MultiAction(QStringLiteral("undefined_multi_action"))
@@ -26,14 +26,12 @@ MultiAction::~MultiAction()
     MultiAction::clearActions();
 }
 
-SolutionManager* MultiAction::getSolutionManager() const
-{
-    return m_solutionManager;
-}
+// setSolutionManager() and getSolutionManager() are defined with SolutionManager
+// (solution/SolutionManager.cpp): only there is it known to be an ActionRegistry.
 
-void MultiAction::setSolutionManager(SolutionManager* manager)
+action::ActionRegistry* MultiAction::actionRegistry() const
 {
-    m_solutionManager = manager;
+    return m_solutionManager.isNull() ? nullptr : m_actionRegistry;
 }
 
 void MultiAction::forgetChild(QObject* child)
@@ -49,8 +47,8 @@ void MultiAction::addAction(Action* child)
         return;
     m_actions.append(child);
     connect(child, &QObject::destroyed, this, &MultiAction::forgetChild, Qt::UniqueConnection);
-    if (m_solutionManager)
-        m_solutionManager->addAction(child);
+    if (action::ActionRegistry* registry = actionRegistry())
+        registry->addAction(child);
     Q_EMIT actionAdded(child);
 }
 
@@ -60,14 +58,15 @@ void MultiAction::insertAction(Action* child, int index)
         return;
     m_actions.insert(qBound(0, index, int(m_actions.size())), child);
     connect(child, &QObject::destroyed, this, &MultiAction::forgetChild, Qt::UniqueConnection);
-    if (m_solutionManager)
-        m_solutionManager->addAction(child);
+    if (action::ActionRegistry* registry = actionRegistry())
+        registry->addAction(child);
 }
 
 void MultiAction::removeAction(Action* child)
 {
-    if (m_solutionManager && child)
-        m_solutionManager->removeAction(child);
+    action::ActionRegistry* registry = actionRegistry();
+    if (registry && child)
+        registry->removeAction(child);
     if (m_actions.removeOne(child) && !m_actions.contains(child))
         disconnect(child, &QObject::destroyed, this, &MultiAction::forgetChild);
     Q_EMIT actionRemoved(child);

@@ -3,6 +3,9 @@
 #include <guicore/action/Action.h>
 
 class SolutionManager;
+namespace action {
+class ActionRegistry;
+}
 
 /// An action that carries child actions, shown as a menu or a drop-down tool button.
 ///
@@ -20,9 +23,11 @@ public:
     /// Removes every child (see clearActions()); the children themselves are not deleted.
     ~MultiAction() override;
 
-    /// The registry children are added to and removed from, or null; not owned.
+    /// The registry children are added to and removed from, or null; not owned. Null once the
+    /// manager is destroyed.
     SolutionManager* getSolutionManager() const;
-    /// Does not take ownership.
+    /// Does not take ownership. The children are registered with the manager as an
+    /// ActionRegistry.
     void setSolutionManager(SolutionManager* manager);
 
     /// Appends a child (not owned), registers it and emits actionAdded().
@@ -61,8 +66,13 @@ protected:
 
 private:
     void forgetChild(QObject* child);
+    /// The solution manager as the action registry, or null while there is none.
+    action::ActionRegistry* actionRegistry() const;
 
     QPointer<SolutionManager> m_solutionManager;
+    // The same object as m_solutionManager, seen as what this framework may know of it; valid
+    // exactly while m_solutionManager is not null.
+    action::ActionRegistry* m_actionRegistry = nullptr;
     QList<Action*> m_actions;
     QString m_menuStyleSheetType;
     QString m_toolButtonStyleSheetType;

@@ -10,13 +10,15 @@ class SolutionStep;
 class View;
 
 /// One workflow of the application: its steps in order and its views, one of them current.
-/// Copies are shallow: they share the pointed-to steps and views, none of which is owned.
+/// Copies are shallow: they share the pointed-to steps and views, none of which is owned. A step
+/// or view destroyed elsewhere is dropped from every solution that lists it.
 class GUICORE_EXPORT Solution : public solution::Feature
 {
 public:
     Solution(QString id, QString name);
     Solution(const Solution& other);
     Solution& operator=(const Solution& other);
+    /// The solution manager forgets the solution, and the active solution if it was this one.
     ~Solution() override;
 
     QString getName() const;
@@ -41,6 +43,9 @@ public:
     void setCurrentView(View* view);
 
 private:
+    void watchBorrowed();
+    void forget(const void* destroyed);
+
     QString m_name;
     QList<SolutionStep*> m_solutionSteps;
     QList<View*> m_views;

@@ -1,56 +1,24 @@
 #include "SolutionManager.h"
 
+#include "../Logging_p.h"
+#include "Feature_p.h"
 #include "Solution.h"
 #include "SolutionActionGroup.h"
-#include "SolutionPluginInterface.h"
-#include "SolutionRegistries_p.h"
+#include "SolutionPluginInterface_p.h"
 #include "SolutionStep.h"
 #include <guicore/view/View.h>
 
 #include <guicore/action/ActionList.h>
+#include <guicore/action/ActionManager.h>
+#include <guicore/action/MultiAction.h>
 
 #include <settings/MessageHandler.h>
 
 #include <algorithm>
 #include <utility>
 
-namespace solution::detail {
-
-// Both lists are made on first use and never destroyed: a plug-in instance that Qt's plug-in
-// loader deletes among the static destructors at exit must still find its list alive.
-QList<SolutionManager*>& Registries::managers()
-{
-    static auto* live = new QList<SolutionManager*>;
-    return *live;
-}
-
-QList<SolutionPluginInterface*>& Registries::plugins()
-{
-    static auto* live = new QList<SolutionPluginInterface*>;
-    return *live;
-}
-
-void Registries::releaseFromManagers(View* view)
-{
-    for (SolutionManager* manager : std::as_const(managers()))
-        manager->forgetView(view);
-}
-
-void Registries::releaseFromManagers(Feature* feature)
-{
-    for (SolutionManager* manager : std::as_const(managers()))
-        manager->forgetFeature(feature);
-}
-
-void Registries::releaseFromPlugins(View* view)
-{
-    for (SolutionPluginInterface* plugin : std::as_const(plugins()))
-        plugin->m_views.removeAll(view);
-}
-
-} // namespace solution::detail
-
-using solution::detail::Registries;
+using solution::detail::FeatureWatchers;
+using solution::detail::LivePlugins;
 
 namespace {
 template <typename Map, typename Predicate> void eraseValuesIf(Map& map, Predicate matches)
@@ -62,23 +30,20 @@ template <typename Map, typename Predicate> void eraseValuesIf(Map& map, Predica
             ++it;
     }
 }
-
-template <typename Map, typename Pointer> void removeValue(Map& map, Pointer value)
-{
-    eraseValuesIf(map, [value](Pointer entry) { return entry == value; });
-}
 } // namespace
 
 SolutionManager::SolutionManager()
     : QObject(nullptr)
 {
-    Registries::managers().append(this);
+    // Features, views and solutions are no QObjects; their destructors announce their end.
+    FeatureWatchers::add(this, [this](const void* destroyed) { forgetFeature(destroyed); });
 }
 
 SolutionManager::~SolutionManager()
 {
-    Registries::managers().removeAll(this);
-    // Disconnect first: deleting owned objects must not come back into the maps being emptied.
+    // Stop watching and disconnect first: deleting owned objects must not come back into the
+    // maps being emptied.
+    FeatureWatchers::remove(this);
     for (auto* object : std::as_const(m_actions))
         disconnect(object, nullptr, this, nullptr);
     for (auto* object : std::as_const(m_solutionSteps))
@@ -104,14 +69,15 @@ void SolutionManager::forgetObject(QObject* object)
     m_adoptedActionLists.removeIf(same);
 }
 
-void SolutionManager::forgetView(View* view)
+void SolutionManager::forgetFeature(const void* feature)
 {
-    removeValue(m_views, view);
-}
-
-void SolutionManager::forgetFeature(solution::Feature* feature)
-{
-    removeValue(m_features, feature);
+    const auto same
+        = [feature](const auto* entry) { return static_cast<const void*>(entry) == feature; };
+    eraseValuesIf(m_features, same);
+    eraseValuesIf(m_solutions, same);
+    eraseValuesIf(m_views, same);
+    if (same(m_activeSolution))
+        m_activeSolution = nullptr;
 }
 
 void SolutionManager::addAction(Action* action)
@@ -142,7 +108,7 @@ Action* SolutionManager::getAction(const QString& id) const
         return action;
     const QString message = QStringLiteral("Action ") + id + QStringLiteral(" not found.");
     MessageHandler::setMessageSuppressed(message, 1);
-    qWarning().noquote() << message;
+    qCWarning(lcSolution).noquote() << message;
     return nullptr;
 }
 
@@ -284,27 +250,23 @@ void SolutionManager::addView(View* view)
     const QString id = view->getID();
     View* previous = m_views.value(id);
     m_views.insert(id, view);
-    if (previous && previous != view) {
-        Registries::releaseFromPlugins(previous);
+    // A plug-in that also holds the view forgets it as it is destroyed.
+    if (previous && previous != view)
         delete previous;
-    }
 }
 
 std::unique_ptr<View> SolutionManager::removeView(const QString& id)
 {
     View* view = m_views.take(id);
     if (view)
-        Registries::releaseFromPlugins(view);
+        LivePlugins::release(view);
     return std::unique_ptr<View>(view);
 }
 
 void SolutionManager::clearViews()
 {
     const QMap<QString, View*> views = std::exchange(m_views, {});
-    for (View* view : views) {
-        Registries::releaseFromPlugins(view);
-        delete view;
-    }
+    qDeleteAll(views);
 }
 
 View* SolutionManager::getView(const QString& id) const
@@ -368,4 +330,33 @@ void SolutionManager::setCurrentSolutionStep(const QString& stepId)
 SolutionStep* SolutionManager::getCurrentSolutionStep() const
 {
     return m_solutionSteps.value(m_currentSolutionStepId);
+}
+
+// The action framework lies below this registry and knows it only as an action::ActionRegistry.
+// Its members that take or return a SolutionManager must turn the one into the other, which only
+// code that knows both can do, so they are defined here.
+
+void action::ActionManager::setSolutionManager(SolutionManager* manager)
+{
+    m_solutionManager = manager;
+    m_actionRegistry = manager;
+    if (manager)
+        connect(manager, &SolutionManager::actionAdded, this, &ActionManager::actionAdded,
+            Qt::UniqueConnection);
+}
+
+SolutionManager* action::ActionManager::getSolutionManager() const
+{
+    return m_solutionManager;
+}
+
+void MultiAction::setSolutionManager(SolutionManager* manager)
+{
+    m_solutionManager = manager;
+    m_actionRegistry = manager;
+}
+
+SolutionManager* MultiAction::getSolutionManager() const
+{
+    return m_solutionManager;
 }

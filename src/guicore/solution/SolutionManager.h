@@ -1,6 +1,7 @@
 #pragma once
 
 #include <guicore/action/Action.h>
+#include <guicore/action/ActionRegistry.h>
 #include <guicore/guicore_export.h>
 
 #include <QList>
@@ -18,10 +19,7 @@ class SolutionStep;
 class View;
 namespace solution {
 class Feature;
-namespace detail {
-struct Registries;
 }
-} // namespace solution
 
 /// The registry of everything solution plug-ins contribute, each kept by id: solutions, steps,
 /// action groups, action lists, features, actions and views. It also holds the active solution
@@ -30,9 +28,12 @@ struct Registries;
 /// Ownership: action groups and views belong to the registry. A view that a plug-in also holds
 /// is deleted by whichever side lets go of it first, and the other side forgets it. Action
 /// lists without a QObject parent (as the builder helper makes them) are deleted with the
-/// registry. Everything else is borrowed; actions, steps and lists deleted elsewhere are dropped
-/// from the registry, and so are the features and views a plug-in deletes on close.
-class GUICORE_EXPORT SolutionManager : public QObject
+/// registry. Everything else is borrowed, and whatever is destroyed elsewhere is dropped from the
+/// registry: actions, steps, lists, features, views and solutions, the active one included (which
+/// then leaves no active solution, without solutionChanged()).
+///
+/// The action framework sees this registry as its action::ActionRegistry.
+class GUICORE_EXPORT SolutionManager : public QObject, public action::ActionRegistry
 {
     Q_OBJECT
 
@@ -42,9 +43,9 @@ public:
 
     /// Stores the action (not owned) under its id, replacing an earlier one, and emits
     /// actionAdded(). Null is ignored.
-    void addAction(Action* action);
+    void addAction(Action* action) override;
     /// Removes the entry under the action's id; the action is not deleted and nothing is emitted.
-    void removeAction(Action* action);
+    void removeAction(Action* action) override;
     void clearActions();
     /// The action, or null with the warning "Action <id> not found." (registered first with the
     /// message handler so that repeats are suppressed). Not owned by the caller.
@@ -52,7 +53,7 @@ public:
     /// getAction() for each id in order, leaving out (and warning about) those not found.
     QList<Action*> getActions(const QList<QString>& ids) const;
     /// Every action keyed by id, so iterating runs in ascending id order.
-    QMap<QString, Action*> getAllActions() const;
+    QMap<QString, Action*> getAllActions() const override;
     int getActionsCount() const;
     bool hasAction(const QString& id) const;
 
@@ -125,11 +126,8 @@ Q_SIGNALS:
     void solutionChanged(bool startup);
 
 private:
-    friend struct solution::detail::Registries;
-
     void forgetObject(QObject* object);
-    void forgetView(View* view);
-    void forgetFeature(solution::Feature* feature);
+    void forgetFeature(const void* feature);
 
     QString m_currentSolutionStepId;
     QMap<QString, Solution*> m_solutions;

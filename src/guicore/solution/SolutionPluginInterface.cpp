@@ -1,30 +1,56 @@
 #include "SolutionPluginInterface.h"
 
 #include "Feature.h"
-#include "SolutionRegistries_p.h"
+#include "Feature_p.h"
+#include "SolutionPluginInterface_p.h"
 #include <guicore/view/View.h>
 
 #include <guicore/action/Action.h>
 
 #include <QPointer>
 
-using solution::detail::Registries;
+using solution::detail::FeatureWatchers;
+using solution::detail::LivePlugins;
+
+namespace solution::detail {
+
+QList<SolutionPluginInterface*>& LivePlugins::all()
+{
+    // Made on first use and never destroyed: a plug-in instance that Qt's plug-in loader deletes
+    // among the static destructors at exit must still find its list alive.
+    static auto* live = new QList<SolutionPluginInterface*>;
+    return *live;
+}
+
+void LivePlugins::release(View* view)
+{
+    for (SolutionPluginInterface* plugin : std::as_const(all()))
+        plugin->m_views.removeAll(view);
+}
+
+} // namespace solution::detail
 
 SolutionPluginInterface::SolutionPluginInterface()
 {
-    Registries::plugins().append(this);
+    LivePlugins::all().append(this);
+    // A solution manager deletes the views it holds when it goes or replaces one; views are no
+    // QObjects, so their destructors announce it.
+    FeatureWatchers::add(this, [this](const void* destroyed) {
+        m_views.removeIf([destroyed](View* view) { return view == destroyed; });
+    });
 }
 
 SolutionPluginInterface::~SolutionPluginInterface()
 {
     SolutionPluginInterface::close();
-    Registries::plugins().removeAll(this);
+    FeatureWatchers::remove(this);
+    LivePlugins::all().removeAll(this);
 }
 
 void SolutionPluginInterface::close()
 {
-    for (const auto& feature : m_features)
-        Registries::releaseFromManagers(feature.get());
+    // Whatever borrows these (solution managers, solutions, view switching) forgets each one as
+    // it is destroyed.
     m_features.clear();
 
     // An action may delete another one (a multi-action its children, say); guard each pointer.
@@ -35,11 +61,7 @@ void SolutionPluginInterface::close()
     for (const QPointer<Action>& action : std::as_const(actions))
         delete action.data();
 
-    const QList<View*> views = std::exchange(m_views, {});
-    for (View* view : views) {
-        Registries::releaseFromManagers(view);
-        delete view;
-    }
+    qDeleteAll(std::exchange(m_views, {}));
 }
 
 void SolutionPluginInterface::loadActions() { }

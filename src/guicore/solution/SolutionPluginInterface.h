@@ -13,14 +13,15 @@ class View;
 namespace solution {
 class Feature;
 namespace detail {
-struct Registries;
+struct LivePlugins;
 }
 } // namespace solution
 
 /// The base of every solution plug-in: it keeps what the plug-in creates (actions, features,
 /// views) and releases all of it on close(). The host registers these objects with the
-/// SolutionManager; a view or feature deleted here is dropped from every solution manager, and a
-/// view a solution manager deletes or hands out first is dropped from here.
+/// SolutionManager; whatever is deleted here is dropped from every registry that borrows it
+/// (solution managers, solutions, action lists and groups, the action manager, view switching),
+/// and a view a solution manager deletes or hands out first is dropped from here.
 class GUICORE_EXPORT SolutionPluginInterface
 {
 public:
@@ -58,7 +59,7 @@ protected:
     void addAction(Action* action);
 
 private:
-    friend struct solution::detail::Registries;
+    friend struct solution::detail::LivePlugins;
 
     QList<Action*> m_actions;
     std::vector<std::unique_ptr<solution::Feature>> m_features;

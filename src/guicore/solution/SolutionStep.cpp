@@ -1,5 +1,6 @@
 #include "SolutionStep.h"
 
+#include "Feature_p.h"
 #include "SolutionActionGroup.h"
 
 #include <algorithm>
@@ -11,7 +12,11 @@ SolutionStep::SolutionStep(const QString& id, const QString& name)
 {
 }
 
-SolutionStep::~SolutionStep() = default;
+SolutionStep::~SolutionStep()
+{
+    // Solutions list their steps but are no QObjects, so they cannot listen to destroyed().
+    solution::detail::FeatureWatchers::announceDestroyed(this);
+}
 
 QString SolutionStep::getID() const
 {

@@ -2,6 +2,8 @@
 
 #include "ViewNodeInteractor.h"
 
+#include "../Logging_p.h"
+
 #include <QDebug>
 #include <QStackedWidget>
 
@@ -132,7 +134,7 @@ void MultiView::switchToSubView(const QString& id)
         return;
     View* target = getSubViewByID(id);
     if (!target) {
-        qWarning().noquote() << QStringLiteral("Can't switch to unknown sub view ") + id;
+        qCWarning(lcView).noquote() << QStringLiteral("Can't switch to unknown sub view ") + id;
         return;
     }
     if (target == m_activeSubView)

@@ -4,6 +4,7 @@
 #include "ViewManager.h"
 
 #include "../Logging_p.h"
+#include "../solution/Feature_p.h"
 
 #include <guicore/action/Action.h>
 #include <guicore/action/ActionManager.h>
@@ -26,9 +27,15 @@ const char* const noActiveSolution = "SwitchingViewsManager : no solution is cur
 SwitchingViewsManager::SwitchingViewsManager()
     : QObject(nullptr)
 {
+    // Views are no QObjects; their destructors announce their end.
+    solution::detail::FeatureWatchers::add(
+        this, [this](const void* destroyed) { forgetView(destroyed); });
 }
 
-SwitchingViewsManager::~SwitchingViewsManager() = default;
+SwitchingViewsManager::~SwitchingViewsManager()
+{
+    solution::detail::FeatureWatchers::remove(this);
+}
 
 void SwitchingViewsManager::setSolutionManager(SolutionManager* manager)
 {
@@ -69,7 +76,7 @@ void SwitchingViewsManager::switchToView(const QString& id)
 {
     Solution* solution = activeSolution();
     if (!solution) {
-        qWarning("%s", noSolutionManagerOrActiveSolution);
+        qCWarning(lcView, "%s", noSolutionManagerOrActiveSolution);
         return;
     }
     if (View* view = solution->getViewById(id)) {
@@ -81,17 +88,16 @@ void SwitchingViewsManager::switchToView(const QString& id)
         switchToView(parent);
         return;
     }
-    qWarning().noquote() << QStringLiteral(
-        "SwitchingViewsManager : no view or sub view with ID %1 exists in the current "
-        "solution.")
-                                .arg(id);
+    qCWarning(lcView,
+        "SwitchingViewsManager : no view or sub view with ID %s exists in the current solution.",
+        qUtf8Printable(id));
 }
 
 void SwitchingViewsManager::switchToView(View* view)
 {
     Solution* solution = activeSolution();
     if (!solution) {
-        qWarning("%s", noSolutionManagerOrActiveSolution);
+        qCWarning(lcView, "%s", noSolutionManagerOrActiveSolution);
         return;
     }
     if (view == m_currentView)
@@ -231,7 +237,7 @@ void SwitchingViewsManager::installViewSwitchingShortcuts(QWidget* widget)
 {
     Solution* solution = activeSolution();
     if (!solution) {
-        qWarning("%s", noActiveSolution);
+        qCWarning(lcView, "%s", noActiveSolution);
         return;
     }
     if (!m_shortcutManager) {
@@ -266,6 +272,18 @@ void SwitchingViewsManager::forgetShortcut(QObject* shortcut)
     // Only the address is compared: the shortcut is being destroyed.
     for (auto it = m_shortcuts.begin(); it != m_shortcuts.end();) {
         if (static_cast<const void*>(it->first) == static_cast<const void*>(shortcut))
+            it = m_shortcuts.erase(it);
+        else
+            ++it;
+    }
+}
+
+void SwitchingViewsManager::forgetView(const void* view)
+{
+    if (m_currentView == view)
+        m_currentView = nullptr;
+    for (auto it = m_shortcuts.begin(); it != m_shortcuts.end();) {
+        if (it->second == view)
             it = m_shortcuts.erase(it);
         else
             ++it;
@@ -320,7 +338,7 @@ void SwitchingViewsManager::registerSceneEventHandler(events::SceneEventHandler*
 {
     Solution* solution = activeSolution();
     if (!solution) {
-        qWarning("%s", noActiveSolution);
+        qCWarning(lcView, "%s", noActiveSolution);
         return;
     }
     for (View* view : solution->getViews()) {
@@ -333,7 +351,7 @@ void SwitchingViewsManager::unregisterSceneEventHandler(events::SceneEventHandle
 {
     Solution* solution = activeSolution();
     if (!solution) {
-        qWarning("%s", noActiveSolution);
+        qCWarning(lcView, "%s", noActiveSolution);
         return;
     }
     for (View* view : solution->getViews()) {

@@ -36,8 +36,9 @@ class SceneEventHandler;
 /// mousePositionChanged() and availableViewsChanged() are never emitted here: the application
 /// emits them through this object so that the whole user interface listens at one place.
 ///
-/// The managers set here are borrowed. Views are borrowed as well; the application must not
-/// delete the current view or a view with an installed shortcut while this object uses them.
+/// The managers set here are borrowed. Views are borrowed as well, and a destroyed view is
+/// forgotten (with a plug-in that closes, say): its shortcut entries go, and when it was the
+/// current view there is none until the next switch.
 class GUICORE_EXPORT SwitchingViewsManager : public QObject
 {
     Q_OBJECT
@@ -141,6 +142,7 @@ private:
 
     Solution* activeSolution() const;
     void forgetShortcut(QObject* shortcut);
+    void forgetView(const void* view);
 
     View* m_currentView = nullptr;
     QPointer<SolutionManager> m_solutionManager;

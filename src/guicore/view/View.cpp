@@ -3,6 +3,9 @@
 #include "ViewManager.h"
 #include "ViewNodeInteractor.h"
 
+#include "../Logging_p.h"
+#include "../solution/Feature_p.h"
+
 #include <QWidget>
 
 View::View()
@@ -15,7 +18,11 @@ View::View(const QString& id)
 {
 }
 
-View::~View() = default;
+View::~View()
+{
+    // Registries keep views as View*; tell them this address while the view is still one.
+    solution::detail::FeatureWatchers::announceDestroyed(this);
+}
 
 QWidget* View::getWidget()
 {
@@ -80,7 +87,7 @@ void View::setViewManager(std::unique_ptr<ViewManager> manager)
     if (m_viewManager) {
         // The running viewers belong to the first manager; swapping it under them is never
         // wanted, so the newcomer is dropped.
-        qWarning("View : this view already has a manager set.");
+        qCWarning(lcView, "View : this view already has a manager set.");
         return;
     }
     m_viewManager = std::move(manager);

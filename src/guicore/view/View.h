@@ -29,7 +29,7 @@ public:
     /// A view with the id "undefined_view".
     View();
     explicit View(const QString& id);
-    /// Destroys the view manager.
+    /// Destroys the view manager. The solution registries and the view switching forget the view.
     ~View() override;
 
     View(const View&) = delete;

@@ -35,6 +35,8 @@ std::vector<QShortcut*> ShortcutManager::getShortcuts() const
 void ShortcutManager::setMainApplicationWidget(QWidget* widget)
 {
     if (m_mainApplicationWidget) {
+        // Plain qDebug(), here and below: these documented messages belong in the debug log by
+        // default, and guicore.utility lets only warnings through.
         qDebug("ShortcutManager : we already have an application main widget set.");
         return;
     }

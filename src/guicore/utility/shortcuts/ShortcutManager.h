@@ -3,6 +3,7 @@
 #include <guicore/guicore_export.h>
 
 #include <QObject>
+#include <QPointer>
 
 #include <vector>
 
@@ -31,7 +32,8 @@ public:
     /// The registered actions in registration order; borrowed pointers.
     std::vector<QAction*> getQActions() const { return m_qactions; }
 
-    /// The parent of application-wide shortcuts; not owned. Only the first call takes effect.
+    /// The parent of application-wide shortcuts; not owned. Only the first call takes effect
+    /// while that widget lives.
     void setMainApplicationWidget(QWidget* widget);
 
     /// A shortcut on the main application widget, or null (with a debug message) when that widget
@@ -65,5 +67,6 @@ public Q_SLOTS:
 private:
     std::vector<QShortcut*> m_shortcuts;
     std::vector<QAction*> m_qactions;
-    QWidget* m_mainApplicationWidget = nullptr;
+    // Guarded: application shortcuts must never be given a destroyed widget as parent.
+    QPointer<QWidget> m_mainApplicationWidget;
 };

@@ -1,0 +1,7 @@
+#include "ActionRegistry.h"
+
+namespace action {
+
+ActionRegistry::~ActionRegistry() = default;
+
+} // namespace action
