@@ -14,7 +14,7 @@ class GUICORE_EXPORT FontsInitializer
 public:
     FontsInitializer() = delete;
 
-    /// Registers "<application dir>/rcc/fonts/ResourcesSharedFonts.rcc" (a missing file is not
+    /// Registers `<application dir>/rcc/fonts/ResourcesSharedFonts.rcc` (a missing file is not
     /// an error: the fonts may come from elsewhere), adds every font under ":/fonts" and then
     /// does what `setDefaultApplicationFont` does. A font that cannot be loaded is logged and
     /// skipped, with the warning "Failed loading font " followed by its path.
