@@ -25,7 +25,10 @@ execute_process(COMMAND ${DOXYGEN} ${WORK_DIR}/Doxyfile
 if(NOT result EQUAL 0)
     message(FATAL_ERROR "docs_complete: doxygen failed (${result}):\n${output}")
 endif()
-file(STRINGS ${WORK_DIR}/warnings.txt warnings)
+set(warnings)
+if(EXISTS ${WORK_DIR}/warnings.txt)
+    file(STRINGS ${WORK_DIR}/warnings.txt warnings)
+endif()
 
 # Every enum's values, with the enum's location; a value without brief or detailed text is
 # reported like doxygen's own warnings. Enums at namespace level appear in the namespace's file

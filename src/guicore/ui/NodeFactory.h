@@ -38,9 +38,9 @@ public:
     /// Adds an application's node kind, so that NodeSerializer reads it back as itself instead of
     /// a placeholder. baseTypeId names the kind it derives from ("Node" or any known kind);
     /// creator is called once here to check that it makes nodes of typeId that derive from it.
-    /// Refused, with a warning starting "NodeFactory : ", for an empty id or creator, an id that
-    /// is already known, an unknown base, or a creator that makes something else. Any thread.
-    /// The warnings: "NodeFactory : a node kind needs a type id and a creator.",
+    /// Refused (false), with a warning, for an empty id or creator, an id that is already known,
+    /// an unknown base, or a creator that makes something else; the warnings, in that order:
+    /// "NodeFactory : a node kind needs a type id and a creator.",
     /// `NodeFactory : the node kind "<id>" is already registered.`,
     /// `NodeFactory : the base "<base>" of the node kind "<id>" is not registered.` and
     /// `NodeFactory : the creator of "<id>" does not make nodes of that kind derived from "<base>".`
@@ -59,8 +59,8 @@ public:
     /// with a warning: `NodeFactory : the built-in node kind "<id>" stays registered.` and
     /// `NodeFactory : no node kind "<id>" is registered.`
     static bool unregisterNodeKind(const QString& typeId);
-    /// The type ids of every kind that createSpecificNode makes, built in and registered; "Node"
-    /// (the placeholder) is not among them.
+    /// The type ids of every kind that createSpecificNode makes, built in and registered,
+    /// sorted; "Node" (the placeholder) is not among them.
     static QStringList getNodeKindTypeIds();
 
     /// A copy of the tree under node in which every data-object node refers to its new UUID.
