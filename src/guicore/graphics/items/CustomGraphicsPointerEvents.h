@@ -33,22 +33,27 @@ public:
 
     // Event handlers, public so that a scene dispatching by itself can call them; the events
     // are borrowed.
+    /// Emits mouseMoved(); the event is borrowed.
     void mouseMoveEvent(QGraphicsSceneMouseEvent* event) override
     {
         Q_EMIT self()->mouseMoved(event);
     }
+    /// Emits mouseReleased(); the event is borrowed.
     void mouseReleaseEvent(QGraphicsSceneMouseEvent* event) override
     {
         Q_EMIT self()->mouseReleased(event);
     }
+    /// Emits mouseHoverEnter(); the event is borrowed.
     void hoverEnterEvent(QGraphicsSceneHoverEvent* event) override
     {
         Q_EMIT self()->mouseHoverEnter(event);
     }
+    /// Emits mouseHoverMove(); the event is borrowed.
     void hoverMoveEvent(QGraphicsSceneHoverEvent* event) override
     {
         Q_EMIT self()->mouseHoverMove(event);
     }
+    /// Emits mouseHoverLeave(); the event is borrowed.
     void hoverLeaveEvent(QGraphicsSceneHoverEvent* event) override
     {
         Q_EMIT self()->mouseHoverLeave(event);
