@@ -39,7 +39,8 @@ public:
 
     /// An action with the id "undefined_action".
     Action();
-    /// An inactive, enabled, non-checkable action without handler; every field at its initial value.
+    /// An inactive, enabled, non-checkable action without handler; every field at its initial
+    /// value.
     explicit Action(const QString& id);
     /// Name, tooltip and icon are stored as they are, without change signals.
     Action(const QString& id, const QString& name, const QString& tooltip, const QIcon& icon);
@@ -176,8 +177,9 @@ public:
     bool allowClose();
 
     /// @{
-    /// Named arguments for the handler, which copies them at start and again at stop. setParameter()
-    /// inserts or replaces one; removeParameter() and clearParameters() change the action's map only.
+    /// Named arguments for the handler, which copies them at start and again at stop.
+    /// setParameter() inserts or replaces one; removeParameter() and clearParameters() change the
+    /// action's map only.
     QMap<QString, QVariant> getParameters() const;
     void setParameters(const QMap<QString, QVariant>& parameters);
     void setParameter(const QString& key, const QVariant& value);

@@ -66,8 +66,8 @@ public:
 
 Q_SIGNALS:
     /// @{
-    /// The user dragged that line to the scene position; the owner moves it with setHorizontalLine()
-    /// or setVerticalLine().
+    /// The user dragged that line to the scene position; the owner moves it with
+    /// setHorizontalLine() or setVerticalLine().
     void horizontalLineTranslated(const QPointF& translatedToPosition);
     void verticalLineTranslated(const QPointF& translatedToPosition);
     /// @}

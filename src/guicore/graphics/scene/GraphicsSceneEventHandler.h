@@ -29,8 +29,8 @@ public:
         = 0;
     /// Asked first; true keeps the hover move from the overlay items.
     virtual bool handleHoverEvent(QGraphicsSceneHoverEvent* event, const QString& viewerTag) = 0;
-    /// Asked first; true keeps the hovered items from their leave and the override cursor from being
-    /// restored.
+    /// Asked first; true keeps the hovered items from their leave and the override cursor from
+    /// being restored.
     virtual bool handleHoverLeaveEvent(QGraphicsSceneHoverEvent* event, const QString& viewerTag)
         = 0;
     /// Asked first; true only marks the release accepted: the scene still ends the gesture, tells

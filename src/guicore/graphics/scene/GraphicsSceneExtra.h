@@ -123,10 +123,10 @@ protected:
     /// handler. Without interactive mode drags only emit dragStarted() and dragMotion().
     void mouseMoveEvent(QGraphicsSceneMouseEvent* event) override;
     /// Runs the stock QGraphicsScene release logic twice, once before and once after the overlay
-    /// items are told (every mouse item gets the release, draggers stop dragging, manipulators stop),
-    /// which plain QGraphicsItems notice: while another button is still held the grabber can get a
-    /// release twice; a release it accepted can come back unaccepted on the second pass; and a
-    /// QGraphicsView can then keep showing the item's cursor. The gesture (and a drag, with
+    /// items are told (every mouse item gets the release, draggers stop dragging, manipulators
+    /// stop), which plain QGraphicsItems notice: while another button is still held the grabber can
+    /// get a release twice; a release it accepted can come back unaccepted on the second pass; and
+    /// a QGraphicsView can then keep showing the item's cursor. The gesture (and a drag, with
     /// dragFinished()) ends only at the release of the button that began it.
     void mouseReleaseEvent(QGraphicsSceneMouseEvent* event) override;
     /// The handler is told (its answer is ignored), userInteracted(), the stock handling, then

@@ -61,8 +61,8 @@ Q_SIGNALS:
 protected:
     /// With both the left and the right button held, the press is withheld: the stock handler does
     /// not run (so neither the scene nor any item sees the second press of the chord) and
-    /// leftAndRightMousePressed() is emitted instead. Otherwise the stock handler, then panStarted()
-    /// in QGraphicsView::ScrollHandDrag mode.
+    /// leftAndRightMousePressed() is emitted instead. Otherwise the stock handler, then
+    /// panStarted() in QGraphicsView::ScrollHandDrag mode.
     void mousePressEvent(QMouseEvent* event) override;
     /// panFinished() first in ScrollHandDrag mode; the stock handler; then mouseReleased() for the
     /// left button or rightMouseReleased() for the right one.
