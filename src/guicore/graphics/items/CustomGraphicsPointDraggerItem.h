@@ -30,8 +30,9 @@ public:
 
     // The events are borrowed.
     /// @{
-    /// A left press on the handle starts a drag (dragStarted()), moves follow the pointer, the
-    /// release ends it (dragFinished()). The events are borrowed.
+    /// A left press on the handle starts a drag (dragStarted()); moves propose positions through
+    /// positionChangeRequested() without moving the handle; the release ends the drag
+    /// (dragFinished()). The events are borrowed.
     void mousePressEvent(QGraphicsSceneMouseEvent* event) override;
     void mouseMoveEvent(QGraphicsSceneMouseEvent* event) override;
     void mouseReleaseEvent(QGraphicsSceneMouseEvent* event) override;
