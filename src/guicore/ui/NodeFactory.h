@@ -43,9 +43,9 @@ public:
     /// "NodeFactory : a node kind needs a type id and a creator.",
     /// `NodeFactory : the node kind "<id>" is already registered.`,
     /// `NodeFactory : the base "<base>" of the node kind "<id>" is not registered.` and
-    /// `NodeFactory : the creator of "<id>" does not make nodes of that kind derived from "<base>".`
-    /// The creator is kept by value and called whenever a node of the kind is made, on the
-    /// calling thread.
+    /// `NodeFactory : the creator of "<id>" does not make nodes of that kind derived from
+    /// "<base>".` The creator is kept by value and called whenever a node of the kind is made, on
+    /// the calling thread.
     static bool registerNodeKind(
         const QString& typeId, const QString& baseTypeId, const Creator& creator);
     /// The same for a kind written with NodeKind<Kind, Base>.
