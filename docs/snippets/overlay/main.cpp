@@ -113,8 +113,7 @@ int main(int argc, char** argv)
     QKeyEvent escape(QEvent::KeyPress, Qt::Key_Escape, Qt::NoModifier);
     QCoreApplication::sendEvent(&scene, &escape); // any receiver: the tool watches the application
     //! [escape]
-    bool ok = !length.isActive() && length.isCancelled() == false && scene.items().isEmpty()
-        && escape.isAccepted();
+    bool ok = !length.isActive() && scene.items().isEmpty() && escape.isAccepted();
 
     // Second try: two clicks.
     length.start(false);
