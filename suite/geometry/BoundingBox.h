@@ -4,6 +4,7 @@
 
 #include <QVector3D>
 
+/// The suite's geometry library: boxes and the lines that cross them.
 namespace primitives {
 
 /// Axis-aligned box in single precision. Valid when min <= max on every axis; a box of zero
@@ -13,10 +14,16 @@ class GEOMETRY_EXPORT BoundingBox
 public:
     /// An invalid box.
     BoundingBox();
+    /// The box between the two corners as given: corners in the wrong order make an invalid
+    /// box, not a repaired one.
     BoundingBox(const QVector3D& min, const QVector3D& max);
 
+    /// @{
+    /// The corner with the smallest, and the one with the largest, coordinates.
     QVector3D getMin() const { return m_min; }
     QVector3D getMax() const { return m_max; }
+    /// @}
+    /// True when min <= max on every axis.
     bool isValid() const;
     /// True for points inside or on the boundary; always false for an invalid box.
     bool contains(const QVector3D& point) const;

@@ -11,6 +11,7 @@ namespace primitives {
 
 class BoundingBox;
 
+/// Where a line crosses an axis-aligned box.
 class GEOMETRY_EXPORT RayBoxIntersection
 {
 public:

@@ -7,6 +7,7 @@
 
 class QKeySequence;
 
+/// Texts made from Qt values for display.
 class OBJECTMODEL_EXPORT StringConversions
 {
 public:

@@ -9,7 +9,7 @@ class QString;
 /// Messages are registered by their exact text with a suppress option: 0 never suppresses, 1
 /// lets the message through once and suppresses its repeats, 2 always suppresses. Filtering
 /// happens in a Qt message handler that install() puts in front of the one installed before;
-/// without install() nothing is filtered.
+/// without install() nothing is filtered. Every function may be called from any thread.
 class SETTINGS_EXPORT MessageHandler
 {
 public:

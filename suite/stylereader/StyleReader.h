@@ -18,10 +18,16 @@
 class STYLEREADER_EXPORT StyleReader
 {
 public:
+    /// A reader; it keeps nothing from one call to the next.
     StyleReader() = default;
 
+    /// The entries of every file, read in order; an entry of a later file replaces that of an
+    /// earlier one. The warnings: `StyleReader : cannot open file <path>`,
+    /// `StyleReader : malformed line <number> in <path>: <line>` and
+    /// `StyleReader : unresolved reference <value> for <id>`.
     QHash<QString, QString> convertFilesToStyleMap(const QList<QString>& files);
-    /// The entries of one palette section; an unknown palette gives a warning and an empty map.
+    /// The entries of one palette section; an unknown palette gives the warning
+    /// `StyleReader : unknown palette <name> in <path>` and an empty map.
     QHash<QString, QString> convertFilesToStyleMap(
         const QString& paletteName, const QString& paletteFile);
 };

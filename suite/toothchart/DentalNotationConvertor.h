@@ -20,15 +20,26 @@ class TOOTHCHART_EXPORT DentalNotationConvertor
 public:
     DentalNotationConvertor() = delete;
 
+    /// @{
+    /// The FDI, or the Universal, notation of tooth; with child, that of the deciduous tooth at
+    /// its position. Empty for an invalid tooth and for a position without a tooth of that
+    /// dentition.
     static QString getFdiNotationForToothType(ToothChart::Tooth tooth, bool child);
     static QString getUnivNotationForToothType(ToothChart::Tooth tooth, bool child);
+    /// @}
 
+    /// @{
     /// The tooth a notation names, or UnknownTooth (0); surrounding blanks are ignored.
     static ToothChart::Tooth getToothTypeForFdiNotation(const QString& notation);
     static ToothChart::Tooth getToothTypeForUnivNotation(const QString& notation);
+    /// @}
 
+    /// @{
+    /// The tooth a notation names and the dentition that notation belongs to; nothing for a
+    /// text that names no tooth.
     static utility::Optional<std::pair<ToothChart::Tooth, anatomy::Tooth::Dentition>>
     getToothTypeAndDentitionForFdiNotation(const QString& notation);
     static utility::Optional<std::pair<ToothChart::Tooth, anatomy::Tooth::Dentition>>
     getToothTypeAndDentitionForUnivNotation(const QString& notation);
+    /// @}
 };

@@ -15,12 +15,25 @@ public:
     ToothChart() = delete;
 
     /// Int-based so that any position can be cast in; only 1..32 are teeth.
-    enum Tooth : int { NoTooth = -1, UnknownTooth = 0, FirstTooth = 1, LastTooth = 32 };
-    enum ArchType : int { Upper = 0, Lower = 1 };
+    enum Tooth : int {
+        NoTooth = -1, ///< Deliberately no tooth; named "-".
+        UnknownTooth = 0, ///< A tooth that is not known; named "?".
+        FirstTooth = 1, ///< The upper right third molar, first in Universal order.
+        LastTooth = 32 ///< The lower right third molar, last in Universal order.
+    };
+    /// The jaw.
+    enum ArchType : int {
+        Upper = 0, ///< The upper jaw.
+        Lower = 1 ///< The lower jaw.
+    };
 
+    /// True for 1..32.
     static bool isValidTooth(Tooth tooth);
+    /// @{
+    /// True for a tooth of the lower arch (17..32), or of the upper arch (1..16).
     static bool isLowerTooth(Tooth tooth);
     static bool isUpperTooth(Tooth tooth);
+    /// @}
     /// The arch of a valid tooth; Upper for anything else.
     static ArchType getArch(Tooth tooth);
     /// The permanent positions of an arch in Universal order (upper 1..16, lower 17..32).
@@ -31,5 +44,6 @@ public:
     /// passing from the upper arch into the lower. NoTooth past either end or for a tooth that
     /// is not on the walk.
     static Tooth getNextTooth(Tooth tooth, bool child);
+    /// The neighbour the other way, by the same rules as getNextTooth().
     static Tooth getPreviousTooth(Tooth tooth, bool child);
 };

@@ -33,6 +33,7 @@ class GUICORE_EXPORT ActionManager : public QObject
     Q_OBJECT
 
 public:
+    /// A manager without parent and without solution manager.
     ActionManager();
     /// Neither stops nor disables any action.
     ~ActionManager() override;
@@ -46,8 +47,11 @@ public:
 
     /// The most recently started action that still runs, or null; not owned by the caller.
     Action* getCurrentAction() const;
+    /// How many actions run now, counted once each.
     int getActiveActionsCount() const;
+    /// Whether queued actions wait (their front one is disabled).
     bool hasActionsInQueue() const;
+    /// False while setEnableUpdates(false) calls outnumber the true ones.
     bool getEnableUpdates() const;
 
     /// Queues `action` (not owned) with parameters to copy onto it, then starts whatever the queue
@@ -59,6 +63,7 @@ public:
     /// unless `stopCurrentAction`, the current action.
     void stopActiveMustBeStoppedActions(
         bool stopCurrentAction, const QList<QString>& exceptActionIds);
+    /// Stops every active action, the current one included, whatever its flags.
     void stopAllActiveActions();
     /// Disables every registered action that must be disabled, except the current one.
     void disableAllActions();
@@ -79,8 +84,11 @@ public Q_SLOTS:
     /// Nests: each false must be matched by a true. Surplus trues are banked, so two enables and
     /// one disable leave updates on; application code depends on this.
     virtual void setEnableUpdates(bool enable);
+    /// @{
+    /// Both run updateActions(); connect the document's change and deletion notices to them.
     void objectsChanged();
     void objectsDeleted();
+    /// @}
 
 private Q_SLOTS:
     /// Tracks the sending action's start (true) or stop (false).
@@ -91,10 +99,18 @@ public Q_SLOTS:
     void actionAdded(Action* action);
 
 Q_SIGNALS:
+    /// A registered action started and was not yet counted as active; emitted before
+    /// actionTriggeredSignal(true, action).
     void actionStarted(Action* action);
+    /// An active registered action stopped, after the current action was recomputed and all
+    /// actions updated; emitted before actionTriggeredSignal(false, action).
     void actionStopped(Action* action);
+    /// Every triggered() of a registered action, relayed with the action: also a start of an
+    /// already active action and a stop of one never counted as active.
     void actionTriggeredSignal(bool checked, Action* action);
+    /// From wizardActionStarted(), with the current action.
     void wizardActionStartedSignal(WizardCore* wizard, Action* action);
+    /// From wizardActionStopped(), before the actions are updated.
     void wizardActionStoppedSignal(WizardCore* wizard, Action* action);
 
 protected:

@@ -9,9 +9,13 @@ class GUICORE_EXPORT EmptyActionHandler : public ActionHandler
     Q_OBJECT
 
 public:
+    /// A handler without parent.
     EmptyActionHandler();
 
 protected:
+    /// Stops a non-checkable current action at once, so its triggered(true) is followed by
+    /// triggered(false) within the same start call.
     void start() override;
+    /// Does nothing.
     void stop() override;
 };

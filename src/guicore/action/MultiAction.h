@@ -17,8 +17,11 @@ class GUICORE_EXPORT MultiAction : public Action
     Q_OBJECT
 
 public:
+    /// An action with the id "undefined_multi_action".
     MultiAction();
+    /// A multi-action without children, tagged "MultiAction".
     explicit MultiAction(const QString& id);
+    /// As the Action constructor of the same arguments: no change signals.
     MultiAction(const QString& id, const QString& name, const QString& tooltip, const QIcon& icon);
     /// Removes every child (see clearActions()); the children themselves are not deleted.
     ~MultiAction() override;
@@ -39,6 +42,7 @@ public:
     virtual void removeAction(Action* child);
     /// The children in display order; not owned by the caller.
     QList<Action*> getActions() const;
+    /// Whether there is at least one child.
     bool hasActions() const;
     /// A new wired QAction per child (see Action::getQAction()); each owned by its child.
     QList<QAction*> getQActions();
@@ -46,22 +50,31 @@ public:
     /// Disables or enables the multi-action, then every child when synchronisation is on.
     void setDisabled(bool disabled) override;
 
+    /// @{
+    /// Style-sheet class names the application gives the drop-down menu and the tool button;
+    /// empty by default.
     QString getMenuStyleSheetType() const;
     void setMenuStyleSheetType(const QString& type);
     QString getToolButtonStyleSheetType() const;
     void setToolButtonStyleSheetType(const QString& type);
+    /// @}
     /// -1 means the style's default size.
     int getMenuItemIconSize() const;
+    /// Stored for the application's menu; the library does not resize anything.
     void setMenuItemIconSize(int size);
 
 Q_SIGNALS:
+    /// Emitted by addAction() after the child is stored and registered; not by insertAction().
     void actionAdded(Action* action);
+    /// Emitted by removeAction(), also for an action that was not a child.
     void actionRemoved(Action* action);
 
 protected:
     /// Inserts and registers a child like addAction() but emits no actionAdded(): subclasses use it
     /// to build their menu without announcing each entry.
     void insertAction(Action* child, int index);
+    /// Whether setDisabled() reaches the children (and through nested multi-actions their
+    /// children); on by default.
     void syncEnabledStateWithChildren(bool sync);
 
 private:

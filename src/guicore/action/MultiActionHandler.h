@@ -19,7 +19,10 @@ public:
     void addActionHandler(QString actionId, ActionHandler* handler);
 
 protected:
+    /// Calls startHandler() of the handler registered for the current action's id; without one,
+    /// stops the action at once.
     void start() override;
+    /// Calls stopHandler() of the handler registered for the current action's id, if any.
     void stop() override;
 
 private:

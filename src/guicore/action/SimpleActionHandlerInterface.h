@@ -15,5 +15,6 @@ public:
     /// Becomes a child of `action`, so it dies with it; a null action gives a parentless object.
     explicit SimpleActionHandlerInterface(QAction* action);
 
+    /// Runs on every triggered() of the QAction given at construction.
     virtual void handleTriggered() = 0;
 };

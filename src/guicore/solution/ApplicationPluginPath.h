@@ -6,8 +6,12 @@
 class GUICORE_EXPORT ApplicationPluginPath
 {
 public:
+    /// @{
+    /// A value without state.
     ApplicationPluginPath();
     ApplicationPluginPath& operator=(const ApplicationPluginPath& other);
+    /// @}
 
+    /// Does nothing; plug-ins are found by the host (for example with QPluginLoader).
     static void init(char* argv0);
 };

@@ -15,12 +15,17 @@ class View;
 class GUICORE_EXPORT Solution : public solution::Feature
 {
 public:
+    /// A solution without steps or views and without a current view.
     Solution(QString id, QString name);
+    /// @{
+    /// Shallow: the copy lists the same steps and views, and the same current view.
     Solution(const Solution& other);
     Solution& operator=(const Solution& other);
+    /// @}
     /// The solution manager forgets the solution, and the active solution if it was this one.
     ~Solution() override;
 
+    /// The display name given at construction.
     QString getName() const;
 
     /// The steps in workflow order; not owned by the caller.

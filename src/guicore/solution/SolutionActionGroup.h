@@ -15,13 +15,18 @@ class GUICORE_EXPORT SolutionActionGroup : public QObject
     Q_OBJECT
 
 public:
+    /// A group without lists and without parent; not enabled until a list is.
     SolutionActionGroup(QString id, QString name);
     ~SolutionActionGroup() override;
 
+    /// @{
+    /// The id and display name given at construction.
     QString getID() const;
     QString getName() const;
+    /// @}
     /// The lists in order; not owned by the caller.
     QList<ActionList*> getActionLists() const;
+    /// True while at least one list is enabled.
     bool isEnabled() const;
 
     /// Appends a list (not owned; null ignored, duplicates kept) and follows its enabled state.
@@ -32,6 +37,7 @@ public Q_SLOTS:
     void setEnabled();
 
 Q_SIGNALS:
+    /// Emitted when isEnabled() changes, after a list's enabledChanged() or addActionList().
     void enabledChanged();
 
 private:

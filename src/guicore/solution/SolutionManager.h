@@ -38,6 +38,7 @@ class GUICORE_EXPORT SolutionManager : public QObject, public action::ActionRegi
     Q_OBJECT
 
 public:
+    /// An empty registry without parent and without active solution.
     SolutionManager();
     ~SolutionManager() override;
 
@@ -46,6 +47,7 @@ public:
     void addAction(Action* action) override;
     /// Removes the entry under the action's id; the action is not deleted and nothing is emitted.
     void removeAction(Action* action) override;
+    /// Forgets every action (none is deleted); emits nothing.
     void clearActions();
     /// The action, or null with the warning "Action <id> not found." (registered first with the
     /// message handler so that repeats are suppressed). Not owned by the caller.
@@ -54,25 +56,30 @@ public:
     QList<Action*> getActions(const QList<QString>& ids) const;
     /// Every action keyed by id, so iterating runs in ascending id order.
     QMap<QString, Action*> getAllActions() const override;
+    /// How many actions are registered.
     int getActionsCount() const;
+    /// Whether an action is registered under `id`; never warns.
     bool hasAction(const QString& id) const;
 
     /// Stores the feature (not owned) and emits featureAdded(). Null is ignored.
     void addFeature(solution::Feature* feature);
     /// Not owned by the caller; null when absent.
     solution::Feature* getFeature(const QString& id) const;
+    /// Whether a feature is registered under `id`.
     bool hasFeature(const QString& id) const;
 
     /// Does not take ownership. Null is ignored.
     void addSolution(Solution* solution);
     /// Not owned by the caller; null when absent.
     Solution* getSolution(const QString& id) const;
+    /// Whether a solution is registered under `id`.
     bool hasSolution(const QString& id) const;
 
     /// Does not take ownership. Null is ignored.
     void addSolutionStep(SolutionStep* step);
     /// Not owned by the caller; null when absent.
     SolutionStep* getSolutionStep(const QString& id) const;
+    /// Whether a step is registered under `id`.
     bool hasSolutionStep(const QString& id) const;
 
     /// Takes ownership; a different group registered under the same id is deleted.
@@ -81,12 +88,14 @@ public:
     void removeActionGroup(SolutionActionGroup* group);
     /// Not owned by the caller; null when absent.
     SolutionActionGroup* getActionGroup(const QString& id) const;
+    /// Whether a group is registered under `id`.
     bool hasActionGroup(const QString& id) const;
 
     /// Borrows the list, or adopts it when it has no QObject parent. Null is ignored.
     void addActionList(ActionList* list);
     /// Not owned by the caller; null when absent.
     ActionList* getActionList(const QString& id) const;
+    /// Whether a list is registered under `id`.
     bool hasActionList(const QString& id) const;
 
     /// Takes ownership; a different view registered under the same id is deleted.
@@ -97,12 +106,15 @@ public:
     void clearViews();
     /// Not owned by the caller; null when absent.
     View* getView(const QString& id) const;
+    /// Whether a view is registered under `id`.
     bool hasView(const QString& id) const;
     /// True when at least one registered view's id is listed.
     bool hasView(const QList<QString>& ids) const;
     /// Every view, ordered with the sort predicate (not a stable sort); without a predicate, in id
     /// order. Not owned by the caller.
     QList<View*> getViews() const;
+    /// The "less than" with which getViews() orders the views (the order of the application's view
+    /// bar); set it before views are listed.
     void setViewsSortPredicate(std::function<bool(const View*, const View*)>&& predicate);
 
     /// Makes the solution active and emits solutionChanged(startup), unless it is absent or
@@ -120,9 +132,15 @@ public Q_SLOTS:
     void setCurrentSolutionStep(const QString& stepId);
 
 Q_SIGNALS:
+    /// Emitted by setCurrentSolutionStep() with the new step's id.
     void solutionStepChanged(const QString& step);
+    /// Emitted by addAction() for every action stored, also one replacing an earlier entry; the
+    /// action manager watches the action from then on.
     void actionAdded(Action* action);
+    /// Emitted by addFeature() with the feature's id.
     void featureAdded(const QString& featureId);
+    /// Emitted by setActiveSolution() when another solution becomes active; `startup` is passed
+    /// through from the call.
     void solutionChanged(bool startup);
 
 private:

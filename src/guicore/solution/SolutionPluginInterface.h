@@ -36,9 +36,14 @@ public:
     virtual void initialize() = 0;
     /// Deletes every feature, action and view the plug-in holds and empties the collections.
     virtual void close();
+    /// @{
+    /// Called by the host to let the plug-in make its actions, features and views (the order is the
+    /// host's); the base versions do nothing. Keep what you make with addAction(), addFeature()
+    /// and addView(), and register it with the host's SolutionManager.
     virtual void loadActions();
     virtual void loadFeatures();
     virtual void loadViews();
+    /// @}
 
     /// Takes ownership; null is ignored.
     void addFeature(std::unique_ptr<solution::Feature> feature);

@@ -15,13 +15,18 @@ class GUICORE_EXPORT SolutionStep : public QObject
     Q_OBJECT
 
 public:
+    /// A step without groups and without parent; not enabled until a group is.
     SolutionStep(const QString& id, const QString& name);
     ~SolutionStep() override;
 
+    /// @{
+    /// The id and display name given at construction.
     QString getID() const;
     QString getName() const;
+    /// @}
     /// The groups in order; not owned by the caller.
     QList<SolutionActionGroup*> getActionGroups() const;
+    /// True while at least one group is enabled.
     bool isEnabled() const;
 
     /// Appends a group (not owned) and follows its enabled state; null and a group already
@@ -35,6 +40,7 @@ public Q_SLOTS:
     void setEnabled();
 
 Q_SIGNALS:
+    /// Emitted with the new value when isEnabled() changes.
     void enabledChanged(bool enabled);
 
 private:

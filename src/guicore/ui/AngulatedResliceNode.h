@@ -11,13 +11,18 @@ class GUICORE_EXPORT AngulatedResliceNode
     : public ReslicePlaneNode<AngulatedResliceNode, DataObjectNode>
 {
 public:
+    /// A reslice of the data object dataObjectUUID (none by default).
     explicit AngulatedResliceNode(const QString& dataObjectUUID = QString())
         : ReslicePlaneNode(dataObjectUUID)
     {
     }
 
+    /// @{
+    /// The type id "AngulatedResliceNode", and this level's table: format 1.0, stored properties
+    /// "origin", "direction0", "direction1", declared by ReslicePlaneNode.
     static QString getClassTypeId() { return QStringLiteral("AngulatedResliceNode"); }
     static const NodePropertyTable& properties();
+    /// @}
 };
 
 } // namespace ui

@@ -10,8 +10,11 @@ namespace ui {
 class GUICORE_EXPORT ImageViewerNode : public NodeKind<ImageViewerNode, Viewer2DNode>
 {
 public:
+    /// @{
+    /// The type id "ImageViewerNode", and this level's table: format 1.0, no properties of its own.
     static QString getClassTypeId() { return QStringLiteral("ImageViewerNode"); }
     static const NodePropertyTable& properties();
+    /// @}
 };
 
 } // namespace ui

@@ -11,6 +11,8 @@
 #include <memory>
 #include <vector>
 
+/// The user-interface state tree: ui::Node, its kinds, the factory that makes them from stored
+/// type ids, the serializer and the interactors that connect the tree to running views.
 namespace ui {
 
 class NodePropertyTable;
@@ -21,12 +23,21 @@ class NodePropertyTable;
 ///
 /// While utility::ModificationLock holds the UserInterfaceState scope (loading, replication),
 /// changes do not mark nodes altered, so a freshly loaded tree is not reported as modified.
+/// That lock is process-wide: while NodeSerializer reads or NodeFactory replicates a tree on one
+/// thread, edits of any tree on another thread are not marked either.
+///
+/// A tree is a plain object graph without signals: nothing tells the application that a node
+/// changed; it asks isAlteredRecursively() when it decides whether to save. Trees may be built,
+/// read and written on any thread, one thread per tree at a time.
 class GUICORE_EXPORT Node : public CoreObject
 {
 public:
     Node& operator=(const Node&) = delete;
 
+    /// The stored type id of the node's class, getClassTypeId() of its most derived kind;
+    /// "Node" for the base and for placeholders of kinds this build does not know.
     virtual QString getTypeId() const;
+    /// Destroys the children with the node.
     ~Node() override;
     /// A copy of this node's own fields, without its children; ownership passes to the caller.
     /// The copy starts unaltered and registers its own versions.
@@ -35,6 +46,7 @@ public:
     /// in its children. Altered flags and versions are not compared.
     virtual bool isEqual(const Node& other) const = 0;
 
+    /// "Node", the type id of the base level.
     static QString getClassTypeId();
 
     /// Appends child; ownership passes to this node. A null child is ignored.
@@ -49,12 +61,21 @@ public:
     /// is not a child, is ignored.
     void removeNode(const Node& child);
 
+    /// Whether this node itself changed (a setter stored a new value, a child was added or
+    /// removed) since it was made or last cleared.
     bool isAltered() const { return m_altered; }
+    /// Whether this node or any node below it is altered; what decides whether to save.
     bool isAlteredRecursively() const;
+    /// Clears the altered flag of this node and of every node below it; call it after saving.
     void clearAlteredRecursively();
 
+    /// One entry per class level, from its type id to the format version it writes, for
+    /// example "Node" 1.0, "ViewerNode" 1.0, "Viewer3DNode" 1.1, "CtDataViewer3DNode" 1.0.
     const QMap<QString, QVersionNumber>& getVersions() const { return m_versions; }
+    /// The versions found in the stored data the node was read from, by level; empty for a node
+    /// that was not read. Compare them with getVersions() to recognise older data.
     const QMap<QString, QVersionNumber>& getLoadingVersions() const { return m_loadingVersions; }
+    /// Replaces the loading versions; the reader calls it. Does not mark the node altered.
     void setLoadingVersions(const QMap<QString, QVersionNumber>& versions);
 
     /// Appends the property table of every class level below Node, root first. The tables are

@@ -13,8 +13,10 @@ namespace ui {
 /// test, comparison of the base levels before this one, and the property tables.
 ///
 /// A kind derives from NodeKind<Kind, Base>, where Base is ui::Node or another kind, and declares
-///     static QString getClassTypeId();                  // the stored type id
-///     static const ui::NodePropertyTable& properties(); // this level's id, version, properties
+/// ```
+/// static QString getClassTypeId();                  // the stored type id
+/// static const ui::NodePropertyTable& properties(); // this level's id, version, properties
+/// ```
 /// plus its data members and their getters and setters (setters store through assign(), which
 /// marks the node altered only on a real change). Its copy constructor copies its members; the
 /// children are never copied. Register an application's kind with NodeFactory::registerNodeKind
@@ -22,8 +24,10 @@ namespace ui {
 template <typename Kind, typename Base> class NodeKind : public Base
 {
 public:
+    /// The class level below this one: ui::Node or another kind.
     using BaseNode = Base;
 
+    /// Kind::getClassTypeId().
     QString getTypeId() const override { return Kind::getClassTypeId(); }
 
     /// A copy without children; ownership passes to the caller. The copy is not altered.
@@ -40,6 +44,7 @@ public:
         return same && *this == *same;
     }
 
+    /// The tables of the levels below, then Kind::properties().
     void collectPropertyTables(std::vector<const NodePropertyTable*>& tables) const override
     {
         Base::collectPropertyTables(tables);
@@ -47,6 +52,7 @@ public:
     }
 
 protected:
+    /// Registers this level's type id and format version.
     NodeKind() { registerLevel(); }
     /// Passes a constructor argument (a data-object UUID) on to the base level.
     template <typename Argument>
@@ -55,12 +61,16 @@ protected:
     {
         registerLevel();
     }
+    /// Copies the levels below (never the children) and registers this level again; Kind's own
+    /// copy constructor copies its members.
     NodeKind(const NodeKind& other)
         : Base(other)
     {
         registerLevel();
     }
 
+    /// The levels below (the class chain and the children, at the bottom), then this level's
+    /// properties.
     bool operator==(const NodeKind& other) const
     {
         return Base::operator==(other) && Kind::properties().equal(*this, other);

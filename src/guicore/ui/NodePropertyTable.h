@@ -31,12 +31,16 @@ public:
     /// One property: its stored name and the ways it is walked.
     struct Property
     {
+        /// The key of the property in the stored data.
         QString name;
+        /// True when the property has equal values in a and b, both of the owning class.
         std::function<bool(const Node& a, const Node& b)> equal;
         /// Equal values hash alike, unless the property is tolerant (compared within a
         /// tolerance), when only identical ones do.
         std::function<size_t(const Node& node)> hash;
+        /// Whether equal compares within a tolerance (floating-point values).
         bool tolerant = false;
+        /// The value as stored.
         std::function<QJsonValue(const Node& node)> toJson;
         /// False, leaving the node as it was, when json does not hold a value of the type.
         std::function<bool(Node& node, const QJsonValue& json)> fromJson;
@@ -75,7 +79,10 @@ public:
 
     /// The level's type id, the key of its properties in the stored data.
     QString typeId;
+    /// The format version this level writes; stored with every node, so that a reader can
+    /// recognise data written by an older layout of the level.
     QVersionNumber version;
+    /// The level's properties, in the order they are compared and stored.
     std::vector<Property> properties;
 };
 

@@ -81,13 +81,19 @@ template <typename Number> bool readNumbers(const QJsonValue& value, Number* out
 /// How one property type is compared and turned into JSON. Every property of every node kind goes
 /// through exactly one of these, so setters, comparison and persistence agree. An application
 /// that stores a type of its own in a node kind specialises this template for it, with
-///     static bool equal(const T&, const T&);
-///     static QJsonValue toJson(const T&);
-///     static bool fromJson(const QJsonValue&, T& out);   // false, out untouched, on bad input
+/// ```
+/// static bool equal(const T&, const T&);
+/// static QJsonValue toJson(const T&);
+/// static bool fromJson(const QJsonValue&, T& out);   // false, out untouched, on bad input
+/// ```
+/// in namespace ui, visible wherever the kind's property table is built.
 template <typename T, typename Enable = void> struct NodePropertyTraits;
 
+/// Traits of bool properties.
 template <> struct NodePropertyTraits<bool>
 {
+    /// @{
+    /// Exact; a JSON boolean, and only a JSON boolean is read.
     static bool equal(bool a, bool b) { return a == b; }
     static QJsonValue toJson(bool value) { return value; }
     static bool fromJson(const QJsonValue& json, bool& out)
@@ -97,11 +103,16 @@ template <> struct NodePropertyTraits<bool>
         out = json.toBool();
         return true;
     }
+    /// @}
 };
 
+/// Traits of integer properties (every integral type but bool).
 template <typename T>
 struct NodePropertyTraits<T, std::enable_if_t<std::is_integral_v<T> && !std::is_same_v<T, bool>>>
 {
+    /// @{
+    /// Exact; a JSON number. Reading refuses fractions, values outside T and magnitudes above
+    /// 2^53, which a JSON number does not hold exactly.
     static bool equal(T a, T b) { return a == b; }
     static QJsonValue toJson(T value) { return static_cast<double>(value); }
     static bool fromJson(const QJsonValue& json, T& out)
@@ -119,11 +130,16 @@ struct NodePropertyTraits<T, std::enable_if_t<std::is_integral_v<T> && !std::is_
         out = static_cast<T>(number);
         return true;
     }
+    /// @}
 };
 
+/// Traits of enumeration properties.
 template <typename T> struct NodePropertyTraits<T, std::enable_if_t<std::is_enum_v<T>>>
 {
+    /// The integer type that stores the enumeration.
     using Underlying = std::underlying_type_t<T>;
+    /// @{
+    /// Exact; the underlying integer, stored and read as such.
     static bool equal(T a, T b) { return a == b; }
     static QJsonValue toJson(T value)
     {
@@ -137,20 +153,29 @@ template <typename T> struct NodePropertyTraits<T, std::enable_if_t<std::is_enum
         out = static_cast<T>(number);
         return true;
     }
+    /// @}
 };
 
+/// Traits of float properties.
 template <> struct NodePropertyTraits<float>
 {
+    /// @{
+    /// Within twelve significant digits (exact near zero: 1e-12); a JSON number. Reading refuses
+    /// non-finite numbers and magnitudes a float cannot hold.
     static bool equal(float a, float b) { return detail::fuzzyEqual(a, b); }
     static QJsonValue toJson(float value) { return static_cast<double>(value); }
     static bool fromJson(const QJsonValue& json, float& out)
     {
         return detail::readFloat(json, out);
     }
+    /// @}
 };
 
+/// Traits of QString properties.
 template <> struct NodePropertyTraits<QString>
 {
+    /// @{
+    /// Exact and case-sensitive; a JSON string.
     static bool equal(const QString& a, const QString& b) { return a == b; }
     static QJsonValue toJson(const QString& value) { return value; }
     static bool fromJson(const QJsonValue& json, QString& out)
@@ -160,10 +185,15 @@ template <> struct NodePropertyTraits<QString>
         out = json.toString();
         return true;
     }
+    /// @}
 };
 
+/// Traits of QVector3D properties (positions and directions).
 template <> struct NodePropertyTraits<QVector3D>
 {
+    /// @{
+    /// Exact per component; the array [x, y, z], of which reading needs exactly three finite
+    /// numbers that a float holds.
     // Positions and directions are compared exactly: they are copied, never recomputed.
     static bool equal(const QVector3D& a, const QVector3D& b)
     {
@@ -181,10 +211,14 @@ template <> struct NodePropertyTraits<QVector3D>
         out = QVector3D(v[0], v[1], v[2]);
         return true;
     }
+    /// @}
 };
 
+/// Traits of QQuaternion properties (rotations).
 template <> struct NodePropertyTraits<QQuaternion>
 {
+    /// @{
+    /// Exact per component; the array [scalar, x, y, z], read as for QVector3D.
     static bool equal(const QQuaternion& a, const QQuaternion& b)
     {
         return a.scalar() == b.scalar() && a.x() == b.x() && a.y() == b.y() && a.z() == b.z();
@@ -202,10 +236,15 @@ template <> struct NodePropertyTraits<QQuaternion>
         out = QQuaternion(v[0], v[1], v[2], v[3]);
         return true;
     }
+    /// @}
 };
 
+/// Traits of QRectF properties.
 template <> struct NodePropertyTraits<QRectF>
 {
+    /// @{
+    /// Each coordinate within twelve significant digits; the array [x, y, width, height] of
+    /// finite numbers.
     static bool equal(const QRectF& a, const QRectF& b)
     {
         return detail::fuzzyEqual(a.x(), b.x()) && detail::fuzzyEqual(a.y(), b.y())
@@ -224,10 +263,15 @@ template <> struct NodePropertyTraits<QRectF>
         out = QRectF(v[0], v[1], v[2], v[3]);
         return true;
     }
+    /// @}
 };
 
+/// Traits of point-list properties.
 template <> struct NodePropertyTraits<std::vector<QPointF>>
 {
+    /// @{
+    /// Same length and every coordinate within twelve significant digits; an array of [x, y]
+    /// arrays. A malformed point refuses the whole list.
     static bool equal(const std::vector<QPointF>& a, const std::vector<QPointF>& b)
     {
         if (a.size() != b.size())
@@ -259,11 +303,14 @@ template <> struct NodePropertyTraits<std::vector<QPointF>>
         out = std::move(points);
         return true;
     }
+    /// @}
 };
 
 /// An empty optional is JSON null.
 template <typename T> struct NodePropertyTraits<std::optional<T>>
 {
+    /// @{
+    /// Both empty, or both set and equal by the traits of T; JSON null when empty, else as T.
     static bool equal(const std::optional<T>& a, const std::optional<T>& b)
     {
         if (a.has_value() != b.has_value())
@@ -286,6 +333,7 @@ template <typename T> struct NodePropertyTraits<std::optional<T>>
         out = std::move(value);
         return true;
     }
+    /// @}
 };
 
 namespace detail {

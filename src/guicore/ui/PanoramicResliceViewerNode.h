@@ -11,8 +11,12 @@ class GUICORE_EXPORT PanoramicResliceViewerNode
     : public NodeKind<PanoramicResliceViewerNode, Viewer2DNode>
 {
 public:
+    /// @{
+    /// The type id "PanoramicResliceViewerNode", and this level's table: format 1.0, no properties
+    /// of its own.
     static QString getClassTypeId() { return QStringLiteral("PanoramicResliceViewerNode"); }
     static const NodePropertyTable& properties();
+    /// @}
 };
 
 } // namespace ui

@@ -10,13 +10,17 @@ namespace ui {
 class GUICORE_EXPORT PatientNode : public NodeKind<PatientNode, DataObjectNode>
 {
 public:
+    /// A node that refers to the data object dataObjectUUID (none by default).
     explicit PatientNode(const QString& dataObjectUUID = QString())
         : NodeKind(dataObjectUUID)
     {
     }
 
+    /// @{
+    /// The type id "PatientNode", and this level's table: format 1.0, no properties of its own.
     static QString getClassTypeId() { return QStringLiteral("PatientNode"); }
     static const NodePropertyTable& properties();
+    /// @}
 };
 
 } // namespace ui

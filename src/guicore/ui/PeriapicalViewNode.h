@@ -9,8 +9,12 @@ namespace ui {
 class GUICORE_EXPORT PeriapicalViewNode : public LayoutViewNode<PeriapicalViewNode>
 {
 public:
+    /// @{
+    /// The type id "PeriapicalViewNode", and this level's table: format 1.0, stored property
+    /// "activeLayoutId", declared by LayoutViewNode.
     static QString getClassTypeId() { return QStringLiteral("PeriapicalViewNode"); }
     static const NodePropertyTable& properties();
+    /// @}
 };
 
 } // namespace ui

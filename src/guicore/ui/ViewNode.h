@@ -13,12 +13,21 @@ namespace ui {
 class GUICORE_EXPORT ViewNode : public NodeKind<ViewNode, Node>
 {
 public:
+    /// @{
+    /// The type id "ViewNode", and this level's table: format 1.0, stored properties "viewId",
+    /// "angulatedReslicesHorizontalSlidersPosition"; an empty position is stored as null.
     static QString getClassTypeId() { return QStringLiteral("ViewNode"); }
     static const NodePropertyTable& properties();
+    /// @}
 
+    /// @{
+    /// The id of the view (View::getID()) the node stands for; ViewNodeInteractor fills it in.
     const QString& getViewId() const { return m_viewId; }
     void setViewId(const QString& viewId) { assign(m_viewId, viewId); }
-    /// Empty until the view stored a position.
+    /// @}
+    /// @{
+    /// The position of the horizontal sliders of the view's angulated reslices, as the view
+    /// stores it; empty until the view stored a position.
     const utility::Optional<int>& getAngulatedReslicesHorizontalSlidersPosition() const
     {
         return m_angulatedReslicesHorizontalSlidersPosition;
@@ -27,6 +36,7 @@ public:
     {
         assign(m_angulatedReslicesHorizontalSlidersPosition, position);
     }
+    /// @}
 
 private:
     QString m_viewId;

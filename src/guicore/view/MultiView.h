@@ -19,6 +19,7 @@ class QStackedWidget;
 class GUICORE_EXPORT MultiView : public View
 {
 public:
+    /// A multi view without sub views; its stacked widget is made on first use.
     explicit MultiView(const QString& id);
     /// Takes every sub view's widget out of the stacked widget, in list order, before the sub
     /// views are destroyed, so that no sub view dies while its widget is still a page.

@@ -52,10 +52,15 @@ public:
     /// stops the actions that must stop; passes the view settings on; makes the view current in
     /// the solution; emits switchingView(); starts the view; emits viewChanged(). Switching to the
     /// current view does nothing. A null view, or a sub view without a parent, leaves the old
-    /// view current but stopped. Does not take ownership.
+    /// view current but stopped. Does not take ownership. Without a solution manager or an
+    /// active solution: the warning "SwitchingViewsManager : no solution manager or active
+    /// solution is set." and nothing changes.
     virtual void switchToView(View* view);
     /// Switches to the solution's view with this id, or to the multi view holding a sub view with
-    /// this id after making that sub view active.
+    /// this id after making that sub view active (viewChanged() is then emitted twice, both
+    /// times with the multi view's id). Warnings: the one of switchToView(View*), and
+    /// "SwitchingViewsManager : no view or sub view with ID <id> exists in the current
+    /// solution." for an unknown id.
     virtual void switchToView(const QString& id);
     /// The current view's id, or an empty string.
     virtual QString getCurrentViewID();
@@ -65,7 +70,10 @@ public:
     virtual ViewManager* getCurrentViewManager() const;
     /// Installs, on widget (not owned), one shortcut per view of the active solution that has a
     /// key sequence, through the shortcut manager. Views sharing a key share one shortcut and are
-    /// visited in turn by repeated presses. Sub views get no shortcut of their own.
+    /// visited in turn by repeated presses. Sub views get no shortcut of their own. Installs
+    /// nothing, with a warning, without an active solution ("SwitchingViewsManager : no solution
+    /// is currently active.") or without a shortcut manager ("SwitchingViewsManager : no
+    /// shortcut manager is set.").
     virtual void installViewSwitchingShortcuts(QWidget* widget);
     /// A hook for applications that filter views: always false here.
     virtual bool isViewAvailable(const QString& id) const;
@@ -89,6 +97,7 @@ public:
     /// The current view, or the active sub view when the current view is a multi view (which
     /// can be null). Not owned by the caller.
     View* getCurrentViewOrSubView() const;
+    /// The id of getCurrentViewOrSubView(), or an empty string.
     QString getCurrentViewOrSubViewID() const;
     /// Every registered view, as the solution manager orders them; empty without a solution
     /// manager. Not owned by the caller.
@@ -102,13 +111,17 @@ public:
     /// owned by the caller.
     MultiView* getParentViewOfSubView(const QString& id) const;
 
-    /// Both assume that there is a current view.
+    /// @{
+    /// View::start() and View::stop() of the current view; both assume that there is one.
     void startCurrentView();
     void stopCurrentView();
+    /// @}
+    /// Enables or disables every installed view shortcut (while a dialog is up, say).
     void enableShortcuts(bool enable);
     /// The first installed shortcut for sequence, in shortcut address order, or null; owned by
     /// the widget it was installed on.
     QShortcut* getShortcutFor(const QKeySequence& sequence) const;
+    /// View::freeze3DViewers() on every registered view.
     void freezeAll3DViewers(bool freeze);
     /// Hands handler (not owned) to the manager of every view of the active solution; without an
     /// active solution the warning "SwitchingViewsManager : no solution is currently active.".
@@ -125,7 +138,10 @@ Q_SIGNALS:
     void switchingView(View* currentView);
     /// The current view has started, or the current multi view changed its sub view.
     void viewChanged(QString currentViewId);
+    /// Emitted by the application (never by this class) with the pointer's position in the
+    /// viewers' world coordinates.
     void mousePositionChanged(QVector3D position);
+    /// Emitted by the application (never by this class) when the set of views offered changes.
     void availableViewsChanged();
 
 public Q_SLOTS:

@@ -28,6 +28,7 @@ class GUICORE_EXPORT View : public solution::Feature
 public:
     /// A view with the id "undefined_view".
     View();
+    /// An inactive view without widget and without manager.
     explicit View(const QString& id);
     /// Destroys the view manager. The solution registries and the view switching forget the view.
     ~View() override;
@@ -63,7 +64,12 @@ public:
     /// is logged and the manager passed in is destroyed.
     void setViewManager(std::unique_ptr<ViewManager> manager);
 
+    /// True between start() and stop().
     bool isActive() const;
+    /// @{
+    /// Presentation for the application's view bar: name, description, preview picture, icon
+    /// path and the shortcut text shown next to the name. Stored only; the description and
+    /// picture are set by the concrete view.
     QString getName() const;
     void setName(const QString& name);
     QString getDescription() const;
@@ -72,8 +78,10 @@ public:
     void setIcon(const QString& icon);
     QString getShortCutString() const;
     void setShortCutString(const QString& text);
+    /// @}
     /// The key that switches to this view (see SwitchingViewsManager); empty for none.
     QKeySequence getShortCutKeySequence() const;
+    /// Takes effect at the next SwitchingViewsManager::installViewSwitchingShortcuts().
     void setShortCutKeySequence(const QKeySequence& sequence);
 
 protected:
@@ -81,8 +89,11 @@ protected:
     void setWidget(QWidget* widget);
     /// The widget field as it is, without creating anything; not owned by the caller.
     QWidget* widget() const;
+    /// @{
+    /// For concrete views: the texts and picture shown for the view.
     void setDescription(const QString& description);
     void setPicture(const QImage& picture);
+    /// @}
 
 private:
     // A multi view takes its sub views' widgets apart without building missing ones.

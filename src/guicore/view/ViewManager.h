@@ -25,15 +25,23 @@ public:
     explicit ViewManager(QObject* parent = nullptr);
     ~ViewManager() override;
 
+    /// Sets the viewers up; View::reset() calls it again. Empty here.
     virtual void initialize();
+    /// @{
+    /// Called by View::start() and View::stop() when the view comes on and goes off screen.
+    /// Empty here.
     virtual void start();
     virtual void stop();
+    /// @}
+    /// Stops the tools running in this view's viewers. Empty here.
     virtual void stopActions();
     /// Does not take ownership of handler.
     virtual void registerSceneEventHandler(events::SceneEventHandler* handler);
     /// Does not take ownership of handler.
     virtual void unregisterSceneEventHandler(events::SceneEventHandler* handler);
+    /// Shows cursor over the viewers the filter selects. Empty here.
     virtual void setCursor(const QCursor& cursor, events::SceneEventViewerFilter viewers);
+    /// Gives the viewers their default cursor back. Empty here.
     virtual void resetCursor();
 
     /// A copy of the stored record, brought up to date from the live viewers by
@@ -43,6 +51,7 @@ public:
     void setViewSettings(const ViewSettings& settings);
 
 public Q_SLOTS:
+    /// Repaints the viewers. Empty here.
     virtual void refresh();
 
 private:

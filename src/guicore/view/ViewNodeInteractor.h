@@ -22,6 +22,7 @@ public:
     virtual void apply(Node* node);
 
 protected:
+    /// The id of the view, which the generated node carries.
     QString getViewID() const;
     /// Not owned.
     View& getView() const { return m_view; }

@@ -9,6 +9,9 @@
 /// which fill it in writeViewSettings() and apply it in readViewSettings().
 struct GUICORE_EXPORT ViewSettings
 {
+    /// @{
+    /// A field whose meaning the concrete view managers agree on; a new manager starts with 0,
+    /// 0, 1.0, 0, 0, 0 and false.
     qint64 firstValue = 0;
     qint64 secondValue = 0;
     float factor = 1.0f;
@@ -16,7 +19,11 @@ struct GUICORE_EXPORT ViewSettings
     qint64 fourthValue = 0;
     qint32 integer = 0;
     bool flag = false;
+    /// @}
 
+    /// @{
+    /// Field by field; the factor compares exactly.
     bool operator==(const ViewSettings& other) const;
     bool operator!=(const ViewSettings& other) const { return !(*this == other); }
+    /// @}
 };

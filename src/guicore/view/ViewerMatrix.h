@@ -12,16 +12,20 @@ class ViewerBase;
 class GUICORE_EXPORT ViewerMatrix
 {
 public:
+    /// One grid cell and the viewer in it.
     struct ViewerWithIndex
     {
-        int row = 0;
-        int column = 0;
+        int row = 0;    ///< grid row
+        int column = 0; ///< grid column
         ViewerBase* viewer = nullptr; ///< not owned
     };
 
     ViewerMatrix() = default;
+    /// @{
+    /// Copies the entries; both matrices then borrow the same viewers.
     ViewerMatrix(const ViewerMatrix& other) = default;
     ViewerMatrix& operator=(const ViewerMatrix& other) = default;
+    /// @}
 
     /// Puts viewer (not owned, may be null) at row and column; an existing entry there keeps its
     /// place in the order and gets the new viewer.
@@ -30,6 +34,7 @@ public:
     ViewerBase* getViewer(int row, int column) const;
     /// Every viewer in insertion order, nulls included; not owned.
     std::vector<ViewerBase*> getViewers() const;
+    /// The entries in insertion order.
     const std::vector<ViewerWithIndex>& getViewersWithIndex() const { return m_viewers; }
 
     /// The largest column number used in row, or 0 when the row is empty. This is an index, not

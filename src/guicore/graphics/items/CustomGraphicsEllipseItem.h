@@ -16,9 +16,12 @@ public:
     CustomGraphicsEllipseItem(float radiusX, float radiusY, const QString& name = QString(),
         QGraphicsItem* parent = nullptr);
 
+    /// @{
+    /// The radii in item coordinates; setting them rebuilds the painter path.
     void setRadius(float radiusX, float radiusY);
     float getRadiusX() const { return rx; }
     float getRadiusY() const { return ry; }
+    /// @}
 
 protected:
     void paintScaled(

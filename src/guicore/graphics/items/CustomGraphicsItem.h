@@ -36,7 +36,9 @@ public:
 
     /// Stores the drawn path and recomputes the clickable region from it.
     void setPainterPath(const QPainterPath& path);
+    /// The drawn path, in item coordinates.
     const QPainterPath& getPainterPath() const { return painterPath; }
+    /// The region presses and hovers are tested against, in item coordinates.
     const QPainterPath& getClickableRegion() const { return clickableRegion; }
 
     /// Recomputes the clickable region before the pen is replaced, that is from the pen still in
@@ -46,14 +48,27 @@ public:
     /// True: the clickable region is the stroke of the drawn path made with the pen's width, cap
     /// and join; false: the drawn path itself. An empty path gives an empty region either way.
     void setUseStroker(bool use);
+    /// Off by default.
     bool isUsingStroker() const { return useStroker; }
 
+    /// @{
+    /// Zoom-agnostic items are painted at a constant on-screen size (device-independent pixels)
+    /// whatever the view's zoom, through paintScaleAgnostic(). Off by default.
     void setUseZoomAgnostic(bool agnostic);
     bool isZoomAgnostic() const { return zoomAgnostic; }
+    /// @}
+    /// @{
+    /// Whether the item takes right clicks and, in GraphicsSceneExtra, the wheel when it lies under
+    /// the pointer. On by default.
     void setHandleRightClick(bool handle);
     bool getHandleRightClick() const { return handleRightClick; }
+    /// @}
+    /// @{
+    /// Set by the item's owner while the item is being dragged; hover signals are held back
+    /// meanwhile.
     void setDragging(bool drag);
     bool isDragging() const { return dragging; }
+    /// @}
 
     /// Makes this item the child's parent item and reports the child's clicks as this item's
     /// own. Null is ignored. Ownership passes to this item through the parent relation.
@@ -68,8 +83,11 @@ public:
     /// visible and enabled.
     virtual bool isMouseOver(const QPointF& scenePos);
 
+    /// @{
+    /// The scale a transform applies along each axis (the length of its mapped unit vector).
     static float getScaleFactorXAxis(const QTransform& transform);
     static float getScaleFactorYAxis(const QTransform& transform);
+    /// @}
     /// The transform with the view's scale taken out, so that item units become pixels.
     static QTransform getScaleAgnosticTransform(const QTransform& transform);
 
@@ -80,6 +98,7 @@ public:
 
     void devicePixelRatioChanged() override;
 
+    /// The clickable region, so that the stock scene hit-tests what the user can click.
     QPainterPath shape() const override;
     /// Paints scale-agnostically or scaled as the item is set; the painter is borrowed.
     void paint(QPainter* painter, const QStyleOptionGraphicsItem* option,
@@ -89,6 +108,12 @@ public:
     // are borrowed. Moves, wheel turns and visibility changes are reported as every overlay
     // item reports them; presses go by the clickable region and the custom children, and a
     // drag holds back the hover signals.
+    /// @{
+    /// The item's input handlers, public so that GraphicsSceneExtra can call them directly,
+    /// outside the stock grabber logic: a press inside the clickable region with exactly the left
+    /// or right button is accepted and reported (leftClicked(), rightClicked()), also for the
+    /// custom children; releases, keys and context menus are reported or passed to the children;
+    /// hover signals are held back while dragging. The events are borrowed.
     void mousePressEvent(QGraphicsSceneMouseEvent* event) override;
     void mouseReleaseEvent(QGraphicsSceneMouseEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
@@ -96,6 +121,7 @@ public:
     void hoverEnterEvent(QGraphicsSceneHoverEvent* event) override;
     void hoverMoveEvent(QGraphicsSceneHoverEvent* event) override;
     void hoverLeaveEvent(QGraphicsSceneHoverEvent* event) override;
+    /// @}
 
 Q_SIGNALS:
     GUICORE_OVERLAY_ITEM_SIGNALS

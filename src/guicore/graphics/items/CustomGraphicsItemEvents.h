@@ -10,7 +10,9 @@
 // a macro).
 #define GUICORE_OVERLAY_ITEM_SIGNALS                                                               \
     GUICORE_OVERLAY_POINTER_SIGNALS                                                                \
+    /** Whole wheel steps over the item (the delta a multiple of 120). */                          \
     void mouseWheelChanged(QGraphicsSceneWheelEvent* event);                                       \
+    /** The item, while in a scene, is about to be shown or hidden. */                             \
     void visibilityChanged(bool visible);
 
 /// Reports a Qt graphics item's pointer, wheel and visibility events through the signals of

@@ -33,34 +33,50 @@ public:
         double cornerRadius = 0.0, bool outline = true);
     ~CustomGraphicsLabelItem() override;
 
+    /// Replaces the text and lays the label out again.
     void setText(const QString& text);
     /// Scaled to fit 16 by 16 pixels, keeping the aspect ratio.
     void setIcon(const QPixmap& icon);
+    /// The text's font; the pixel size is later overridden by setFontSize().
     void setFont(const QFont& font);
     /// Pixel size = integer part of the device pixel ratio times size; the layout is not redone.
     void setFontSize(int size);
+    /// @{
+    /// Colours of the text and of its outline.
     void setTextColor(const QColor& color);
     void setTextOutlineColor(const QColor& color);
+    /// @}
+    /// @{
+    /// Whether the box behind text and icon is filled, and its brush and outline pen.
     void fillBackground(bool fill);
     void setBackgroundBrush(const QBrush& brush);
     void setBackgroundOutlinePen(const QPen& pen);
+    /// @}
     /// When set (the default) the box follows the text and icon; otherwise it has the size given
     /// by setWidth and setHeight.
     void wrapSizeToText(bool wrap);
+    /// @{
+    /// The box size in screen pixels, used while wrapSizeToText(false).
     void setWidth(int width);
     void setHeight(int height);
+    /// @}
+    /// The text's rectangle in label (screen pixel) coordinates.
     QRectF getTextBoundingRect() const;
     /// Shows or hides the label, then tells the scene that the label's area changed.
     void setVisible(bool visible);
 
     /// The box, the icon and the text; owned by the label.
     CustomGraphicsRectItem* getBackground() const { return background; }
+    /// @{
+    /// Owned by the label.
     CustomGraphicsPixmapItem* getIcon() const { return icon; }
     CustomGraphicsOutlineTextItem* getTextItem() const { return text; }
+    /// @}
 
     /// The box in scene units for the first view of the scene: the on-screen box divided by that
     /// view's horizontal zoom. Also becomes the clickable region. Without a view, the box as is.
     QPainterPath shape() const override;
+    /// The box, in label (screen pixel) coordinates.
     QRectF boundingRect() const override;
     bool isMouseOver(const QPointF& scenePos) override;
 

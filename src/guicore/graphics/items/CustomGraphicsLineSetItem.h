@@ -24,10 +24,13 @@ public:
     void setLineSet(const QList<QLineF>& lines);
     /// Draws the segments as one closed outline through their end points.
     void setClosedLineSet(const QList<QLineF>& lines);
+    /// Removes every line and repaints.
     void clearLineSet();
     /// Stored only: takes effect at the next setLineSet and at painting.
     void setFillColor(const QColor& color) { fillColor = color; }
+    /// The colour the lines are drawn with.
     QColor getFillColor() const { return fillColor; }
+    /// The lines, in item coordinates.
     const QList<QLineF>& getLineSet() const { return lineSet; }
     /// True when the current painter path consists of closed polygons.
     bool isClosed() const { return closed; }

@@ -22,6 +22,8 @@ public:
     CustomGraphicsOutlineTextItem(const QString& name, QGraphicsItem* parent,
         const QString& text = QString(), bool outline = true);
 
+    /// @{
+    /// The text, its font and its fill and outline colours; each setter repaints.
     void setText(const QString& text);
     const QString& getText() const { return text; }
     void setFont(const QFont& font);
@@ -30,8 +32,10 @@ public:
     QColor getTextColor() const { return textColor; }
     void setOutlineTextColor(const QColor& color);
     QColor getOutlineTextColor() const { return outlineColor; }
+    /// @}
     /// Width of the ring around the glyphs, in item units.
     void setOutlineWidth(qreal width);
+    /// Whether the item was made with an outline.
     bool hasOutline() const { return outlineItem != nullptr; }
 
     /// The text's box from the font metrics: the advance wide, ascent plus descent high, its

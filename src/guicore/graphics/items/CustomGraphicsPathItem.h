@@ -12,6 +12,7 @@ public:
     explicit CustomGraphicsPathItem(
         const QString& name = QString(), QGraphicsItem* parent = nullptr);
 
+    /// The pen width the path is drawn with.
     float getPathWidth() const;
 
 protected:

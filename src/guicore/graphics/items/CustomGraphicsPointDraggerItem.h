@@ -18,22 +18,32 @@ public:
     explicit CustomGraphicsPointDraggerItem(const QString& name = QString(),
         QGraphicsItem* parent = nullptr, float screenRadius = 5.0f);
 
+    /// @{
+    /// The handle's radius in screen pixels, whatever the zoom.
     void setScreenRadius(float radius);
     float getScreenRadius() const { return screenRadius; }
+    /// @}
 
     /// Within the disc as it appears in the first view of the scene (without a view, the disc
     /// in item units), while the handle is visible and enabled.
     bool isMouseOver(const QPointF& scenePos) override;
 
     // The events are borrowed.
+    /// @{
+    /// A left press on the handle starts a drag (dragStarted()); moves propose positions through
+    /// positionChangeRequested() without moving the handle; the release ends the drag
+    /// (dragFinished()). The events are borrowed.
     void mousePressEvent(QGraphicsSceneMouseEvent* event) override;
     void mouseMoveEvent(QGraphicsSceneMouseEvent* event) override;
     void mouseReleaseEvent(QGraphicsSceneMouseEvent* event) override;
+    /// @}
 
 Q_SIGNALS:
+    /// A drag of the handle began.
     void dragStarted();
     /// Where the handle should go, in its parent's coordinates (scene coordinates without one).
     void positionChangeRequested(const QPointF& position);
+    /// The drag of the handle ended.
     void dragFinished();
 
 protected:

@@ -14,8 +14,11 @@ public:
     explicit CustomGraphicsPolygonItem(const QString& name = QString(),
         QGraphicsItem* parent = nullptr, const QPolygonF& polygon = QPolygonF());
 
+    /// @{
+    /// The polygon in item coordinates; setting it rebuilds the painter path.
     void setPolygon(const QPolygonF& polygon);
     QPolygonF getPolygon() const { return polygon; }
+    /// @}
 
 private:
     QPolygonF polygon;

@@ -15,10 +15,14 @@ public:
     explicit CustomGraphicsRectItem(const QString& name = QString(),
         QGraphicsItem* parent = nullptr, const QRectF& rect = QRectF(), double cornerRadius = 0.0);
 
+    /// @{
+    /// The rectangle in item coordinates; setting it rebuilds the painter path.
     void setRect(const QRectF& rect);
     void setRect(float x, float y, float w, float h);
+    /// @}
     /// The rectangle as stored (not normalised).
     QRectF getRect() const { return rect; }
+    /// The radius of the rounded corners given at construction.
     double getCornerRadius() const { return cornerRadius; }
 
 protected:

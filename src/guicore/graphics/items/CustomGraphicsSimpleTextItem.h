@@ -16,10 +16,14 @@ public:
     CustomGraphicsSimpleTextItem(const QString& name, QGraphicsItem* parent,
         const QString& text = QString(), bool centered = false);
 
+    /// @{
+    /// The text and its font; setters repaint.
     const QString& getText() const { return text; }
     void setText(const QString& text);
     const QFont& getFont() const { return font; }
     void setFont(const QFont& font);
+    /// @}
+    /// Whether the text is centred on the item's position.
     bool isCentered() const { return centered; }
 
     /// Takes exactly-left and exactly-right presses on the clickable region; the stock press

@@ -15,6 +15,7 @@ public:
     /// to the scene point than half the path width plus the tolerance.
     bool isUnderMouse(const QPointF& scenePos, float tolerance) const;
     bool isMouseOver(const QPointF& scenePos) override;
+    /// Tests the clickable region, not the filled curve.
     bool contains(const QPointF& point) const override;
 
     /// Takes the press only while the spline is visible and enabled, then as the base item.

@@ -14,10 +14,15 @@ class GUICORE_EXPORT CustomGraphicsStrokerPathItem : public CustomGraphicsItem
 public:
     /// The centre line whose stroke is drawn. Stored only; used at the next paint.
     void setStrokerPath(const QPainterPath& path) { strokerPath = path; }
+    /// @{
+    /// The stroke that outlines the path: width, cap and join. Take effect with the next path.
     void setStrokerWidth(int width) { strokerWidth = width; }
     void setCapStyle(Qt::PenCapStyle style) { capStyle = style; }
     void setJointStyle(Qt::PenJoinStyle style) { joinStyle = style; }
+    /// @}
+    /// The stroked outline of the path, in item coordinates.
     const QPainterPath& getStrokerPath() const { return strokerPath; }
+    /// The stroke width.
     int getStrokerWidth() const { return strokerWidth; }
 
 protected:

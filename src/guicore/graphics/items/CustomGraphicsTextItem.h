@@ -21,12 +21,14 @@ class GUICORE_EXPORT CustomGraphicsTextItem
     Q_DISABLE_COPY(CustomGraphicsTextItem)
 
 public:
+    /// The most characters the user can type into the item.
     static constexpr int maximumLength = 256;
 
     /// A non-null parent item owns the item.
     explicit CustomGraphicsTextItem(QGraphicsItem* parent = nullptr);
     ~CustomGraphicsTextItem() override;
 
+    /// True while the user edits the text.
     bool isEditing() const { return editing; }
     /// On: the text becomes editable, the item selected and its whole text selected. Off: the
     /// item deselected, not editable, without selection and without focus.
@@ -51,8 +53,12 @@ public:
 
     // Event handlers; the events are borrowed. Releases and hover events are reported as every
     // overlay item reports them (hover events only once the owner accepts them).
+    /// @{
+    /// Keys edit the text while editing (the scene hands them to every text item); Escape ends the
+    /// editing. The events are borrowed.
     void keyPressEvent(QKeyEvent* event) override;
     void keyReleaseEvent(QKeyEvent* event) override;
+    /// @}
     /// Reported only while editing.
     void mouseMoveEvent(QGraphicsSceneMouseEvent* event) override;
 
@@ -60,6 +66,7 @@ public:
 
 Q_SIGNALS:
     GUICORE_OVERLAY_POINTER_SIGNALS
+    /// The user changed the text.
     void textChanged(QString newText);
 
 private Q_SLOTS:

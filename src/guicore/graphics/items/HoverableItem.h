@@ -14,8 +14,11 @@ class GUICORE_EXPORT HoverableItem
 {
 public:
     HoverableItem() = default;
+    /// @{
+    /// Copies the hover state and priority.
     HoverableItem(const HoverableItem& other) = default;
     HoverableItem& operator=(const HoverableItem& other) = default;
+    /// @}
     virtual ~HoverableItem();
 
     /// Whether the scene point lies on the part of the item that can be hovered.
@@ -25,9 +28,13 @@ public:
 
     /// Only on a change: notifies with the new state, then stores it.
     void setHovered(bool hovered);
+    /// Whether the scene marked this item as the hovered one.
     bool isHovered() const { return hovered; }
+    /// @{
+    /// Where shapes overlap, the item with the higher priority is hovered.
     void setHoverPriority(int priority) { hoverPriority = priority; }
     int getHoverPriority() const { return hoverPriority; }
+    /// @}
 
     /// Orders the items from the highest priority to the lowest; items of equal priority keep
     /// their order. The items are borrowed.

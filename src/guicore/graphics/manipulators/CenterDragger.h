@@ -23,6 +23,7 @@ public:
 
     /// From now on positions are clamped into \a rect (edges included).
     void setBoundingRect(const QRectF& rect);
+    /// Whether the user can drag the handle.
     void setMovable(bool movable);
 
     /// Pushes the move-all override cursor and emits hoveringStarted() when movable. Calls must
@@ -34,10 +35,14 @@ public:
 Q_SIGNALS:
     /// The handle's position after every change, and once more when the mouse releases it.
     void dragged(QPointF position);
+    /// @{
+    /// Emitted by startHovering() and stopHovering() while the handle is movable.
     void hoveringStarted();
     void hoveringStopped();
+    /// @}
 
 protected:
+    /// Emits dragged() with every position change of the handle.
     QVariant itemChange(GraphicsItemChange change, const QVariant& value) override;
     /// Does not take ownership of \a event.
     void mouseReleaseEvent(QGraphicsSceneMouseEvent* event) override;

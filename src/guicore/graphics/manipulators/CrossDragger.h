@@ -32,25 +32,36 @@ public:
 
     /// Disabling a side hides the centre handle; the line itself keeps its visibility.
     void enableHorizontalDragger(bool enabled);
+    /// Whether the horizontal side takes part; on by default.
     bool isHorizontalDraggerEnabled() const;
+    /// @{
+    /// The vertical side's counterpart of enableHorizontalDragger().
     void enableVerticalDragger(bool enabled);
     bool isVerticalDraggerEnabled() const;
+    /// @}
 
+    /// @{
+    /// Per-line settings passed to the LineDragger of that side: colour, snapping step (tick, in
+    /// scene units) and whether positions sit half a tick off the grid.
     void setHorizontalColor(const QColor& color);
     void setVerticalColor(const QColor& color);
     void setHorizontalTick(float tick);
     void setVerticalTick(float tick);
     void setHorizontalHalfOffset(bool halfOffset);
     void setVerticalHalfOffset(bool halfOffset);
+    /// @}
 
     /// Applies to both lines and to the centre handle.
     void setMovable(bool movable);
     /// The horizontal line's movable flag alone.
     bool getMovable() const;
 
+    /// The scene rectangle the lines are drawn across.
     void setRect(const QRectF& rect);
+    /// The scene rectangle the lines must stay in.
     void setBoundingRect(const QRectF& rect);
 
+    /// Shows or hides both lines and the handle.
     void setDraggerVisible(bool visible);
     /// Shows or hides the horizontal line (only while that side is enabled); the centre handle
     /// is shown only when both lines are.
@@ -62,7 +73,9 @@ public:
     void updateCenter();
 
 Q_SIGNALS:
+    /// The user moved the horizontal line (directly or with the handle), to this scene position.
     void horizontalMoved(QPointF position);
+    /// The user moved the vertical line (directly or with the handle), to this scene position.
     void verticalMoved(QPointF position);
 
 public Q_SLOTS:
@@ -70,6 +83,7 @@ public Q_SLOTS:
     void moveHorizontal(QPointF position);
     /// Moves the vertical line and the handle without emitting verticalMoved().
     void moveVertical(QPointF position);
+    /// Follows a line the user dragged: moves the handle and emits that side's moved signal.
     void lineDraggerMoved(QPointF position);
     /// Moves both lines to the handle; emits verticalMoved() and then horizontalMoved(), each
     /// only when that line really moved.

@@ -28,16 +28,26 @@ public:
     explicit CrossedLinesManipulationGraphicsItemGroup(QGraphicsItem* parent = nullptr);
     ~CrossedLinesManipulationGraphicsItemGroup() override;
 
+    /// @{
+    /// The line through the point along the direction (scene coordinates); the point is its
+    /// rotation point. See LineManipulationGraphicsItem::setLine().
     void setHorizontalLine(const QPointF& point, const QVector2D& direction);
     void setVerticalLine(const QPointF& point, const QVector2D& direction);
+    /// @}
+    /// @{
+    /// The colour of each line.
     void setHorizontalColor(const QColor& color);
     void setVerticalColor(const QColor& color);
+    /// @}
+    /// The visible scene rectangle both lines are drawn across; call it when the view changes.
     void setViewportRectangle(const QRectF& rect);
 
     /// The centre handle is shown only while both lines are.
     void showHorizontalLine(bool visible);
+    /// Shows or hides the vertical line.
     void showVerticalLine(bool visible);
 
+    /// Allows or forbids rotating both lines.
     void enableRotation(bool enabled);
     /// Also makes the centre handle movable or fixed.
     void enableTranslation(bool enabled);
@@ -55,10 +65,17 @@ public:
     void updateCenter();
 
 Q_SIGNALS:
+    /// @{
+    /// The user dragged that line to the scene position; the owner moves it with
+    /// setHorizontalLine() or setVerticalLine().
     void horizontalLineTranslated(const QPointF& translatedToPosition);
     void verticalLineTranslated(const QPointF& translatedToPosition);
+    /// @}
+    /// @{
+    /// The user turned that line by the angle (counter-clockwise degrees); the owner turns it.
     void horizontalLineRotated(float angle);
     void verticalLineRotated(float angle);
+    /// @}
 
 public Q_SLOTS:
     /// Reports \a position as the new place of the vertical line first, then of the horizontal

@@ -40,26 +40,33 @@ public:
 
     /// When set, the line no longer follows the mouse itself; its owner moves it.
     void setIsMoveHandledByCaller(bool handledByCaller);
+    /// Whether the owner moves the line itself in answer to moved().
     bool getIsMoveHandledByCaller() const;
 
     /// Set by the owner while the left button drags this line.
     void setDragging(bool dragging);
+    /// True while a left-button drag of the line runs.
     bool isLeftDragging() const;
 
     /// Clearing the movable flag also ends a drag in progress.
     void setMovable(bool movable);
+    /// Whether the user can drag the line.
     bool isMovable() const;
 
     /// Stretches the line over \a rect along its own direction; the position is not changed.
     void setRect(const QRectF& rect);
+    /// The line's colour.
     void setDraggerColor(const QColor& color);
     /// Width of the invisible pick line, the area in which the line can be grabbed.
     void setPickWidth(int width);
 
     /// The pick line's bounding rectangle: the line is hit wherever its wider twin is.
     QRectF boundingRect() const override;
+    /// @{
+    /// True within the pick area around the line (item or scene coordinates respectively).
     bool contains(const QPointF& point) const override;
     bool underMousePos(const QPointF& point) const;
+    /// @}
 
     /// Pushes a resize override cursor across the line when the line is movable. Calls must be
     /// paired with stopHovering(); the dragger does not count them.
@@ -72,6 +79,7 @@ Q_SIGNALS:
     void moved(QPointF position);
 
 protected:
+    /// Keeps a new position inside the bounding rectangle and on the tick grid, then reports it.
     QVariant itemChange(GraphicsItemChange change, const QVariant& value) override;
     /// Does not take ownership of \a event.
     void mouseMoveEvent(QGraphicsSceneMouseEvent* event) override;

@@ -42,18 +42,24 @@ public:
     /// Changes only the width of the pick line, the area in which the line can be grabbed.
     void setPickWidth(int width);
 
+    /// @{
+    /// Whether a press may rotate, or translate, the line; both on by default.
     void enableRotation(bool enabled);
     bool isRotationEnabled() const;
     void enableTranslation(bool enabled);
     bool isTranslationEnabled() const;
+    /// @}
 
     /// Chooses rotation or translation for a press at \a scenePos and changes the override
     /// cursor (pushed on hover enter) to match. Nothing while manipulation is disabled or when
     /// neither rotation nor translation is allowed.
     void startManipulation(const QPointF& scenePos);
+    /// Ends a rotation or translation; GraphicsSceneExtra calls it on every release.
     void stopManipulation();
+    /// True between startManipulation() and stopManipulation().
     bool isManipulating() const;
 
+    /// The point given to setLine(), in scene coordinates.
     QPointF getRotationPoint() const;
 
     /// True when a press at \a point rotates the line, false when it translates it.
@@ -62,8 +68,11 @@ public:
     /// line from the rotation point to \a point is less than 90 degrees away from the line.
     bool isRotatingParallelLine(const QPointF& point) const;
 
+    /// @{
+    /// The cursor for rotating or translating, or for the hover position.
     QCursor getCursor(bool rotate) const;
     QCursor getCursor(const QGraphicsSceneHoverEvent& event) const;
+    /// @}
     /// A resize cursor across the drawn line, the way it translates.
     QCursor getTranslationCursor() const;
 
@@ -76,30 +85,42 @@ public:
 
     /// The pick line's bounding rectangle: the line is hit wherever its wider twin is.
     QRectF boundingRect() const override;
+    /// True within the pick line's area.
     bool contains(const QPointF& point) const override;
 
 Q_SIGNALS:
     /// Counter-clockwise degrees in [0, 360) from the current line; never 0.
     void lineRotated(float angle);
+    /// The pointer, translating, reached this scene position.
     void lineTranslated(const QPointF& translatedToPosition);
 
 public Q_SLOTS:
+    /// @{
+    /// Switches manipulation off and on; while off, presses and hovers change nothing.
     void disableManipulation();
     void enableManipulation();
+    /// @}
 
 protected:
     /// Pushes an override cursor; paired with the pop in hoverLeaveEvent().
     void hoverEnterEvent(QGraphicsSceneHoverEvent* event) override;
+    /// Updates the override cursor for the hover position.
     void hoverMoveEvent(QGraphicsSceneHoverEvent* event) override;
+    /// Pops the override cursor pushed on hover enter.
     void hoverLeaveEvent(QGraphicsSceneHoverEvent* event) override;
     /// Does not take ownership of \a event.
     void mouseMoveEvent(QGraphicsSceneMouseEvent* event) override;
 
 private:
+    /// What the current press does.
     enum ManipulationMode {
+        /// No press is being followed.
         NoManipulation = 0,
+        /// Rotating, pressed on the direction side of the rotation point.
         RotatingOnDirectionSide = 1,
+        /// Rotating, pressed on the other side.
         RotatingOnOppositeSide = 2,
+        /// Translating.
         Translating = 3
     };
 

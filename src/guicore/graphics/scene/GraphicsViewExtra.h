@@ -29,6 +29,7 @@ class GUICORE_EXPORT GraphicsViewExtra : public QGraphicsView
     Q_DISABLE_COPY(GraphicsViewExtra)
 
 public:
+    /// Where the view's image goes; fixed at construction.
     enum Usage {
         /// Never shown as a widget of its own; its image is rendered elsewhere (a Quick item).
         Offscreen = 0,
@@ -41,6 +42,7 @@ public:
     GraphicsViewExtra(Usage usage, QGraphicsScene* scene, QWidget* parent = nullptr);
     ~GraphicsViewExtra() override;
 
+    /// The usage given at construction.
     Usage getUsage() const { return usage; }
 
     /// For hosts that forward hover moves: only the two notifications.
@@ -57,14 +59,29 @@ Q_SIGNALS:
     GUICORE_GRAPHICS_VIEW_EXTRA_SIGNALS
 
 protected:
+    /// With both the left and the right button held, the press is withheld: the stock handler does
+    /// not run (so neither the scene nor any item sees the second press of the chord) and
+    /// leftAndRightMousePressed() is emitted instead. Otherwise the stock handler, then
+    /// panStarted() in QGraphicsView::ScrollHandDrag mode.
     void mousePressEvent(QMouseEvent* event) override;
+    /// panFinished() first in ScrollHandDrag mode; the stock handler; then mouseReleased() for the
+    /// left button or rightMouseReleased() for the right one.
     void mouseReleaseEvent(QMouseEvent* event) override;
+    /// The stock handler; mousePositionChanged() only for moves without a button held.
     void mouseMoveEvent(QMouseEvent* event) override;
+    /// The stock handler, then the left or right double-click signal with the view position.
     void mouseDoubleClickEvent(QMouseEvent* event) override;
+    /// The stock handler, then keyPressed().
     void keyPressEvent(QKeyEvent* event) override;
+    /// Releasing Control in ScrollHandDrag mode emits panFinished() first; then the stock handler
+    /// and keyReleased().
     void keyReleaseEvent(QKeyEvent* event) override;
+    /// @{
+    /// The stock handler, then mouseEntered() or mouseLeft(), without the two notifications.
     void enterEvent(QEnterEvent* event) override;
     void leaveEvent(QEvent* event) override;
+    /// @}
+    /// The stock handler and its result, after the two notifications.
     bool viewportEvent(QEvent* event) override;
 
 private:

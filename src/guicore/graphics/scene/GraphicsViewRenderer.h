@@ -17,6 +17,8 @@ public:
     explicit GraphicsViewRenderer(GraphicsViewExtra* view);
     ~GraphicsViewRenderer() override;
 
+    /// Clears the framebuffer to transparent and paints the view into it, then resets the OpenGL
+    /// state the scene graph expects.
     void render() override;
     /// Sizes the view to the new framebuffer and fits the scene into it; ownership of the
     /// returned framebuffer object passes to the caller.

@@ -16,16 +16,23 @@ class GUICORE_EXPORT KeyboardInteractionHandler
 {
 public:
     KeyboardInteractionHandler() = default;
+    /// @{
+    /// The copy notifies the same borrowed listeners.
     KeyboardInteractionHandler(const KeyboardInteractionHandler& other) = default;
     KeyboardInteractionHandler& operator=(const KeyboardInteractionHandler& other) = default;
+    /// @}
     virtual ~KeyboardInteractionHandler();
 
     /// Does not take ownership. Null is ignored; a second registration has no effect.
     void registerKeyboardListener(KeyboardInteractionListener* listener);
 
 protected:
+    /// @{
+    /// For the derived scene or view's key handlers: calls every listener's onKeyPressed() or
+    /// onKeyReleased() with the borrowed event.
     void notifyKeyPressed(QKeyEvent* event) const;
     void notifyKeyReleased(QKeyEvent* event) const;
+    /// @}
 
 private:
     QSet<KeyboardInteractionListener*> m_keyboardListeners;

@@ -20,12 +20,18 @@ class QQuickWindow;
 /// thread, and turns its mouse, hover, wheel and key events into the view's widget events, scaled
 /// to device pixels. Available to QML as "QuickGraphicsSceneItem" 1.0 in
 /// "com.korvani.qmlcomponents" after registerQMLType().
+///
+/// Threads: the item, scene and view live on the GUI thread; the renderer runs on the Quick
+/// render thread while the GUI thread is blocked in synchronisation and only reads the view.
+/// Scene coordinates are those of the scene; the view's pixels are device pixels.
 class GUICORE_EXPORT QuickGraphicsSceneItem : public QQuickFramebufferObject
 {
     Q_OBJECT
     Q_DISABLE_COPY(QuickGraphicsSceneItem)
 
 public:
+    /// Makes the scene (transparent background, so QML content behind shows through), the view on
+    /// it and the wrapper; accepts all mouse buttons and hover events.
     explicit QuickGraphicsSceneItem(QQuickItem* parent = nullptr);
     ~QuickGraphicsSceneItem() override;
 
@@ -34,6 +40,7 @@ public:
     /// The item's view, owned by the item.
     GraphicsViewExtraInterface* getGraphicsView() const;
 
+    /// GraphicsSceneExtra::setViewerTag() of the item's scene.
     void setViewerTag(const QString& tag);
 
     /// Makes the type known to QML; the application calls it once before loading QML.
@@ -43,30 +50,52 @@ public:
     Renderer* createRenderer() const override;
 
 Q_SIGNALS:
+    /// After every mouse move forwarded to the view.
     void mouseMoved();
+    /// Internal hand-over from sync() to doLateUpdate(), queued; not for applications.
     void lateUpdate();
+    /// Declared for QML bindings; the item itself repaints on the view's sceneChanged().
     void sceneChanged();
 
 public Q_SLOTS:
+    /// Called when the window's size changes: schedules one doLateUpdate() however many size
+    /// signals arrive.
     void sync();
+    /// Repaints the whole item whatever region the scene reports.
     void updateRegion(QList<QRectF> region);
+    /// Fits the scene rectangle into the view (keeping the aspect ratio) without the fit counting
+    /// as interaction, then emits the view's two notifications.
     void doLateUpdate();
     /// Does nothing for a null window; the item does not own the window.
     void handleWindowChanged(QQuickWindow* window);
 
 protected:
+    /// The framebuffer texture over the item's bounding rectangle, mirrored vertically.
     QSGNode* updatePaintNode(QSGNode* node, UpdatePaintNodeData* data) override;
 
+    /// @{
+    /// Passed to the view as a new event with every position multiplied by the device pixel ratio
+    /// (DevicePixelRatio::value()): item pixels become the view's device pixels. A press is
+    /// accepted, so the item becomes the mouse grabber.
     void mousePressEvent(QMouseEvent* event) override;
     void mouseMoveEvent(QMouseEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
     void mouseDoubleClickEvent(QMouseEvent* event) override;
+    /// @}
+    /// Sent to the scene as a scene wheel event at the scaled position; the delta is unchanged.
     void wheelEvent(QWheelEvent* event) override;
+    /// @{
+    /// Passed to the view (and, for moves and leaves, to the scene as scene hover events) at the
+    /// scaled position, so the overlay items' hover highlighting works inside QML.
     void hoverEnterEvent(QHoverEvent* event) override;
     void hoverMoveEvent(QHoverEvent* event) override;
     void hoverLeaveEvent(QHoverEvent* event) override;
+    /// @}
+    /// @{
+    /// Passed to the view unchanged; the item needs the active focus to get keys.
     void keyPressEvent(QKeyEvent* event) override;
     void keyReleaseEvent(QKeyEvent* event) override;
+    /// @}
 
 private:
     void forwardHover(QHoverEvent* event, bool leave);

@@ -14,6 +14,7 @@ class GUICORE_EXPORT WheelEventHandler : public QObject
     Q_OBJECT
 
 public:
+    /// A handler with nothing carried over.
     explicit WheelEventHandler(QObject* parent = nullptr);
 
     /// The number of whole steps to apply now, positive or negative. A null event gives 0.

@@ -5,6 +5,11 @@
 class QString;
 
 /// Input helpers derived from the style's short date format ("@SHORT_DATE_FORMAT").
+///
+/// Both read the format from StyleManager::manager() on every call, so they follow a style
+/// created later, and they create the style manager (with its warning) when none exists yet.
+/// The separator is the first "/", ".", "-" or blank of the format. GUI thread only, as the
+/// style manager is.
 class GUICORE_EXPORT DateFormatModifiers
 {
 public:

@@ -14,6 +14,8 @@ public:
     /// an integer, satisfies d / 255 > \a tolerance; so a tolerance of 1.0 accepts everything.
     /// Alpha is not part of the distance. Images of any pixel format can be compared with each
     /// other; their colours are compared, not their raw pixel values.
-    /// Returns -1.0 with a warning when \a a is null or when the sizes differ.
+    /// Returns -1.0 with a warning when \a a is null ("ImageComparator : invalid input images!")
+    /// or when the sizes differ ("ImageComparator : input images not the same size!").
+    /// Re-entrant; the images are taken by value, so the caller's are never converted.
     static float compareImages(QImage a, QImage b, float tolerance);
 };

@@ -5,7 +5,8 @@
 class QColor;
 class QImage;
 
-/// Puts two images side by side or one above the other into a new image.
+/// Puts two images side by side or one above the other into a new image. Re-entrant; null
+/// images count as images of size zero.
 class GUICORE_EXPORT ImageMerger
 {
 public:
@@ -16,6 +17,7 @@ public:
         const QImage& left, const QImage& right, const QColor& background);
     /// An ARGB32 image of the larger of the two widths and height top.height + bottom.height,
     /// filled with \a background, with \a top at (0, 0) and \a bottom at (0, top.height).
+    /// Pixels are copied as by mergeHorizontally().
     static QImage mergeVertically(
         const QImage& top, const QImage& bottom, const QColor& background);
 };

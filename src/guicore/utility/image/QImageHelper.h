@@ -9,9 +9,10 @@ class QImage;
 class QRect;
 class QString;
 
+/// Helpers for 2-D images.
 namespace image2d {
 
-/// Small inspection and conversion helpers for images.
+/// Small inspection and conversion helpers for images. All are re-entrant.
 class GUICORE_EXPORT QImageHelper
 {
 public:
@@ -28,7 +29,9 @@ public:
     static bool isTransparent(QImage image);
     /// Replaces every fully transparent pixel of \a image by the opaque \a colour and converts the
     /// image to Format_RGB32. Partially transparent pixels keep their colour and lose their alpha.
-    /// Images without an alpha channel are only converted. The pixel loop runs in parallel.
+    /// Images without an alpha channel are only converted. The pixel loop runs in parallel on
+    /// oneTBB's worker threads and is finished when the call returns; nothing else may use
+    /// \a image meanwhile.
     static void removeAlphaChannel(QImage& image, const QColor& colour);
     /// A "data:image/PNG;base64," URL holding the image as PNG, usable in rich text and QML.
     static QString streamToBase64(const QImage& image);

@@ -14,6 +14,7 @@ public:
     /// The id under which applications usually register the provider.
     static constexpr const char* PROVIDER_ID = "qrc";
 
+    /// A provider of the Pixmap kind; the QML engine that it is added to takes ownership.
     QrcImageProvider();
 
     /// \a size may be null (does not take ownership).

@@ -15,21 +15,28 @@ class QQuaternion;
 /// The first reading defines the centre of the area. Pointing past an edge drags the reference
 /// direction along, so turning back moves the pointer at once instead of after a dead angle.
 /// Both axes are mirrored: a positive yaw moves the pointer left, a positive pitch moves it up.
+///
+/// It only computes positions; connect mouseCoordinatesChanged() to MouseSimulator::move() to
+/// move the system pointer. Feed it on the GUI thread.
 class GUICORE_EXPORT RemotePointingMouse : public QObject
 {
     Q_OBJECT
 
 public:
-    /// \a distance is the distance to the area in the unit of the dimensions' physical sizes.
+    /// \a distance is the distance to the area in the unit of the dimensions' physical sizes
+    /// (centimetres). No reading has been taken yet: the first one becomes the centre.
     RemotePointingMouse(double distance, const ApplicationWindowDimensions& dimensions);
 
 public Q_SLOTS:
-    /// Uses yaw and pitch of \a orientation; roll is ignored.
+    /// Uses yaw and pitch of \a orientation (QQuaternion::getEulerAngles()); roll is ignored.
     void updateFromQuaternion(const QQuaternion& orientation);
+    /// Projects the two angles onto the area and emits the new position if it changed. Angles
+    /// differing by whole turns are the same direction.
     void updateFromOrientation(float yawInRadians, float pitchInRadians);
 
 Q_SIGNALS:
-    /// Emitted once per distinct position, in desktop pixels.
+    /// Emitted once per distinct position, in desktop pixels, from within the update call; the
+    /// first reading always emits, at the centre of the area.
     void mouseCoordinatesChanged(int x, int y);
 
 private:

@@ -17,7 +17,9 @@ class QWidget;
 /// while a modal interaction must not be disturbed by key commands).
 ///
 /// Nothing registered is owned: shortcuts belong to their widgets and are forgotten when they
-/// are destroyed.
+/// are destroyed. The application makes one manager at start-up, gives it the main window with
+/// setMainApplicationWidget() and hands it to SwitchingViewsManager, which installs the views'
+/// shortcuts through it. GUI thread only.
 class GUICORE_EXPORT ShortcutManager : public QObject
 {
     Q_OBJECT
@@ -33,11 +35,13 @@ public:
     std::vector<QAction*> getQActions() const { return m_qactions; }
 
     /// The parent of application-wide shortcuts; not owned. Only the first call takes effect
-    /// while that widget lives.
+    /// while that widget lives; a later one writes the debug message "ShortcutManager : we
+    /// already have an application main widget set.".
     void setMainApplicationWidget(QWidget* widget);
 
-    /// A shortcut on the main application widget, or null (with a debug message) when that widget
-    /// is not set yet. The shortcut is owned by the widget.
+    /// A shortcut on the main application widget, or null when that widget is not set yet, with
+    /// the debug message "ShortcutManager : cannot add an application shortcut if the application
+    /// main widget is not set.". The shortcut is owned by the widget.
     QShortcut* addApplicationShortcut(const QKeySequence& sequence);
     /// The registered shortcut of widget for sequence, or a new one with widget as parent and
     /// Qt::WindowShortcut context; owned by widget. The caller connects activated() itself.
@@ -57,7 +61,8 @@ public:
     void addQActionWithShortcut(QAction* action);
 
 public Q_SLOTS:
-    /// Enables or disables every registered shortcut, then every registered action.
+    /// Enables or disables every registered shortcut, then every registered action. Shortcuts
+    /// registered later are not affected: they start enabled.
     virtual void setEnabled(bool enabled);
     /// Forgets every registration of shortcutToRemove; not deleted.
     void removeShortcut(QObject* shortcutToRemove);

@@ -6,9 +6,14 @@
 
 /// Keeps the GUI responsive during a long computation on the GUI thread: processes pending
 /// events at most once every 20 ms of a monotonic clock, however often it is called.
+///
+/// Processing events lets the user act in the middle of the computation (close a window, start
+/// another action), so callers must be ready for re-entrance; NullProgressUpdater is the safe
+/// choice where they are not. Call it only on the thread whose events it should process.
 class GUICORE_EXPORT ProgressUpdater
 {
 public:
+    /// An updater that has never processed events: its first call does.
     ProgressUpdater() = default;
     virtual ~ProgressUpdater();
 
