@@ -124,7 +124,8 @@ public:
     /// @}
 
 Q_SIGNALS:
-    GUICORE_OVERLAY_ITEM_SIGNALS
+    GUICORE_OVERLAY_POINTER_SIGNALS
+    GUICORE_OVERLAY_WHEEL_SIGNALS
 
 protected:
     /// Painting at the view's scale; the plain path-item painting. The painter is borrowed.

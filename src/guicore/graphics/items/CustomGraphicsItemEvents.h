@@ -5,18 +5,19 @@
 #include <QGraphicsItem>
 #include <QVariant>
 
-// The pointer signals, then the wheel and visibility signals: the whole list, in this order, of
-// the overlay items that report every event (see GUICORE_OVERLAY_POINTER_SIGNALS for why it is
-// a macro).
-#define GUICORE_OVERLAY_ITEM_SIGNALS                                                               \
-    GUICORE_OVERLAY_POINTER_SIGNALS                                                                \
+// The wheel and visibility signals. The overlay items that report every event declare
+// GUICORE_OVERLAY_POINTER_SIGNALS and then this list, in that order (see
+// GUICORE_OVERLAY_POINTER_SIGNALS for why the lists are macros; they are not nested, so that the
+// reference lists every signal).
+#define GUICORE_OVERLAY_WHEEL_SIGNALS                                                              \
     /** Whole wheel steps over the item (the delta a multiple of 120). */                          \
     void mouseWheelChanged(QGraphicsSceneWheelEvent* event);                                       \
     /** The item, while in a scene, is about to be shown or hidden. */                             \
     void visibilityChanged(bool visible);
 
 /// Reports a Qt graphics item's pointer, wheel and visibility events through the signals of
-/// GUICORE_OVERLAY_ITEM_SIGNALS, which Item (the class deriving from this one) declares.
+/// GUICORE_OVERLAY_POINTER_SIGNALS and GUICORE_OVERLAY_WHEEL_SIGNALS, which Item (the class
+/// deriving from this one) declares.
 template <class Item, class GraphicsItem>
 class CustomGraphicsItemEvents : public CustomGraphicsPointerEvents<Item, GraphicsItem>
 {

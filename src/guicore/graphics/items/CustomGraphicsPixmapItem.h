@@ -22,5 +22,6 @@ public:
         QGraphicsItem* parent = nullptr, const QPixmap& pixmap = QPixmap());
 
 Q_SIGNALS:
-    GUICORE_OVERLAY_ITEM_SIGNALS
+    GUICORE_OVERLAY_POINTER_SIGNALS
+    GUICORE_OVERLAY_WHEEL_SIGNALS
 };

@@ -19,5 +19,6 @@ public:
         const QString& name = QString(), QGraphicsItem* parent = nullptr);
 
 Q_SIGNALS:
-    GUICORE_OVERLAY_ITEM_SIGNALS
+    GUICORE_OVERLAY_POINTER_SIGNALS
+    GUICORE_OVERLAY_WHEEL_SIGNALS
 };
