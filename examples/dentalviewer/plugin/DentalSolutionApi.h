@@ -1,14 +1,49 @@
 #pragma once
 
+#include <QJsonArray>
 #include <QJsonObject>
 #include <QString>
 #include <QtPlugin>
 
 class QGraphicsView;
+class QUndoStack;
 class QuickGraphicsSceneItem;
 class QWidget;
 class SolutionManager;
 class View;
+
+// What the plug-in asks of the window that hosts it. The host implements it and outlives the
+// plug-in's use of it.
+class DentalHost
+{
+public:
+    virtual ~DentalHost() = default;
+
+    // A hint or a result for the status bar; an empty text clears it, a timeout of 0 keeps it.
+    virtual void showStatus(const QString& text, int timeoutMs) = 0;
+    // A problem the person must see: shown until they dismiss it.
+    virtual void reportProblem(const QString& text) = 0;
+    // The document or what the views show changed; the host saves it soon.
+    virtual void stateChanged() = 0;
+    // Brings a view or sub view on screen, by its id.
+    virtual void showView(const QString& id) = 0;
+    // Switches the colour palette ("dark" or "light") at once and keeps it as the preference;
+    // the host then asks the plug-in to restyle.
+    virtual void applyPalette(const QString& name) = 0;
+    // The parent of the plug-in's dialogs; borrowed.
+    virtual QWidget* dialogParent() const = 0;
+};
+
+// What was read of a document file.
+struct DocumentLoad
+{
+    int read = 0;
+    // Measurements of the file that could not be read; -1 when the file is cut short before it
+    // says how many it holds.
+    int lost = 0;
+    // The file is not as it was written: broken, or with entries that are no measurements.
+    bool damaged = false;
+};
 
 // What the host asks of the dental solution beyond SolutionPluginInterface. The host never links
 // the plug-in: it reaches it through this abstract face, which the plug-in object implements.
@@ -24,13 +59,21 @@ public:
     // plug-in's actions, features and views were added to it by the host.
     virtual void buildSolution(SolutionManager& manager) = 0;
 
-    // The parent widget for the plug-in's dialogs; borrowed, may be null.
-    virtual void setDialogParent(QWidget* parent) = 0;
+    // The host; borrowed, set once after loading.
+    virtual void setHost(DentalHost* host) = 0;
 
     // The data the views show (the measurements with their geometry and text) as JSON; the ui
     // state tree refers to the measurements by their ids.
     virtual QJsonObject saveDocument() const = 0;
-    virtual bool loadDocument(const QJsonObject& document) = 0;
+    // Replaces the document with what can be read of a document file's bytes.
+    virtual DocumentLoad loadDocument(const QByteArray& bytes) = 0;
+
+    // The list of the document's measurements, for a dock of the host. Owned by the plug-in,
+    // which deletes it when it closes; the host may reparent it meanwhile.
+    virtual QWidget* measurementsPanel() = 0;
+
+    // Takes the colours of the style again after the host changed the palette.
+    virtual void restyle() = 0;
 
     // The graphics view of the 2-D viewer shown by the given view, or null when it has none.
     // Borrowed: the view owns it.
@@ -47,7 +90,13 @@ public:
     // The tooth selected in the tooth chart, by its name in the current numbering; empty when
     // none is.
     virtual QString selectedTooth() const = 0;
+
+    // For checks of scripted runs: the selection and the undo history, and what the given view
+    // draws (labels with their text colour and box, in the coordinates of its graphics view's
+    // viewport; the tooth chart's teeth and labels in its scene host's view).
+    virtual QJsonObject debugState() const = 0;
+    virtual QJsonArray drawnLabels(View* view) const = 0;
 };
 
-#define DentalSolutionApi_iid "org.guicore.examples.DentalSolutionApi/1.0"
+#define DentalSolutionApi_iid "org.guicore.examples.DentalSolutionApi/2.0"
 Q_DECLARE_INTERFACE(DentalSolutionApi, DentalSolutionApi_iid)
