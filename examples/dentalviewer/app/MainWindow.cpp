@@ -270,9 +270,8 @@ bool MainWindow::loadSolutionPlugin(const QString& fileName)
     m_dock = new QDockWidget(tr("Measurements"), this);
     m_dock->setObjectName(QStringLiteral("measurementsDock"));
     m_dock->setWidget(m_api->measurementsPanel());
-    // Below the views, low: the panoramic is a wide image.
+    // Below the views: the panoramic is a wide image.
     addDockWidget(Qt::BottomDockWidgetArea, m_dock);
-    resizeDocks({m_dock}, {150}, Qt::Vertical);
     connect(m_dock, &QDockWidget::visibilityChanged, this, [this] { stateChanged(); });
 
     buildViewBar();
@@ -572,7 +571,8 @@ void MainWindow::applyStateTree(ui::Node& root)
         if (auto* window = dynamic_cast<MainWindowNode*>(child)) {
             // Qt brings a geometry saved on a larger screen back onto this one.
             restoreGeometry(QByteArray::fromBase64(window->getGeometry().toLatin1()));
-            QMainWindow::restoreState(QByteArray::fromBase64(window->getLayout().toLatin1()));
+            m_layoutRestored = QMainWindow::restoreState(
+                QByteArray::fromBase64(window->getLayout().toLatin1()));
             continue;
         }
         auto* viewNode = dynamic_cast<ui::ViewNode*>(child);
@@ -619,6 +619,8 @@ QJsonObject MainWindow::dumpState() const
     dump.insert(QStringLiteral("problem"),
         m_messageBar->isVisible() ? m_messageText->text() : QString());
     dump.insert(QStringLiteral("window"), jsonRect(frameGeometry()));
+    dump.insert(QStringLiteral("windowSize"),
+        QJsonArray {geometry().width(), geometry().height()});
     if (const QScreen* shown = screen())
         dump.insert(QStringLiteral("screen"), jsonRect(shown->availableGeometry()));
     dump.insert(QStringLiteral("devicePixelRatio"), devicePixelRatioF());
@@ -760,6 +762,10 @@ void MainWindow::restoreSavedState(const QString& folder)
         restoreViewState(dir.filePath(STATE_FILE))};
     problems.removeAll(QString());
     m_restoring = false;
+    // A first start, or one without a usable layout: the list stays low, so that the viewer
+    // keeps most of a small window.
+    if (!m_layoutRestored && m_dock)
+        resizeDocks({m_dock}, {qBound(80, height() / 5, 150)}, Qt::Vertical);
     if (problems.isEmpty())
         return;
     m_stateMessage = problems.join(QLatin1Char(' '));

@@ -144,5 +144,6 @@ private:
     QHash<QString, QByteArray> m_written;
     QString m_saveProblem;
     bool m_restoring = false;
+    bool m_layoutRestored = false;
     bool m_shutDown = false;
 };

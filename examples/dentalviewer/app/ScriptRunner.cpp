@@ -24,6 +24,7 @@
 #include <QKeySequence>
 #include <QMenu>
 #include <QMouseEvent>
+#include <QPushButton>
 #include <QQuickItem>
 #include <QQuickWindow>
 #include <QRegularExpression>
@@ -185,6 +186,13 @@ bool ScriptRunner::run(const QStringList& words)
         return menuItem(rest);
     if (step == QLatin1String("row") && words.size() == 2)
         return row(words.at(1));
+    if (step == QLatin1String("dismiss")) {
+        auto* dismiss = m_window.findChild<QPushButton*>(QStringLiteral("dismissProblem"));
+        if (!dismiss || !dismiss->isVisible())
+            return false;
+        QTest::mouseClick(dismiss, Qt::LeftButton);
+        return true;
+    }
     if (step == QLatin1String("kill") && words.size() == 2) {
 #ifdef Q_OS_UNIX
         std::fflush(stdout);
@@ -484,7 +492,10 @@ bool ScriptRunner::row(const QString& number)
 {
     auto* table = m_window.findChild<QTableWidget*>(QStringLiteral("measurementsTable"));
     bool ok = false;
-    const int index = number.toInt(&ok);
+    int index = number.toInt(&ok);
+    // Counted from the end when negative: -1 is the last row.
+    if (table && index < 0)
+        index += table->rowCount();
     if (!table || !table->isVisible() || !ok || index < 0 || index >= table->rowCount())
         return false;
     const QRect cell = table->visualItemRect(table->item(index, 0));
@@ -505,6 +516,13 @@ bool ScriptRunner::dump(const QString& name)
                 buttons.insert(QString::fromLatin1(id), item->mapToScene(QPointF()).x());
         }
         state.insert(QStringLiteral("chartButtons"), buttons);
+    }
+    // The keyboard shortcuts as the open list shows them.
+    if (auto* table = qobject_cast<QTableWidget*>(findWidget(QStringLiteral("shortcutsTable")))) {
+        QJsonObject shortcuts;
+        for (int row = 0; row < table->rowCount(); ++row)
+            shortcuts.insert(table->item(row, 0)->text(), table->item(row, 1)->text());
+        state.insert(QStringLiteral("shortcuts"), shortcuts);
     }
     QFile file(m_output.filePath(name));
     if (!file.open(QIODevice::WriteOnly | QIODevice::Truncate))

@@ -21,7 +21,8 @@ class QWidget;
 //   close WINDOW (rejects a dialog, closes any other window, by its object name)
 //   contextmenu X Y | menuitem TEXT (opens the context menu at a point; picks an entry of the
 //   open menu)
-//   row N (clicks row N, from 0, of the measurements list)
+//   row N (clicks row N of the measurements list: 0 is the first, -1 the last)
+//   dismiss (clicks the Dismiss button of the problem shown above the views)
 //   kill SIGNAL (TERM or KILL: the viewer's own process, as a session end or a crash would)
 // Coordinates are scene coordinates of the current view's scene (a 2-D viewer's or the tooth
 // chart's); files are relative to the screenshot folder.

@@ -707,7 +707,7 @@ void ToothChartView::updateChart()
             m_teeth[i]->setPen(QPen(styleColor("TEXT_COLOR", Qt::white), 4));
         } else {
             m_teeth[i]->setBrush(base);
-            m_teeth[i]->setPen(i == m_hovered ? QPen(styleColor("HOVER_COLOR", Qt::cyan), 3)
+            m_teeth[i]->setPen(i == m_hovered ? QPen(styleColor("ACCENT_COLOR", Qt::cyan), 3)
                                               : QPen(styleColor("BORDER_COLOR", Qt::darkGray), 2));
         }
         CustomGraphicsLabelItem* label = m_labels[i];

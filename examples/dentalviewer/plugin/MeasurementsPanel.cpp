@@ -44,12 +44,14 @@ MeasurementsPanel::MeasurementsPanel(
     m_table->horizontalHeader()->setStretchLastSection(true);
     m_delete = new QPushButton(tr("Delete"), this);
     m_delete->setObjectName(QStringLiteral("deleteMeasurement"));
-    auto* buttons = new QHBoxLayout;
-    buttons->addStretch();
+    m_table->setMinimumHeight(48);
+    // The button beside the list: the panel stays low, under a wide image.
+    auto* buttons = new QVBoxLayout;
     buttons->addWidget(m_delete);
-    auto* layout = new QVBoxLayout(this);
+    buttons->addStretch();
+    auto* layout = new QHBoxLayout(this);
     layout->setContentsMargins(4, 4, 4, 4);
-    layout->addWidget(m_table);
+    layout->addWidget(m_table, 1);
     layout->addLayout(buttons);
 
     connect(m_table, &QTableWidget::itemSelectionChanged, this, [this] {

@@ -59,10 +59,10 @@ QColor composite(const QColor& over, const QColor& under)
         float(mix(over.greenF(), under.greenF())), float(mix(over.blueF(), under.blueF())));
 }
 
-QColor textBox()
+QColor textBox(double opacity)
 {
     QColor box = styleColor("MEASUREMENT_LABEL_BACKGROUND_COLOR", QColor(0, 0, 0, 153));
-    box.setAlphaF(std::max(box.alphaF(), 0.6f));
+    box.setAlphaF(std::max(box.alphaF(), float(opacity)));
     return box;
 }
 
@@ -75,9 +75,9 @@ QColor readableText(const QColor& preferred, const QColor& box)
     return worstContrast(white, box) >= worstContrast(black, box) ? white : black;
 }
 
-void styleLabel(CustomGraphicsLabelItem& label, const QColor& preferredText)
+void styleLabel(CustomGraphicsLabelItem& label, const QColor& preferredText, double opacity)
 {
-    const QColor box = textBox();
+    const QColor box = textBox(opacity);
     const QColor text = readableText(preferredText, box);
     label.setTextColor(text);
     // The outline sets the glyphs off from the box: the darker of the two against light text.

@@ -21,14 +21,16 @@ double contrastRatio(const QColor& a, const QColor& b);
 // A translucent colour over an opaque one.
 QColor composite(const QColor& over, const QColor& under);
 // The box behind overlay texts: the style's label background, made dark enough to carry light
-// text over the brightest anatomy.
-QColor textBox();
+// text over the brightest anatomy (at least `opacity` opaque).
+QColor textBox(double opacity = 0.6);
 // `preferred` when it reaches the minimum contrast on the box over black and over white
 // pixels alike; otherwise white or black, whichever does better.
 QColor readableText(const QColor& preferred, const QColor& box);
 
-// A label over the image: a readable text on the box, outlined.
-void styleLabel(CustomGraphicsLabelItem& label, const QColor& preferredText);
+// A label over the image: a readable text on the box, outlined. Texts that stay put on the
+// screen take a more opaque box, which hides the lines that run under them.
+void styleLabel(
+    CustomGraphicsLabelItem& label, const QColor& preferredText, double opacity = 0.6);
 
 // Puts the label's box, not its text's baseline, at the label's position: centred, or with the
 // given edges there. The box has a constant size on screen, so this is a shift in screen pixels,

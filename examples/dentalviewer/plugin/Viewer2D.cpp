@@ -336,6 +336,8 @@ void Viewer2D::showMeasurement(const MeasurementData& data)
         if (data.isNote()) {
             shown->note = new NoteItem();
             shown->note->setObjectName(name);
+            // Over the tooth numbers and the other measurements' labels: it is being read.
+            shown->note->setZValue(8);
             m_scene->addItem(shown->note);
             const QString id = data.id;
             connect(shown->note, &NoteItem::edited, this,
@@ -620,8 +622,8 @@ void Viewer2D::clearPreview()
 void Viewer2D::restyle()
 {
     m_scene->setBackgroundBrush(styleColor("VIEWER_BACKGROUND_COLOR", Qt::black));
-    overlay::styleLabel(*m_caption, Qt::white);
-    overlay::styleLabel(*m_scaleLabel, Qt::white);
+    overlay::styleLabel(*m_caption, Qt::white, 0.85);
+    overlay::styleLabel(*m_scaleLabel, Qt::white, 0.85);
     m_scaleBarShadow->setPen(cosmeticPen(Qt::black, 5.0));
     m_scaleBar->setPen(cosmeticPen(Qt::white, 2.0));
     for (const auto& shown : m_shown)
