@@ -86,6 +86,9 @@ Viewer2DViewManager::Viewer2DViewManager(DentalWorkspace& workspace, Viewer2D* v
 void Viewer2DViewManager::start()
 {
     m_workspace.setCurrentViewer(m_viewer);
+    // The keys go to the viewer on screen (the arrows pan it), not to the list beside it.
+    if (m_viewer && m_viewer->hasView())
+        m_viewer->view()->setFocus(Qt::OtherFocusReason);
 }
 
 void Viewer2DViewManager::stop()
