@@ -29,8 +29,8 @@
 #include <QStringList>
 #include <algorithm>
 #include <cmath>
-#include <functional>
 #include <cstdio>
+#include <functional>
 
 namespace {
 
@@ -115,7 +115,6 @@ double reslicePosition(const QJsonObject& root, const QString& viewId)
     return std::nan("");
 }
 
-
 // Each occurrence of an option with the `count` values that follow it.
 QList<QStringList> occurrences(const QStringList& args, const QString& name, int count)
 {
@@ -129,8 +128,9 @@ QList<QStringList> occurrences(const QStringList& args, const QString& name, int
 QRectF rectOf(const QJsonValue& value)
 {
     const QJsonObject box = value.toObject();
-    return QRectF(box.value(QStringLiteral("x")).toDouble(), box.value(QStringLiteral("y")).toDouble(),
-        box.value(QStringLiteral("width")).toDouble(), box.value(QStringLiteral("height")).toDouble());
+    return QRectF(box.value(QStringLiteral("x")).toDouble(),
+        box.value(QStringLiteral("y")).toDouble(), box.value(QStringLiteral("width")).toDouble(),
+        box.value(QStringLiteral("height")).toDouble());
 }
 
 // The drawn item of that name (a label, a chart tooth), or an empty object.
@@ -337,19 +337,20 @@ void checkDump(const QString& fileName, const QStringList& args)
         expect(found, QStringLiteral("a text annotation reading \"%1\"").arg(text));
     }
 
-
     // --notes N and --note TEXT: the notes of the document, and one of them word for word.
     const QString noteCount = option(args, QStringLiteral("--notes"));
     if (!noteCount.isEmpty())
         expect(texts.size() == noteCount.toInt(),
             QStringLiteral("%1 note(s), found %2").arg(noteCount).arg(texts.size()));
     for (const QStringList& note : occurrences(args, QStringLiteral("--note"), 1)) {
-        const QString wanted = QString(note.first()).replace(QStringLiteral("\\n"), QStringLiteral("\n"));
+        const QString wanted
+            = QString(note.first()).replace(QStringLiteral("\\n"), QStringLiteral("\n"));
         QStringList seen;
         for (const QJsonObject& text : texts)
             seen.append(text.value(QStringLiteral("text")).toString());
         expect(seen.contains(wanted),
-            QStringLiteral("a note reading \"%1\", found \"%2\"").arg(wanted, seen.join(QStringLiteral("\", \""))));
+            QStringLiteral("a note reading \"%1\", found \"%2\"")
+                .arg(wanted, seen.join(QStringLiteral("\", \""))));
     }
 
     // What the person is told: the status bar's hint, and a problem shown above the views.
@@ -366,7 +367,8 @@ void checkDump(const QString& fileName, const QStringList& args)
 
     // --disabled ID TEXT: the tool is disabled and its tooltip says why.
     for (const QStringList& disabled : occurrences(args, QStringLiteral("--disabled"), 2)) {
-        const QJsonObject action = dump.value(QStringLiteral("actions")).toObject().value(disabled[0]).toObject();
+        const QJsonObject action
+            = dump.value(QStringLiteral("actions")).toObject().value(disabled[0]).toObject();
         expect(!action.isEmpty() && !action.value(QStringLiteral("enabled")).toBool()
                 && action.value(QStringLiteral("tooltip")).toString().contains(disabled[1]),
             QStringLiteral("%1 disabled, saying \"%2\"; found enabled %3, \"%4\"")
@@ -412,11 +414,13 @@ void checkDump(const QString& fileName, const QStringList& args)
     // --buttons-like FILE: the chart's buttons stand where they stood in the other dump.
     const QString buttonsLike = option(args, QStringLiteral("--buttons-like"));
     if (!buttonsLike.isEmpty()) {
-        const QJsonObject before = readDump(buttonsLike).value(QStringLiteral("chartButtons")).toObject();
+        const QJsonObject before
+            = readDump(buttonsLike).value(QStringLiteral("chartButtons")).toObject();
         const QJsonObject now = dump.value(QStringLiteral("chartButtons")).toObject();
         for (const QString& button : {QStringLiteral("previousTooth"), QStringLiteral("nextTooth")})
             expect(before.contains(button) && now.contains(button)
-                    && std::abs(before.value(button).toDouble() - now.value(button).toDouble()) < 1.0,
+                    && std::abs(before.value(button).toDouble() - now.value(button).toDouble())
+                        < 1.0,
                 QStringLiteral("%1 stays at x %2, found %3")
                     .arg(button)
                     .arg(before.value(button).toDouble())
@@ -427,23 +431,29 @@ void checkDump(const QString& fileName, const QStringList& args)
     // the lower ones.
     if (args.contains(QStringLiteral("--chart-layout"))) {
         for (int t = 1; t <= 32; ++t) {
-            const QRectF tooth = rectOf(drawnItem(dump, QStringLiteral("chartTooth%1").arg(t)).value(QStringLiteral("box")));
-            const QRectF label = rectOf(drawnItem(dump, QStringLiteral("chartLabel%1").arg(t)).value(QStringLiteral("box")));
-            const bool placed = t <= 16 ? label.bottom() <= tooth.top() : label.top() >= tooth.bottom();
+            const QRectF tooth = rectOf(drawnItem(dump, QStringLiteral("chartTooth%1").arg(t))
+                                            .value(QStringLiteral("box")));
+            const QRectF label = rectOf(drawnItem(dump, QStringLiteral("chartLabel%1").arg(t))
+                                            .value(QStringLiteral("box")));
+            const bool placed
+                = t <= 16 ? label.bottom() <= tooth.top() : label.top() >= tooth.bottom();
             expect(!tooth.isEmpty() && !label.isEmpty()
                     && std::abs(label.center().x() - tooth.center().x()) <= 2.0 && placed,
                 QStringLiteral("number of tooth %1 %2 centred %3 its tooth %4")
                     .arg(t)
-                    .arg(describe(label), t <= 16 ? QStringLiteral("above") : QStringLiteral("below"),
+                    .arg(describe(label),
+                        t <= 16 ? QStringLiteral("above") : QStringLiteral("below"),
                         describe(tooth)));
         }
     }
 
     // --shortcut NAME KEYS: the open shortcut list has that line.
     for (const QStringList& shortcut : occurrences(args, QStringLiteral("--shortcut"), 2)) {
-        const QString keys = dump.value(QStringLiteral("shortcuts")).toObject().value(shortcut[0]).toString();
+        const QString keys
+            = dump.value(QStringLiteral("shortcuts")).toObject().value(shortcut[0]).toString();
         expect(keys == shortcut[1],
-            QStringLiteral("shortcut of %1 listed as %2, found \"%3\"").arg(shortcut[0], shortcut[1], keys));
+            QStringLiteral("shortcut of %1 listed as %2, found \"%3\"")
+                .arg(shortcut[0], shortcut[1], keys));
     }
 
     const QJsonObject root = stateRoot(dump);
@@ -620,8 +630,10 @@ void checkImage(const QString& fileName, const QStringList& args)
         const QJsonObject dump = readDump(fit[0]);
         const QRect box = pixelBox(dump, drawnItem(dump, fit[1]));
         const int inside = countPixels(image, box, isLabelText);
-        const int right = countPixels(image, QRect(box.right() + 1, box.top() - 4, 40, box.height() + 4), isLabelText);
-        const int above = countPixels(image, QRect(box.left(), box.top() - 30, box.width() + 40, 30), isLabelText);
+        const int right = countPixels(
+            image, QRect(box.right() + 1, box.top() - 4, 40, box.height() + 4), isLabelText);
+        const int above = countPixels(
+            image, QRect(box.left(), box.top() - 30, box.width() + 40, 30), isLabelText);
         expect(!box.isEmpty() && inside > 20 && right == 0 && above == 0,
             QStringLiteral("%1: the text of %2 inside its box (%3 text pixels in it, %4 right of "
                            "it, %5 above it)")
@@ -647,15 +659,19 @@ void checkImage(const QString& fileName, const QStringList& args)
                 for (int x = box.left(); x <= box.right(); ++x)
                     pixels.append(image.pixel(x, y));
             }
-            std::sort(pixels.begin(), pixels.end(), [](QRgb a, QRgb b) { return qGray(a) < qGray(b); });
+            std::sort(
+                pixels.begin(), pixels.end(), [](QRgb a, QRgb b) { return qGray(a) < qGray(b); });
             const QColor backdrop = pixels.isEmpty() ? text : QColor(pixels.at(pixels.size() / 2));
             const int shown = countPixels(image, box, [&text](QRgb p) {
                 return std::abs(qRed(p) - text.red()) + std::abs(qGreen(p) - text.green())
-                    + std::abs(qBlue(p) - text.blue()) < 60;
+                    + std::abs(qBlue(p) - text.blue())
+                    < 60;
             });
             expect(shown >= 5 && contrast(text, backdrop) >= check[2].toDouble(),
-                QStringLiteral("%1: %2 in %3 on %4, contrast %5 (at least %6 wanted), %7 text pixels")
-                    .arg(fileName, item.value(QStringLiteral("name")).toString(), text.name(), backdrop.name())
+                QStringLiteral(
+                    "%1: %2 in %3 on %4, contrast %5 (at least %6 wanted), %7 text pixels")
+                    .arg(fileName, item.value(QStringLiteral("name")).toString(), text.name(),
+                        backdrop.name())
                     .arg(contrast(text, backdrop), 0, 'f', 2)
                     .arg(check[2])
                     .arg(shown));
@@ -669,7 +685,9 @@ void checkImage(const QString& fileName, const QStringList& args)
         QColor selected, hovered, plain;
         for (const QJsonValue& value : dump.value(QStringLiteral("drawn")).toArray()) {
             const QJsonObject item = value.toObject();
-            if (!item.value(QStringLiteral("name")).toString().startsWith(QLatin1String("chartTooth")))
+            if (!item.value(QStringLiteral("name"))
+                     .toString()
+                     .startsWith(QLatin1String("chartTooth")))
                 continue;
             const QColor centre(image.pixel(pixelBox(dump, item).center()));
             if (item.value(QStringLiteral("selected")).toBool())
@@ -680,7 +698,8 @@ void checkImage(const QString& fileName, const QStringList& args)
                 plain = centre;
         }
         expect(selected.isValid() && hovered.isValid() && plain.isValid()
-                && contrast(selected, plain) >= 1.5 && contrast(selected, plain) > contrast(hovered, plain),
+                && contrast(selected, plain) >= 1.5
+                && contrast(selected, plain) > contrast(hovered, plain),
             QStringLiteral("%1: the selected tooth (%2) stands out from a plain one (%3) more than "
                            "the hovered one (%4)")
                 .arg(fileName, selected.name(), plain.name(), hovered.name()));
@@ -689,11 +708,12 @@ void checkImage(const QString& fileName, const QStringList& args)
     for (const QStringList& check : occurrences(args, QStringLiteral("--no-dragger-in"), 2)) {
         const QJsonObject dump = readDump(check[0]);
         const QRect box = pixelBox(dump, drawnItem(dump, check[1]));
-        const int bright = countPixels(image, box, [](QRgb p) {
-            return qRed(p) < 100 && qGreen(p) > 150 && qBlue(p) > 200;
-        });
+        const int bright = countPixels(
+            image, box, [](QRgb p) { return qRed(p) < 100 && qGreen(p) > 150 && qBlue(p) > 200; });
         expect(!box.isEmpty() && bright == 0,
-            QStringLiteral("%1: no dragger line through %2 (%3 pixels)").arg(fileName, check[1]).arg(bright));
+            QStringLiteral("%1: no dragger line through %2 (%3 pixels)")
+                .arg(fileName, check[1])
+                .arg(bright));
     }
 
     const QString minimum = option(args, QStringLiteral("--measurement-pixels"));

@@ -30,8 +30,10 @@ function(run_viewer script)
     if(RUN_SCALE)
         set(scale ${CMAKE_COMMAND} -E env QT_SCALE_FACTOR=${RUN_SCALE})
     endif()
+    # -noreset: an X server that resets when its last client leaves signals xvfb-run again, and
+    # that signal, arriving while xvfb-run cleans up, makes it fail (status 5) now and then.
     execute_process(
-        COMMAND ${XVFB_RUN} -a -s "-screen 0 ${RUN_SCREEN}x24" ${scale}
+        COMMAND ${XVFB_RUN} -a -s "-screen 0 ${RUN_SCREEN}x24 -noreset" ${scale}
             ${VIEWER} --script ${script} --screenshots ${WORK_DIR}/shots
             --state-dir ${RUN_STATE} --palette dark
         RESULT_VARIABLE result

@@ -217,8 +217,7 @@ void MainWindow::installStyle(const QString& palette)
     colours.setColor(QPalette::Text, style.getColor(QStringLiteral("@TEXT_COLOR")));
     colours.setColor(QPalette::ButtonText, style.getColor(QStringLiteral("@TEXT_COLOR")));
     colours.setColor(QPalette::Highlight, style.getColor(QStringLiteral("@SELECTION_COLOR")));
-    colours.setColor(
-        QPalette::HighlightedText, style.getColor(QStringLiteral("@TEXT_COLOR")));
+    colours.setColor(QPalette::HighlightedText, style.getColor(QStringLiteral("@TEXT_COLOR")));
     QApplication::setPalette(colours);
 }
 
@@ -571,8 +570,8 @@ void MainWindow::applyStateTree(ui::Node& root)
         if (auto* window = dynamic_cast<MainWindowNode*>(child)) {
             // Qt brings a geometry saved on a larger screen back onto this one.
             restoreGeometry(QByteArray::fromBase64(window->getGeometry().toLatin1()));
-            m_layoutRestored = QMainWindow::restoreState(
-                QByteArray::fromBase64(window->getLayout().toLatin1()));
+            m_layoutRestored
+                = QMainWindow::restoreState(QByteArray::fromBase64(window->getLayout().toLatin1()));
             continue;
         }
         auto* viewNode = dynamic_cast<ui::ViewNode*>(child);
@@ -615,12 +614,12 @@ QJsonObject MainWindow::dumpState() const
     dump.insert(QStringLiteral("selectedTooth"), m_api ? m_api->selectedTooth() : QString());
     dump.insert(QStringLiteral("statusMessage"), m_stateMessage);
     dump.insert(QStringLiteral("statusBar"), m_hint->text());
-    dump.insert(QStringLiteral("windowColor"), QApplication::palette().color(QPalette::Window).name());
-    dump.insert(QStringLiteral("problem"),
-        m_messageBar->isVisible() ? m_messageText->text() : QString());
+    dump.insert(
+        QStringLiteral("windowColor"), QApplication::palette().color(QPalette::Window).name());
+    dump.insert(
+        QStringLiteral("problem"), m_messageBar->isVisible() ? m_messageText->text() : QString());
     dump.insert(QStringLiteral("window"), jsonRect(frameGeometry()));
-    dump.insert(QStringLiteral("windowSize"),
-        QJsonArray {geometry().width(), geometry().height()});
+    dump.insert(QStringLiteral("windowSize"), QJsonArray {geometry().width(), geometry().height()});
     if (const QScreen* shown = screen())
         dump.insert(QStringLiteral("screen"), jsonRect(shown->availableGeometry()));
     dump.insert(QStringLiteral("devicePixelRatio"), devicePixelRatioF());
@@ -686,8 +685,10 @@ QJsonObject MainWindow::dumpState() const
 
 QString MainWindow::keepAside(const QString& path, const QString& why, QString& error)
 {
-    const QString stem = QStringLiteral("%1.%2-%3").arg(path, why,
-        QDateTime::currentDateTime().toString(QStringLiteral("yyyyMMdd-HHmmss")));
+    const QString stem
+        = QStringLiteral("%1.%2-%3")
+              .arg(path, why,
+                  QDateTime::currentDateTime().toString(QStringLiteral("yyyyMMdd-HHmmss")));
     QString copy = stem;
     for (int n = 2; QFileInfo::exists(copy); ++n)
         copy = stem + QStringLiteral("-%1").arg(n);
@@ -740,7 +741,8 @@ QString MainWindow::restoreViewState(const QString& path)
     qWarning().noquote() << "MainWindow : saved view state ignored:"
                          << QDir::toNativeSeparators(path);
     QString error;
-    const QString kept = keepAside(path, newer ? QStringLiteral("newer") : QStringLiteral("damaged"), error);
+    const QString kept
+        = keepAside(path, newer ? QStringLiteral("newer") : QStringLiteral("damaged"), error);
     const QString backup = kept.isEmpty()
         ? tr("It could not be kept: %1.").arg(error)
         : tr("It is kept as %1.").arg(QDir::toNativeSeparators(kept));
@@ -758,8 +760,8 @@ void MainWindow::restoreSavedState(const QString& folder)
     m_restoring = true;
     const QDir dir(folder);
     // The view state refers to the measurements by id: the document comes first.
-    QStringList problems {restoreDocument(dir.filePath(DOCUMENT_FILE)),
-        restoreViewState(dir.filePath(STATE_FILE))};
+    QStringList problems {
+        restoreDocument(dir.filePath(DOCUMENT_FILE)), restoreViewState(dir.filePath(STATE_FILE))};
     problems.removeAll(QString());
     m_restoring = false;
     // A first start, or one without a usable layout: the list stays low, so that the viewer

@@ -423,7 +423,8 @@ QObject* ScriptRunner::keyTarget() const
 {
     View* current = m_window.switchingViewsManager()->getCurrentView();
     if (QuickGraphicsSceneItem* host = m_window.solution()->sceneHostOf(current)) {
-        if (host->window() && !QApplication::activeModalWidget() && !QApplication::activePopupWidget())
+        if (host->window() && !QApplication::activeModalWidget()
+            && !QApplication::activePopupWidget())
             return host->window();
     }
     return QApplication::focusWidget() ? QApplication::focusWidget() : &m_window;
@@ -441,8 +442,8 @@ bool ScriptRunner::key(const QString& sequence)
     if (auto* window = qobject_cast<QWindow*>(target))
         QTest::keyClick(window, combination.key(), combination.keyboardModifiers());
     else
-        QTest::keyClick(static_cast<QWidget*>(target), combination.key(),
-            combination.keyboardModifiers());
+        QTest::keyClick(
+            static_cast<QWidget*>(target), combination.key(), combination.keyboardModifiers());
     return true;
 }
 

@@ -22,8 +22,8 @@
 #include <guicore/ui/NodeFactory.h>
 #include <guicore/utility/image/QImageHelper.h>
 
-#include <settings/SettingsManager.h>
 #include <guicore/utility/dental/ToothNameGenerator.h>
+#include <settings/SettingsManager.h>
 #include <toothchart/ToothChart.h>
 
 #include <QComboBox>
@@ -68,8 +68,8 @@ struct ToolEntry
 // starts a tool or deletes a measurement.
 const ToolEntry TOOLS[] = {
     {"measureLength", QT_TRANSLATE_NOOP("DentalSolutionPlugin", "Length"),
-        QT_TRANSLATE_NOOP("DentalSolutionPlugin",
-            "Measure a length: drag from end to end, or click both ends"),
+        QT_TRANSLATE_NOOP(
+            "DentalSolutionPlugin", "Measure a length: drag from end to end, or click both ends"),
         "Alt+L", true, ToolList::Measure},
     {"measureArea", QT_TRANSLATE_NOOP("DentalSolutionPlugin", "Area"),
         QT_TRANSLATE_NOOP(
@@ -85,8 +85,8 @@ const ToolEntry TOOLS[] = {
         QT_TRANSLATE_NOOP("DentalSolutionPlugin", "Redo the change undone last"), "Ctrl+Shift+Z",
         false, ToolList::Edit},
     {"deleteMeasurement", QT_TRANSLATE_NOOP("DentalSolutionPlugin", "Delete"),
-        QT_TRANSLATE_NOOP("DentalSolutionPlugin", "Delete the selected measurement or note"),
-        "Del", false, ToolList::Edit},
+        QT_TRANSLATE_NOOP("DentalSolutionPlugin", "Delete the selected measurement or note"), "Del",
+        false, ToolList::Edit},
     {"resetView", QT_TRANSLATE_NOOP("DentalSolutionPlugin", "Reset view"),
         QT_TRANSLATE_NOOP("DentalSolutionPlugin", "Fit the image into the viewer"), "Alt+R", false,
         ToolList::View},
@@ -108,9 +108,8 @@ class ToolAction : public SingleAction
 {
 public:
     ToolAction(const ToolEntry& tool, std::function<QString()> unavailability)
-        : SingleAction(QString::fromLatin1(tool.id),
-            DentalSolutionPlugin::tr(tool.name),
-            QString(), QIcon())
+        : SingleAction(
+            QString::fromLatin1(tool.id), DentalSolutionPlugin::tr(tool.name), QString(), QIcon())
         , m_tooltip(DentalSolutionPlugin::tr(tool.tooltip))
         , m_unavailability(std::move(unavailability))
     {
@@ -126,8 +125,8 @@ public:
         const QString reason = m_unavailability ? m_unavailability() : QString();
         setDisabled(!reason.isEmpty());
         const QString keys = getShortcuts().value(0).toString(QKeySequence::NativeText);
-        setTooltip(reason.isEmpty() ? DentalSolutionPlugin::tr("%1 (%2)").arg(m_tooltip, keys)
-                                    : reason);
+        setTooltip(
+            reason.isEmpty() ? DentalSolutionPlugin::tr("%1 (%2)").arg(m_tooltip, keys) : reason);
     }
 
 private:
@@ -185,8 +184,8 @@ void DentalSolutionPlugin::initialize()
     // What the tools can do changes with the view on screen, the selection and the history.
     connect(&workspace, &DentalWorkspace::currentViewerChanged, this,
         &DentalSolutionPlugin::updateActions);
-    connect(&workspace, &DentalWorkspace::selectionChanged, this,
-        &DentalSolutionPlugin::updateActions);
+    connect(
+        &workspace, &DentalWorkspace::selectionChanged, this, &DentalSolutionPlugin::updateActions);
     connect(workspace.undoStack(), &QUndoStack::indexChanged, this,
         &DentalSolutionPlugin::updateActions);
 }
@@ -270,9 +269,8 @@ void DentalSolutionPlugin::loadActions()
                            .toString());
     });
     command("toggleNotation", [&workspace](ActionHandler&) {
-        workspace.setNotation(workspace.notation() == QLatin1String("FDI")
-                ? QStringLiteral("UNIV")
-                : QStringLiteral("FDI"));
+        workspace.setNotation(workspace.notation() == QLatin1String("FDI") ? QStringLiteral("UNIV")
+                                                                           : QStringLiteral("FDI"));
     });
     command("preferences", [this](ActionHandler&) { showPreferences(); });
 }
@@ -426,14 +424,15 @@ void DentalSolutionPlugin::followTooth(int tooth)
 {
     // The cross-section the cross-sections view shows moves to the chosen tooth.
     CrossSectionsView* sections = crossSections();
-    auto* section = sections ? dynamic_cast<CrossSectionView*>(sections->getActiveSubView()) : nullptr;
+    auto* section
+        = sections ? dynamic_cast<CrossSectionView*>(sections->getActiveSubView()) : nullptr;
     const QList<QPointF> centres = synthetic::panoramicToothCentres();
     if (!section || tooth < 1 || tooth > centres.size())
         return;
     section->setArchPosition(centres[tooth - 1].x() / synthetic::PANORAMIC_WIDTH);
-    m_workspace->showStatus(tr("%1 now cuts through tooth %2.")
-                                .arg(section->getName(),
-                                    ToothNameGenerator::getName(ToothChart::Tooth(tooth))),
+    m_workspace->showStatus(
+        tr("%1 now cuts through tooth %2.")
+            .arg(section->getName(), ToothNameGenerator::getName(ToothChart::Tooth(tooth))),
         4000);
 }
 
@@ -509,9 +508,8 @@ void DentalSolutionPlugin::exportSnapshot(const QString& directory)
         ? QStandardPaths::writableLocation(QStandardPaths::PicturesLocation)
         : directory;
     if (!QDir().mkpath(folder)) {
-        m_workspace->reportProblem(
-            tr("The snapshot was not saved: the folder %1 cannot be made.")
-                .arg(QDir::toNativeSeparators(folder)));
+        m_workspace->reportProblem(tr("The snapshot was not saved: the folder %1 cannot be made.")
+                                       .arg(QDir::toNativeSeparators(folder)));
         return;
     }
     QImage image;
@@ -555,8 +553,9 @@ void DentalSolutionPlugin::exportSnapshot(const QString& directory)
     const QString picture = base + QStringLiteral(".png");
     QImageWriter writer(picture);
     if (!writer.write(stamped)) {
-        m_workspace->reportProblem(tr("The snapshot was not saved to %1: %2")
-                                       .arg(QDir::toNativeSeparators(picture), writer.errorString()));
+        m_workspace->reportProblem(
+            tr("The snapshot was not saved to %1: %2")
+                .arg(QDir::toNativeSeparators(picture), writer.errorString()));
         return;
     }
     const QString pagePath = base + QStringLiteral(".html");
@@ -568,13 +567,14 @@ void DentalSolutionPlugin::exportSnapshot(const QString& directory)
               .arg(tr("Dental viewer snapshot"), caption.toHtmlEscaped(),
                   image2d::QImageHelper::streamToBase64(stamped));
     if (!page.open(QIODevice::WriteOnly) || page.write(html.toUtf8()) < 0 || !page.commit()) {
-        m_workspace->reportProblem(tr("The snapshot page was not saved to %1: %2")
-                                       .arg(QDir::toNativeSeparators(pagePath), page.errorString()));
+        m_workspace->reportProblem(
+            tr("The snapshot page was not saved to %1: %2")
+                .arg(QDir::toNativeSeparators(pagePath), page.errorString()));
         return;
     }
-    m_workspace->showStatus(tr("Snapshot saved: %1 and %2")
-                                .arg(QDir::toNativeSeparators(picture),
-                                    QFileInfo(pagePath).fileName()),
+    m_workspace->showStatus(
+        tr("Snapshot saved: %1 and %2")
+            .arg(QDir::toNativeSeparators(picture), QFileInfo(pagePath).fileName()),
         15000);
 }
 

@@ -64,8 +64,8 @@ QRectF chartToothRect(int tooth)
     const int column = upper ? tooth - 1 : 32 - tooth;
     const bool molar = column < 3 || column > 12;
     const double height = molar ? 70 : 80;
-    return QRectF(CHART_LEFT + column * CHART_COLUMN, upper ? UPPER_TOP : LOWER_TOP, TOOTH_WIDTH,
-        height);
+    return QRectF(
+        CHART_LEFT + column * CHART_COLUMN, upper ? UPPER_TOP : LOWER_TOP, TOOTH_WIDTH, height);
 }
 
 QJsonArray jsonRect(const QRectF& rect)
@@ -246,8 +246,8 @@ void PanoramicView::updateToothLabels()
     for (int i = 0; i < m_toothLabels.size(); ++i) {
         CustomGraphicsLabelItem* label = m_toothLabels[i];
         label->setText(ToothNameGenerator::getName(ToothChart::Tooth(i + 1)));
-        overlay::anchorLabel(*label,
-            Qt::AlignHCenter | (label->data(1).toBool() ? Qt::AlignBottom : Qt::AlignTop));
+        overlay::anchorLabel(
+            *label, Qt::AlignHCenter | (label->data(1).toBool() ? Qt::AlignBottom : Qt::AlignTop));
     }
 }
 
@@ -271,12 +271,12 @@ void PanoramicView::updateCuts()
     const QList<Cut> cuts = m_cuts ? m_cuts() : QList<Cut>();
     const QRectF image = viewer()->imageRect();
     while (m_cutLines.size() < cuts.size()) {
-        auto* line = new CustomGraphicsLineSetItem(
-            QStringLiteral("cut%1").arg(m_cutLines.size() + 1));
-        auto* label = new CustomGraphicsLabelItem(
-            QStringLiteral("cutLabel%1").arg(m_cutLines.size() + 1));
-        for (QGraphicsItem* item : {static_cast<QGraphicsItem*>(line),
-                 static_cast<QGraphicsItem*>(label)}) {
+        auto* line
+            = new CustomGraphicsLineSetItem(QStringLiteral("cut%1").arg(m_cutLines.size() + 1));
+        auto* label
+            = new CustomGraphicsLabelItem(QStringLiteral("cutLabel%1").arg(m_cutLines.size() + 1));
+        for (QGraphicsItem* item :
+            {static_cast<QGraphicsItem*>(line), static_cast<QGraphicsItem*>(label)}) {
             item->setEnabled(false);
             item->setZValue(4);
             viewer()->scene()->addItem(item);
@@ -617,8 +617,9 @@ void ToothChartView::createWidget()
         m_workspace.chooseTooth(tooth);
     });
     // The numbers take a new label font size at once, but lay themselves out only when asked.
-    QObject::connect(settings::SettingsManager::manager(),
-        &settings::SettingsManager::userDefaultSettingChanged, window,
+    QObject::connect(
+        settings::SettingsManager::manager(), &settings::SettingsManager::userDefaultSettingChanged,
+        window,
         [this] {
             for (CustomGraphicsLabelItem* label : std::as_const(m_labels))
                 overlay::relayout(*label);
@@ -670,7 +671,8 @@ void ToothChartView::buildChart(GraphicsSceneExtra& scene)
         // at any font size: the label's box, not its baseline, is anchored there.
         auto* label = new CustomGraphicsLabelItem(QStringLiteral("chartLabel%1").arg(t));
         label->setEnabled(false);
-        label->setPos(rect.center().x(), upper ? UPPER_TOP - NUMBER_GAP : LOWER_BOTTOM + NUMBER_GAP);
+        label->setPos(
+            rect.center().x(), upper ? UPPER_TOP - NUMBER_GAP : LOWER_BOTTOM + NUMBER_GAP);
         label->setData(1, upper);
         scene.addItem(label);
         m_labels.append(label);

@@ -193,9 +193,9 @@ void DentalWorkspace::removeMeasurement(const QString& id)
     const MeasurementData* data = measurement(id);
     if (!data)
         return;
-    const QString what = data->isNote() ? tr("Delete note")
-        : data->kind == QLatin1String("area")  ? tr("Delete area")
-                                               : tr("Delete length");
+    const QString what = data->isNote()       ? tr("Delete note")
+        : data->kind == QLatin1String("area") ? tr("Delete area")
+                                              : tr("Delete length");
     recordEdit(*data, std::nullopt, what);
 }
 
@@ -239,8 +239,8 @@ void DentalWorkspace::put(const QString& id, const MeasurementData* data, int in
         if (at >= 0)
             m_document[at] = *data;
         else
-            m_document.insert(index >= 0 && index <= m_document.size() ? index : m_document.size(),
-                *data);
+            m_document.insert(
+                index >= 0 && index <= m_document.size() ? index : m_document.size(), *data);
         if (target)
             target->showMeasurement(*data);
     } else if (at >= 0) {

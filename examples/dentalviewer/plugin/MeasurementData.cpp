@@ -27,9 +27,8 @@ QString tr(const char* text)
 
 bool MeasurementData::operator==(const MeasurementData& other) const
 {
-    return id == other.id && viewer == other.viewer && kind == other.kind
-        && points == other.points && text == other.text && labelOffset == other.labelOffset
-        && slice == other.slice;
+    return id == other.id && viewer == other.viewer && kind == other.kind && points == other.points
+        && text == other.text && labelOffset == other.labelOffset && slice == other.slice;
 }
 
 QString MeasurementData::valueText(double pixelSpacing) const
@@ -69,7 +68,8 @@ MeasurementData MeasurementData::fromJson(const QJsonObject& object)
         const QJsonArray xy = point.toArray();
         data.points.append(QPointF(xy.at(0).toDouble(NAN), xy.at(1).toDouble(NAN)));
     }
-    const bool readable = !data.viewer.isEmpty() && geometryProblem(data.kind, data.points).isEmpty()
+    const bool readable = !data.viewer.isEmpty()
+        && geometryProblem(data.kind, data.points).isEmpty()
         && (!data.isNote() || !data.text.trimmed().isEmpty());
     if (readable)
         data.id = object.value(QStringLiteral("id")).toString();
@@ -84,7 +84,7 @@ QString MeasurementData::geometryProblem(const QString& kind, const QList<QPoint
     }
     if (kind == QLatin1String("length"))
         return points.size() == 2 && points[0] != points[1] ? QString()
-                                                             : tr("a length needs two ends");
+                                                            : tr("a length needs two ends");
     if (kind == QLatin1String("area")) {
         if (points.size() < 3)
             return tr("an area needs three corners");
@@ -146,7 +146,8 @@ double distanceToSegment(const QPointF& p, const QPointF& a, const QPointF& b)
 
 QPointF nearestPointIn(const QRectF& rect, const QPointF& p)
 {
-    return QPointF(qBound(rect.left(), p.x(), rect.right()), qBound(rect.top(), p.y(), rect.bottom()));
+    return QPointF(
+        qBound(rect.left(), p.x(), rect.right()), qBound(rect.top(), p.y(), rect.bottom()));
 }
 
 } // namespace geometry

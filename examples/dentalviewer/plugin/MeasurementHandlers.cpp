@@ -77,8 +77,8 @@ bool ViewerToolHandler::acceptPoint(const QPointF& scenePos, const QString& what
 {
     if (m_viewer->isOnImage(scenePos))
         return true;
-    m_workspace.showStatus(tr("%1 outside the image measures nothing: click on the image.").arg(what),
-        5000);
+    m_workspace.showStatus(
+        tr("%1 outside the image measures nothing: click on the image.").arg(what), 5000);
     return false;
 }
 
@@ -91,7 +91,8 @@ void LengthMeasurementHandler::begin(Viewer2D& viewer)
     workspace().showStatus(
         tr("Length: drag from one end to the other, or click both ends. Escape ends the tool."));
     GraphicsSceneExtra* scene = viewer.scene();
-    track(connect(scene, &GraphicsSceneExtra::mousePressed, this, &LengthMeasurementHandler::press));
+    track(
+        connect(scene, &GraphicsSceneExtra::mousePressed, this, &LengthMeasurementHandler::press));
     auto drag = [this](QGraphicsSceneMouseEvent* event) {
         if (m_ends.size() != 1)
             return;
@@ -104,13 +105,13 @@ void LengthMeasurementHandler::begin(Viewer2D& viewer)
         if (m_ends.size() == 1 && !m_dragged)
             follow(at);
     }));
-    track(connect(scene, &GraphicsSceneExtra::dragFinished, this,
-        [this](QGraphicsSceneMouseEvent* event) {
+    track(connect(
+        scene, &GraphicsSceneExtra::dragFinished, this, [this](QGraphicsSceneMouseEvent* event) {
             if (m_ends.size() == 1 && m_dragged && event->button() == Qt::LeftButton)
                 finish(event->scenePos());
         }));
-    track(connect(scene, &GraphicsSceneExtra::mouseReleased, this,
-        [this](QGraphicsSceneMouseEvent* event) {
+    track(connect(
+        scene, &GraphicsSceneExtra::mouseReleased, this, [this](QGraphicsSceneMouseEvent* event) {
             // A click places the first end; the second click places the other.
             if (m_ends.size() == 1 && event->button() == Qt::LeftButton)
                 workspace().showStatus(tr("Length: click the other end. Escape ends the tool."));
@@ -134,8 +135,8 @@ void LengthMeasurementHandler::press(QGraphicsSceneMouseEvent* event)
 
 void LengthMeasurementHandler::follow(const QPointF& scenePos)
 {
-    viewer()->setPreview(
-        newMeasurement(QStringLiteral("length"), {m_ends.first(), viewer()->clampToImage(scenePos)}),
+    viewer()->setPreview(newMeasurement(QStringLiteral("length"),
+                             {m_ends.first(), viewer()->clampToImage(scenePos)}),
         1);
 }
 
@@ -154,9 +155,8 @@ void LengthMeasurementHandler::finish(const QPointF& scenePos)
     workspace().addMeasurement(data, tr("Add length"));
     workspace().selectMeasurement(data.id);
     setCanceled(false);
-    workspace().showStatus(
-        tr("Length %1 added. Drag or click for another; Escape ends the tool.")
-            .arg(data.valueText(viewer()->pixelSpacing())));
+    workspace().showStatus(tr("Length %1 added. Drag or click for another; Escape ends the tool.")
+                               .arg(data.valueText(viewer()->pixelSpacing())));
 }
 
 void LengthMeasurementHandler::end(Viewer2D&)
@@ -173,8 +173,8 @@ void AreaMeasurementHandler::begin(Viewer2D& viewer)
     workspace().showStatus(tr("Area: click the corners; double-click or Enter closes the "
                               "outline, Backspace takes a corner back, Escape ends the tool."));
     GraphicsSceneExtra* scene = viewer.scene();
-    track(connect(scene, &GraphicsSceneExtra::mousePressed, this,
-        [this](QGraphicsSceneMouseEvent* event) {
+    track(connect(
+        scene, &GraphicsSceneExtra::mousePressed, this, [this](QGraphicsSceneMouseEvent* event) {
             if (event->button() == Qt::LeftButton)
                 addCorner(event->scenePos());
         }));

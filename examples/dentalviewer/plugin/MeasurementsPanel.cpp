@@ -36,7 +36,8 @@ MeasurementsPanel::MeasurementsPanel(
     setObjectName(QStringLiteral("measurementsPanel"));
     m_table = new QTableWidget(0, 5, this);
     m_table->setObjectName(QStringLiteral("measurementsTable"));
-    m_table->setHorizontalHeaderLabels({tr("Kind"), tr("Value"), tr("Tooth"), tr("View"), tr("Slice")});
+    m_table->setHorizontalHeaderLabels(
+        {tr("Kind"), tr("Value"), tr("Tooth"), tr("View"), tr("Slice")});
     m_table->setSelectionBehavior(QAbstractItemView::SelectRows);
     m_table->setSelectionMode(QAbstractItemView::SingleSelection);
     m_table->setEditTriggers(QAbstractItemView::NoEditTriggers);
@@ -56,7 +57,8 @@ MeasurementsPanel::MeasurementsPanel(
 
     connect(m_table, &QTableWidget::itemSelectionChanged, this, [this] {
         const QList<QTableWidgetItem*> selected = m_table->selectedItems();
-        const QString id = selected.isEmpty() ? QString() : selected.first()->data(Qt::UserRole).toString();
+        const QString id
+            = selected.isEmpty() ? QString() : selected.first()->data(Qt::UserRole).toString();
         m_workspace.selectMeasurement(id);
         if (!id.isEmpty() && m_reveal)
             m_reveal(id);
@@ -65,8 +67,8 @@ MeasurementsPanel::MeasurementsPanel(
         [this] { m_workspace.removeMeasurement(m_workspace.selectedMeasurement()); });
     connect(&m_workspace, &DentalWorkspace::documentChanged, this, &MeasurementsPanel::rebuild);
     connect(&m_workspace, &DentalWorkspace::notationChanged, this, &MeasurementsPanel::rebuild);
-    connect(&m_workspace, &DentalWorkspace::selectionChanged, this,
-        &MeasurementsPanel::showSelection);
+    connect(
+        &m_workspace, &DentalWorkspace::selectionChanged, this, &MeasurementsPanel::showSelection);
     rebuild();
 }
 

@@ -92,8 +92,8 @@ void anchorLabel(CustomGraphicsLabelItem& label, Qt::Alignment alignment)
     label.setData(ANCHOR_KEY, int(alignment));
     const QRectF box = label.getBackground()->getRect().normalized();
     const double dx = alignment.testFlag(Qt::AlignHCenter) ? -box.center().x()
-        : alignment.testFlag(Qt::AlignRight)              ? -box.right()
-                                                          : -box.left();
+        : alignment.testFlag(Qt::AlignRight)               ? -box.right()
+                                                           : -box.left();
     const double dy = alignment.testFlag(Qt::AlignTop) ? -box.top()
         : alignment.testFlag(Qt::AlignBottom)          ? -box.bottom()
                                                        : -box.center().y();

@@ -29,8 +29,7 @@ QColor readableText(const QColor& preferred, const QColor& box);
 
 // A label over the image: a readable text on the box, outlined. Texts that stay put on the
 // screen take a more opaque box, which hides the lines that run under them.
-void styleLabel(
-    CustomGraphicsLabelItem& label, const QColor& preferredText, double opacity = 0.6);
+void styleLabel(CustomGraphicsLabelItem& label, const QColor& preferredText, double opacity = 0.6);
 
 // Puts the label's box, not its text's baseline, at the label's position: centred, or with the
 // given edges there. The box has a constant size on screen, so this is a shift in screen pixels,

@@ -114,8 +114,8 @@ bool noteTakes(const QKeyEvent* key)
     if (modifiers == Qt::NoModifier)
         return true;
     static const QList<int> editingKeys {Qt::Key_Z, Qt::Key_Y, Qt::Key_A, Qt::Key_C, Qt::Key_X,
-        Qt::Key_V, Qt::Key_Left, Qt::Key_Right, Qt::Key_Up, Qt::Key_Down, Qt::Key_Home,
-        Qt::Key_End, Qt::Key_Backspace, Qt::Key_Delete};
+        Qt::Key_V, Qt::Key_Left, Qt::Key_Right, Qt::Key_Up, Qt::Key_Down, Qt::Key_Home, Qt::Key_End,
+        Qt::Key_Backspace, Qt::Key_Delete};
     return modifiers == Qt::ControlModifier && editingKeys.contains(key->key());
 }
 
@@ -146,17 +146,15 @@ Viewer2D::Viewer2D(const QString& id, DentalWorkspace& workspace, QObject* paren
     m_scaleBarShadow->setZValue(29);
     m_scaleBar->setZValue(30);
     m_scaleLabel->setZValue(30);
-    for (QGraphicsItem* item :
-        {static_cast<QGraphicsItem*>(m_scaleBarShadow), static_cast<QGraphicsItem*>(m_scaleBar),
-            static_cast<QGraphicsItem*>(m_scaleLabel)}) {
+    for (QGraphicsItem* item : {static_cast<QGraphicsItem*>(m_scaleBarShadow),
+             static_cast<QGraphicsItem*>(m_scaleBar), static_cast<QGraphicsItem*>(m_scaleLabel)}) {
         item->setEnabled(false);
         m_scene->addItem(item);
     }
     // Labels change their font size when the setting changes, and lay out their text again only
     // when asked. This connection is made before theirs, so the layout waits for the loop.
     connect(settings::SettingsManager::manager(),
-        &settings::SettingsManager::userDefaultSettingChanged, this,
-        [this](const QString& key) {
+        &settings::SettingsManager::userDefaultSettingChanged, this, [this](const QString& key) {
             if (key == QLatin1String("labelFontSize"))
                 QTimer::singleShot(0, this, &Viewer2D::relayoutLabels);
         });
@@ -417,9 +415,8 @@ void Viewer2D::draw(Shown& shown)
     if (shown.note) {
         if (shown.note->toPlainText() != data.text && &shown != m_editing)
             shown.note->setPlainText(data.text);
-        shown.note->setDefaultTextColor(
-            overlay::readableText(styleColor("MEASUREMENT_LABEL_TEXT_COLOR", Qt::yellow),
-                overlay::textBox()));
+        shown.note->setDefaultTextColor(overlay::readableText(
+            styleColor("MEASUREMENT_LABEL_TEXT_COLOR", Qt::yellow), overlay::textBox()));
         shown.note->setBackdrop(overlay::textBox());
         shown.note->setPos(data.points.value(0));
         shown.note->setVisible(visible);
@@ -437,9 +434,8 @@ void Viewer2D::draw(Shown& shown)
     else
         shown.lines->setLineSet(polyline(data.points, false));
     overlay::styleLabel(*shown.label, styleColor("MEASUREMENT_LABEL_TEXT_COLOR", Qt::yellow));
-    shown.label->setBackgroundOutlinePen(selected
-            ? cosmeticPen(styleColor("DRAGGER_COLOR", Qt::cyan), 2.0)
-            : QPen(Qt::NoPen));
+    shown.label->setBackgroundOutlinePen(
+        selected ? cosmeticPen(styleColor("DRAGGER_COLOR", Qt::cyan), 2.0) : QPen(Qt::NoPen));
     shown.label->setText(data.valueText(pixelSpacing()));
     shown.label->setPos(data.points.value(data.points.size() - 1) + data.labelOffset);
     shown.lines->setVisible(visible);
@@ -448,8 +444,8 @@ void Viewer2D::draw(Shown& shown)
     while (shown.handles.size() > (selected ? data.points.size() : 0))
         delete shown.handles.takeLast();
     while (selected && shown.handles.size() < data.points.size()) {
-        shown.handles.append(makeMarker(
-            data.id + QStringLiteral("_handle"), styleColor("DRAGGER_COLOR", Qt::cyan)));
+        shown.handles.append(
+            makeMarker(data.id + QStringLiteral("_handle"), styleColor("DRAGGER_COLOR", Qt::cyan)));
         shown.handles.last()->setEnabled(false);
         m_scene->addItem(shown.handles.last());
     }
@@ -863,8 +859,8 @@ void Viewer2D::moveWithGesture(const QPointF& scenePos)
         // The whole measurement moves, and stays on the image.
         QRectF bounds = QPolygonF(before.points).boundingRect();
         const QRectF image = imageRect();
-        const QPointF shift(qBound(image.left() - bounds.left(), travel.x(),
-                                image.right() - bounds.right()),
+        const QPointF shift(
+            qBound(image.left() - bounds.left(), travel.x(), image.right() - bounds.right()),
             qBound(image.top() - bounds.top(), travel.y(), image.bottom() - bounds.bottom()));
         for (int i = 0; i < data.points.size(); ++i)
             data.points[i] = before.points[i] + shift;
@@ -891,7 +887,7 @@ void Viewer2D::finishGesture()
     if (shown->data == gesture.before)
         return;
     const QString what = gesture.part == Part::Label ? tr("Move label")
-        : gesture.part == Part::Vertex              ? tr("Move corner")
+        : gesture.part == Part::Vertex               ? tr("Move corner")
         : shown->note                                ? tr("Move note")
                                                      : tr("Move measurement");
     m_workspace.recordEdit(gesture.before, shown->data, what);
