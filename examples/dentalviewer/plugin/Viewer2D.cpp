@@ -175,8 +175,6 @@ GraphicsViewExtra* Viewer2D::view()
         // The viewport is resized after the view's layout, so its size is final in the filter.
         m_viewport = m_view->viewport();
         m_view->viewport()->installEventFilter(this);
-        // Moves without a button reach the scene only so: the tools draw to the mouse.
-        m_view->viewport()->setMouseTracking(true);
         // Keys reach the view: a note being edited takes them before the scene offers them to
         // every item and the scroll area scrolls with the arrow keys.
         m_view->installEventFilter(this);
