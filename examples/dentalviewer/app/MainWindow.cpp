@@ -63,6 +63,8 @@
 #include <QToolBar>
 #include <QVBoxLayout>
 
+#include <functional>
+
 const QString MainWindow::STATE_FILE = QStringLiteral("ui-state.json");
 const QString MainWindow::DOCUMENT_FILE = QStringLiteral("document.json");
 
