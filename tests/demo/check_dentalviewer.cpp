@@ -1,7 +1,7 @@
 // Checks what the dental viewer's end-to-end script left behind.
 //   check_dentalviewer dump FILE [--lengths N] [--areas N] [--length-mm MM] [--text TEXT]
 //       [--notation N] [--view ID] [--reslice ID POSITION]... [--label-offset X Y]
-//       [--label-size PIXELS] [--selected-tooth NAME] [--status TEXT]
+//       [--label-size PIXELS] [--selected-tooth NAME] [--status TEXT]...
 //       [--active-sub-view MULTI SUB] [--zoomed-in VIEW W H] [--fitted VIEW W H]
 //       [--zoom-like FILE VIEW] [--panned-from FILE VIEW DX DY]
 //       [--notes N] [--note TEXT] [--status-bar TEXT] [--problem TEXT] [--running ID]
@@ -546,11 +546,11 @@ void checkDump(const QString& fileName, const QStringList& args)
             QStringLiteral("tooth %1 selected in the chart, found \"%2\"")
                 .arg(tooth, dump.value(QStringLiteral("selectedTooth")).toString()));
 
-    const QString status = option(args, QStringLiteral("--status"));
-    if (!status.isEmpty())
-        expect(dump.value(QStringLiteral("statusMessage")).toString().contains(status),
-            QStringLiteral("status bar reports \"%1\", found \"%2\"")
-                .arg(status, dump.value(QStringLiteral("statusMessage")).toString()));
+    // --status TEXT, repeatable: what the window reports about the saved state it read.
+    for (const QStringList& status : occurrences(args, QStringLiteral("--status"), 1))
+        expect(dump.value(QStringLiteral("statusMessage")).toString().contains(status[0]),
+            QStringLiteral("the window reports \"%1\", found \"%2\"")
+                .arg(status[0], dump.value(QStringLiteral("statusMessage")).toString()));
 
     const QString view = option(args, QStringLiteral("--view"));
     if (!view.isEmpty())

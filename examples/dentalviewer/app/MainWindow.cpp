@@ -431,13 +431,15 @@ void MainWindow::showShortcuts()
     table->horizontalHeader()->setStretchLastSection(true);
     auto* buttons = new QDialogButtonBox(QDialogButtonBox::Close, dialog);
     auto* layout = new QVBoxLayout(dialog);
-    layout->addWidget(new QLabel(tr("While a note is typed, every key goes to the note: Return "
-                                    "or Escape ends it, Shift+Return starts a new line."),
-        dialog));
+    auto* note = new QLabel(tr("While a note is typed, every key goes to the note: Return or "
+                               "Escape ends it, Shift+Return starts a new line."),
+        dialog);
+    note->setWordWrap(true);
+    layout->addWidget(note);
     layout->addWidget(table);
     layout->addWidget(buttons);
     connect(buttons, &QDialogButtonBox::rejected, dialog, &QDialog::reject);
-    dialog->resize(dialog->sizeHint().boundedTo(size()));
+    dialog->resize(QSize(460, 520).boundedTo(size()));
     dialog->open();
 }
 
