@@ -1,13 +1,22 @@
 // Checks what the dental viewer's end-to-end script left behind.
 //   check_dentalviewer dump FILE [--lengths N] [--areas N] [--length-mm MM] [--text TEXT]
 //       [--notation N] [--view ID] [--reslice ID POSITION]... [--label-offset X Y]
-//       [--label-size PIXELS] [--selected-tooth NAME] [--status TEXT]
+//       [--label-size PIXELS] [--selected-tooth NAME] [--status TEXT]...
 //       [--active-sub-view MULTI SUB] [--zoomed-in VIEW W H] [--fitted VIEW W H]
 //       [--zoom-like FILE VIEW] [--panned-from FILE VIEW DX DY]
+//       [--notes N] [--note TEXT] [--status-bar TEXT] [--problem TEXT] [--running ID]
+//       [--disabled ID TEXT] [--drawn NAME]... [--not-drawn NAME]... [--inside-viewport NAME]...
+//       [--fits-screen] [--window-size W H] [--window-color COLOR] [--buttons-like FILE]
+//       [--chart-layout] [--shortcut NAME KEYS]...
 //   check_dentalviewer image FILE [--measurement-pixels MIN] [--measurement-run MIN]
-// Reslices, the numbering and label positions are read from the dumped ui state tree.
+//       [--label-fits DUMP NAME] [--contrast DUMP PREFIX MIN] [--selection-stronger DUMP]
+//       [--no-dragger-in DUMP NAME]
+// Reslices, the numbering and label positions are read from the dumped ui state tree; what is
+// drawn (labels, the chart's teeth) from the dump's window-coordinate boxes, which an image
+// check scales by the dump's device pixel ratio. A NOTE's "\n" stands for a line break.
 // Prints every failed expectation and exits with 1 when there was one.
 
+#include <QColor>
 #include <QCoreApplication>
 #include <QFile>
 #include <QImage>
@@ -18,8 +27,10 @@
 #include <QRectF>
 #include <QSet>
 #include <QStringList>
+#include <algorithm>
 #include <cmath>
 #include <cstdio>
+#include <functional>
 
 namespace {
 
@@ -102,6 +113,75 @@ double reslicePosition(const QJsonObject& root, const QString& viewId)
             return own.value(QStringLiteral("sliderIndex")).toDouble() / (slices - 1);
     }
     return std::nan("");
+}
+
+// Each occurrence of an option with the `count` values that follow it.
+QList<QStringList> occurrences(const QStringList& args, const QString& name, int count)
+{
+    QList<QStringList> found;
+    for (int i = args.indexOf(name); i >= 0 && i + count < args.size();
+         i = args.indexOf(name, i + 1))
+        found.append(args.mid(i + 1, count));
+    return found;
+}
+
+QRectF rectOf(const QJsonValue& value)
+{
+    const QJsonObject box = value.toObject();
+    return QRectF(box.value(QStringLiteral("x")).toDouble(),
+        box.value(QStringLiteral("y")).toDouble(), box.value(QStringLiteral("width")).toDouble(),
+        box.value(QStringLiteral("height")).toDouble());
+}
+
+// The drawn item of that name (a label, a chart tooth), or an empty object.
+QJsonObject drawnItem(const QJsonObject& dump, const QString& name)
+{
+    for (const QJsonValue& item : dump.value(QStringLiteral("drawn")).toArray()) {
+        if (item.toObject().value(QStringLiteral("name")).toString() == name)
+            return item.toObject();
+    }
+    return QJsonObject();
+}
+
+// A drawn item's box in the pixels of a screenshot of the window.
+QRect pixelBox(const QJsonObject& dump, const QJsonObject& item)
+{
+    const double ratio = dump.value(QStringLiteral("devicePixelRatio")).toDouble(1.0);
+    const QRectF box = rectOf(item.value(QStringLiteral("box")));
+    return QRectF(box.topLeft() * ratio, box.size() * ratio).toAlignedRect();
+}
+
+double luminance(const QColor& color)
+{
+    auto channel = [](double value) {
+        return value <= 0.03928 ? value / 12.92 : std::pow((value + 0.055) / 1.055, 2.4);
+    };
+    return 0.2126 * channel(color.redF()) + 0.7152 * channel(color.greenF())
+        + 0.0722 * channel(color.blueF());
+}
+
+double contrast(const QColor& a, const QColor& b)
+{
+    const double la = luminance(a);
+    const double lb = luminance(b);
+    return (std::max(la, lb) + 0.05) / (std::min(la, lb) + 0.05);
+}
+
+bool isLabelText(QRgb pixel)
+{
+    return qRed(pixel) > 200 && qGreen(pixel) > 200 && qBlue(pixel) < 90;
+}
+
+// Pixels of the image inside `area` (clipped to the image) for which `test` holds.
+int countPixels(const QImage& image, const QRect& area, const std::function<bool(QRgb)>& test)
+{
+    int count = 0;
+    const QRect clipped = area.intersected(image.rect());
+    for (int y = clipped.top(); y <= clipped.bottom(); ++y) {
+        for (int x = clipped.left(); x <= clipped.right(); ++x)
+            count += test(image.pixel(x, y)) ? 1 : 0;
+    }
+    return count;
 }
 
 QJsonObject readDump(const QString& fileName)
@@ -257,6 +337,125 @@ void checkDump(const QString& fileName, const QStringList& args)
         expect(found, QStringLiteral("a text annotation reading \"%1\"").arg(text));
     }
 
+    // --notes N and --note TEXT: the notes of the document, and one of them word for word.
+    const QString noteCount = option(args, QStringLiteral("--notes"));
+    if (!noteCount.isEmpty())
+        expect(texts.size() == noteCount.toInt(),
+            QStringLiteral("%1 note(s), found %2").arg(noteCount).arg(texts.size()));
+    for (const QStringList& note : occurrences(args, QStringLiteral("--note"), 1)) {
+        const QString wanted
+            = QString(note.first()).replace(QStringLiteral("\\n"), QStringLiteral("\n"));
+        QStringList seen;
+        for (const QJsonObject& text : texts)
+            seen.append(text.value(QStringLiteral("text")).toString());
+        expect(seen.contains(wanted),
+            QStringLiteral("a note reading \"%1\", found \"%2\"")
+                .arg(wanted, seen.join(QStringLiteral("\", \""))));
+    }
+
+    // What the person is told: the status bar's hint, and a problem shown above the views.
+    for (const char* key : {"status-bar", "problem"}) {
+        const QString wanted = option(args, QStringLiteral("--") + QLatin1String(key));
+        const QString field = QString::fromLatin1(key) == QLatin1String("problem")
+            ? QStringLiteral("problem")
+            : QStringLiteral("statusBar");
+        if (!wanted.isEmpty())
+            expect(dump.value(field).toString().contains(wanted),
+                QStringLiteral("%1 says \"%2\", found \"%3\"")
+                    .arg(QLatin1String(key), wanted, dump.value(field).toString()));
+    }
+
+    // --disabled ID TEXT: the tool is disabled and its tooltip says why.
+    for (const QStringList& disabled : occurrences(args, QStringLiteral("--disabled"), 2)) {
+        const QJsonObject action
+            = dump.value(QStringLiteral("actions")).toObject().value(disabled[0]).toObject();
+        expect(!action.isEmpty() && !action.value(QStringLiteral("enabled")).toBool()
+                && action.value(QStringLiteral("tooltip")).toString().contains(disabled[1]),
+            QStringLiteral("%1 disabled, saying \"%2\"; found enabled %3, \"%4\"")
+                .arg(disabled[0], disabled[1])
+                .arg(action.value(QStringLiteral("enabled")).toBool())
+                .arg(action.value(QStringLiteral("tooltip")).toString()));
+    }
+
+    // Drawn items: present or absent, and inside the viewer's viewport.
+    for (const QStringList& name : occurrences(args, QStringLiteral("--drawn"), 1))
+        expect(!drawnItem(dump, name[0]).isEmpty(), QStringLiteral("%1 drawn").arg(name[0]));
+    for (const QStringList& name : occurrences(args, QStringLiteral("--not-drawn"), 1))
+        expect(drawnItem(dump, name[0]).isEmpty(), QStringLiteral("%1 not drawn").arg(name[0]));
+    const QRectF viewport = rectOf(dump.value(QStringLiteral("viewport")));
+    for (const QStringList& name : occurrences(args, QStringLiteral("--inside-viewport"), 1)) {
+        const QRectF box = rectOf(drawnItem(dump, name[0]).value(QStringLiteral("box")));
+        expect(!box.isEmpty() && viewport.adjusted(-0.5, -0.5, 0.5, 0.5).contains(box),
+            QStringLiteral("%1 %2 inside the viewport %3")
+                .arg(name[0], describe(box), describe(viewport)));
+    }
+
+    // The window: on the screen, of a size, in a palette.
+    const QRectF window = rectOf(dump.value(QStringLiteral("window")));
+    if (args.contains(QStringLiteral("--fits-screen"))) {
+        const QRectF screen = rectOf(dump.value(QStringLiteral("screen")));
+        expect(!window.isEmpty() && screen.contains(window),
+            QStringLiteral("window %1 fits the screen %2").arg(describe(window), describe(screen)));
+    }
+    for (const QStringList& size : occurrences(args, QStringLiteral("--window-size"), 2)) {
+        const QJsonArray found = dump.value(QStringLiteral("windowSize")).toArray();
+        expect(found.at(0).toInt() == size[0].toInt() && found.at(1).toInt() == size[1].toInt(),
+            QStringLiteral("a window of %1 x %2, found %3 x %4")
+                .arg(size[0], size[1])
+                .arg(found.at(0).toInt())
+                .arg(found.at(1).toInt()));
+    }
+    const QString windowColor = option(args, QStringLiteral("--window-color"));
+    if (!windowColor.isEmpty())
+        expect(dump.value(QStringLiteral("windowColor")).toString() == windowColor,
+            QStringLiteral("window colour %1, found %2")
+                .arg(windowColor, dump.value(QStringLiteral("windowColor")).toString()));
+
+    // --buttons-like FILE: the chart's buttons stand where they stood in the other dump.
+    const QString buttonsLike = option(args, QStringLiteral("--buttons-like"));
+    if (!buttonsLike.isEmpty()) {
+        const QJsonObject before
+            = readDump(buttonsLike).value(QStringLiteral("chartButtons")).toObject();
+        const QJsonObject now = dump.value(QStringLiteral("chartButtons")).toObject();
+        for (const QString& button : {QStringLiteral("previousTooth"), QStringLiteral("nextTooth")})
+            expect(before.contains(button) && now.contains(button)
+                    && std::abs(before.value(button).toDouble() - now.value(button).toDouble())
+                        < 1.0,
+                QStringLiteral("%1 stays at x %2, found %3")
+                    .arg(button)
+                    .arg(before.value(button).toDouble())
+                    .arg(now.value(button).toDouble()));
+    }
+
+    // --chart-layout: every tooth number centred on its tooth, above the upper teeth and below
+    // the lower ones.
+    if (args.contains(QStringLiteral("--chart-layout"))) {
+        for (int t = 1; t <= 32; ++t) {
+            const QRectF tooth = rectOf(drawnItem(dump, QStringLiteral("chartTooth%1").arg(t))
+                                            .value(QStringLiteral("box")));
+            const QRectF label = rectOf(drawnItem(dump, QStringLiteral("chartLabel%1").arg(t))
+                                            .value(QStringLiteral("box")));
+            const bool placed
+                = t <= 16 ? label.bottom() <= tooth.top() : label.top() >= tooth.bottom();
+            expect(!tooth.isEmpty() && !label.isEmpty()
+                    && std::abs(label.center().x() - tooth.center().x()) <= 2.0 && placed,
+                QStringLiteral("number of tooth %1 %2 centred %3 its tooth %4")
+                    .arg(t)
+                    .arg(describe(label),
+                        t <= 16 ? QStringLiteral("above") : QStringLiteral("below"),
+                        describe(tooth)));
+        }
+    }
+
+    // --shortcut NAME KEYS: the open shortcut list has that line.
+    for (const QStringList& shortcut : occurrences(args, QStringLiteral("--shortcut"), 2)) {
+        const QString keys
+            = dump.value(QStringLiteral("shortcuts")).toObject().value(shortcut[0]).toString();
+        expect(keys == shortcut[1],
+            QStringLiteral("shortcut of %1 listed as %2, found \"%3\"")
+                .arg(shortcut[0], shortcut[1], keys));
+    }
+
     const QJsonObject root = stateRoot(dump);
     checkZoom(root, args);
 
@@ -347,19 +546,21 @@ void checkDump(const QString& fileName, const QStringList& args)
             QStringLiteral("tooth %1 selected in the chart, found \"%2\"")
                 .arg(tooth, dump.value(QStringLiteral("selectedTooth")).toString()));
 
-    const QString status = option(args, QStringLiteral("--status"));
-    if (!status.isEmpty())
-        expect(dump.value(QStringLiteral("statusMessage")).toString().contains(status),
-            QStringLiteral("status bar reports \"%1\", found \"%2\"")
-                .arg(status, dump.value(QStringLiteral("statusMessage")).toString()));
+    // --status TEXT, repeatable: what the window reports about the saved state it read.
+    for (const QStringList& status : occurrences(args, QStringLiteral("--status"), 1))
+        expect(dump.value(QStringLiteral("statusMessage")).toString().contains(status[0]),
+            QStringLiteral("the window reports \"%1\", found \"%2\"")
+                .arg(status[0], dump.value(QStringLiteral("statusMessage")).toString()));
 
     const QString view = option(args, QStringLiteral("--view"));
     if (!view.isEmpty())
         expect(dump.value(QStringLiteral("currentViewOrSubView")).toString() == view,
             QStringLiteral("current view %1").arg(view));
 
-    expect(dump.value(QStringLiteral("runningAction")).toString().isEmpty(),
-        QStringLiteral("no tool left running"));
+    const QString running = option(args, QStringLiteral("--running"));
+    expect(dump.value(QStringLiteral("runningAction")).toString() == running,
+        running.isEmpty() ? QStringLiteral("no tool left running")
+                          : QStringLiteral("%1 running").arg(running));
 
     // The state tree names every view and refers to every measurement of the document.
     QSet<QString> strings;
@@ -422,6 +623,99 @@ void checkImage(const QString& fileName, const QStringList& args)
             .arg(fileName)
             .arg(colours.size())
             .arg(deviation, 0, 'f', 1));
+
+    // --label-fits DUMP NAME: the label's text lies inside its box: text pixels in it, none in
+    // the strips just right of it and above it, where a text that outgrew its box would run.
+    for (const QStringList& fit : occurrences(args, QStringLiteral("--label-fits"), 2)) {
+        const QJsonObject dump = readDump(fit[0]);
+        const QRect box = pixelBox(dump, drawnItem(dump, fit[1]));
+        const int inside = countPixels(image, box, isLabelText);
+        const int right = countPixels(
+            image, QRect(box.right() + 1, box.top() - 4, 40, box.height() + 4), isLabelText);
+        const int above = countPixels(
+            image, QRect(box.left(), box.top() - 30, box.width() + 40, 30), isLabelText);
+        expect(!box.isEmpty() && inside > 20 && right == 0 && above == 0,
+            QStringLiteral("%1: the text of %2 inside its box (%3 text pixels in it, %4 right of "
+                           "it, %5 above it)")
+                .arg(fileName, fit[1])
+                .arg(inside)
+                .arg(right)
+                .arg(above));
+    }
+    // --contrast DUMP PREFIX MIN: every drawn label whose name starts with PREFIX shows its
+    // text colour, at a contrast of at least MIN against the median colour of its box.
+    for (const QStringList& check : occurrences(args, QStringLiteral("--contrast"), 3)) {
+        const QJsonObject dump = readDump(check[0]);
+        int labels = 0;
+        for (const QJsonValue& value : dump.value(QStringLiteral("drawn")).toArray()) {
+            const QJsonObject item = value.toObject();
+            if (!item.value(QStringLiteral("name")).toString().startsWith(check[1]))
+                continue;
+            ++labels;
+            const QColor text(item.value(QStringLiteral("color")).toString());
+            const QRect box = pixelBox(dump, item).intersected(image.rect());
+            QList<QRgb> pixels;
+            for (int y = box.top(); y <= box.bottom(); ++y) {
+                for (int x = box.left(); x <= box.right(); ++x)
+                    pixels.append(image.pixel(x, y));
+            }
+            std::sort(
+                pixels.begin(), pixels.end(), [](QRgb a, QRgb b) { return qGray(a) < qGray(b); });
+            const QColor backdrop = pixels.isEmpty() ? text : QColor(pixels.at(pixels.size() / 2));
+            const int shown = countPixels(image, box, [&text](QRgb p) {
+                return std::abs(qRed(p) - text.red()) + std::abs(qGreen(p) - text.green())
+                    + std::abs(qBlue(p) - text.blue())
+                    < 60;
+            });
+            expect(shown >= 5 && contrast(text, backdrop) >= check[2].toDouble(),
+                QStringLiteral(
+                    "%1: %2 in %3 on %4, contrast %5 (at least %6 wanted), %7 text pixels")
+                    .arg(fileName, item.value(QStringLiteral("name")).toString(), text.name(),
+                        backdrop.name())
+                    .arg(contrast(text, backdrop), 0, 'f', 2)
+                    .arg(check[2])
+                    .arg(shown));
+        }
+        expect(labels > 0, QStringLiteral("%1: labels named %2* drawn").arg(fileName, check[1]));
+    }
+    // --selection-stronger DUMP: the selected tooth stands out from a plain one more than the
+    // tooth under the mouse does.
+    for (const QStringList& check : occurrences(args, QStringLiteral("--selection-stronger"), 1)) {
+        const QJsonObject dump = readDump(check[0]);
+        QColor selected, hovered, plain;
+        for (const QJsonValue& value : dump.value(QStringLiteral("drawn")).toArray()) {
+            const QJsonObject item = value.toObject();
+            if (!item.value(QStringLiteral("name"))
+                     .toString()
+                     .startsWith(QLatin1String("chartTooth")))
+                continue;
+            const QColor centre(image.pixel(pixelBox(dump, item).center()));
+            if (item.value(QStringLiteral("selected")).toBool())
+                selected = centre;
+            else if (item.value(QStringLiteral("hovered")).toBool())
+                hovered = centre;
+            else
+                plain = centre;
+        }
+        expect(selected.isValid() && hovered.isValid() && plain.isValid()
+                && contrast(selected, plain) >= 1.5
+                && contrast(selected, plain) > contrast(hovered, plain),
+            QStringLiteral("%1: the selected tooth (%2) stands out from a plain one (%3) more than "
+                           "the hovered one (%4)")
+                .arg(fileName, selected.name(), plain.name(), hovered.name()));
+    }
+    // --no-dragger-in DUMP NAME: no line of a dragger shows through the box.
+    for (const QStringList& check : occurrences(args, QStringLiteral("--no-dragger-in"), 2)) {
+        const QJsonObject dump = readDump(check[0]);
+        const QRect box = pixelBox(dump, drawnItem(dump, check[1]));
+        const int bright = countPixels(
+            image, box, [](QRgb p) { return qRed(p) < 100 && qGreen(p) > 150 && qBlue(p) > 200; });
+        expect(!box.isEmpty() && bright == 0,
+            QStringLiteral("%1: no dragger line through %2 (%3 pixels)")
+                .arg(fileName, check[1])
+                .arg(bright));
+    }
+
     const QString minimum = option(args, QStringLiteral("--measurement-pixels"));
     if (!minimum.isEmpty())
         expect(measurementPixels >= minimum.toLongLong(),

@@ -99,6 +99,7 @@ private Q_SLOTS:
     void manipulatorPressAlsoRunsStockHandler();
     void lineDraggerTakesLeftPressOnly();
     void firstDragMoveServesItemsTwice();
+    void mouseTrackingReachesTheViews();
     void releaseReachesEveryItem();
     void hoverGoesToFirstItemUnderCursor();
     void hoverFrozenDuringDrag();
@@ -485,6 +486,15 @@ void tst_GraphicsSceneExtra::firstDragMoveServesItemsTwice()
     move(*scene, QPointF(10, 10), Qt::NoButton);
     QCOMPARE(log, QStringList());
     QCOMPARE(moved.count(), 3);
+}
+
+// Without hover items a view's viewport does not track the mouse, and a tracking scene then
+// heard no move without a button.
+void tst_GraphicsSceneExtra::mouseTrackingReachesTheViews()
+{
+    QVERIFY(!view->viewport()->hasMouseTracking());
+    scene->setMouseTracking(true);
+    QVERIFY(view->viewport()->hasMouseTracking());
 }
 
 void tst_GraphicsSceneExtra::releaseReachesEveryItem()

@@ -9,29 +9,38 @@
 #include <guicore/solution/SolutionManager.h>
 #include <guicore/style/DevicePixelRatio.h>
 #include <guicore/view/SwitchingViewsManager.h>
+#include <guicore/view/View.h>
 
 #include <settings/SettingsManager.h>
 
 #include <QApplication>
 #include <QComboBox>
+#include <QContextMenuEvent>
 #include <QDialog>
 #include <QFile>
 #include <QGraphicsView>
 #include <QJsonDocument>
 #include <QKeyEvent>
 #include <QKeySequence>
+#include <QMenu>
 #include <QMouseEvent>
+#include <QPushButton>
 #include <QQuickItem>
 #include <QQuickWindow>
 #include <QRegularExpression>
 #include <QScreen>
 #include <QSpinBox>
+#include <QTableWidget>
 #include <QTest>
 #include <QTextStream>
 #include <QTimer>
 #include <QToolBar>
 #include <QWheelEvent>
 #include <cstdio>
+
+#ifdef Q_OS_UNIX
+#include <csignal>
+#endif
 
 namespace {
 
@@ -125,8 +134,9 @@ bool ScriptRunner::run(const QStringList& words)
             || m_window.switchingViewsManager()->getCurrentViewID() == rest;
     }
     if (step == QLatin1String("action") && words.size() >= 2) {
+        // A disabled tool cannot be started by the person either.
         Action* action = m_window.solutionManager()->getAction(words.at(1));
-        if (!action)
+        if (!action || !action->isEnabled())
             return false;
         for (const QString& pair : words.mid(2)) {
             const int equals = pair.indexOf(QLatin1Char('='));
@@ -170,6 +180,29 @@ bool ScriptRunner::run(const QStringList& words)
         return set(words.at(1), words.at(2));
     if (step == QLatin1String("close") && words.size() == 2)
         return close(words.at(1));
+    if (step == QLatin1String("contextmenu") && words.size() == 3)
+        return contextMenu(words);
+    if (step == QLatin1String("menuitem"))
+        return menuItem(rest);
+    if (step == QLatin1String("row") && words.size() == 2)
+        return row(words.at(1));
+    if (step == QLatin1String("dismiss")) {
+        auto* dismiss = m_window.findChild<QPushButton*>(QStringLiteral("dismissProblem"));
+        if (!dismiss || !dismiss->isVisible())
+            return false;
+        QTest::mouseClick(dismiss, Qt::LeftButton);
+        return true;
+    }
+    if (step == QLatin1String("kill") && words.size() == 2) {
+#ifdef Q_OS_UNIX
+        std::fflush(stdout);
+        if (rest == QLatin1String("TERM"))
+            return ::raise(SIGTERM) == 0;
+        if (rest == QLatin1String("KILL"))
+            return ::raise(SIGKILL) == 0;
+#endif
+        return false;
+    }
     if (step == QLatin1String("setting") && words.size() == 3) {
         settings::SettingsManager::manager()->setUserDefault(words.at(1), words.at(2));
         return true;
@@ -196,13 +229,8 @@ bool ScriptRunner::run(const QStringList& words)
         std::printf("dentalviewer: screenshot %s\n", qPrintable(QDir::toNativeSeparators(path)));
         return true;
     }
-    if (step == QLatin1String("dump")) {
-        QFile file(m_output.filePath(rest));
-        if (!file.open(QIODevice::WriteOnly | QIODevice::Truncate))
-            return false;
-        file.write(QJsonDocument(m_window.dumpState()).toJson());
-        return true;
-    }
+    if (step == QLatin1String("dump"))
+        return dump(rest);
     return false;
 }
 
@@ -391,30 +419,115 @@ bool ScriptRunner::close(const QString& name)
     return true;
 }
 
+QObject* ScriptRunner::keyTarget() const
+{
+    View* current = m_window.switchingViewsManager()->getCurrentView();
+    if (QuickGraphicsSceneItem* host = m_window.solution()->sceneHostOf(current)) {
+        if (host->window() && !QApplication::activeModalWidget()
+            && !QApplication::activePopupWidget())
+            return host->window();
+    }
+    return QApplication::focusWidget() ? QApplication::focusWidget() : &m_window;
+}
+
 bool ScriptRunner::key(const QString& sequence)
 {
     const QKeySequence keys(sequence);
     if (keys.isEmpty())
         return false;
     const QKeyCombination combination = keys[0];
-    QWidget* target = QApplication::focusWidget() ? QApplication::focusWidget() : &m_window;
-    QKeyEvent press(QEvent::KeyPress, combination.key(), combination.keyboardModifiers());
-    QApplication::sendEvent(target, &press);
-    QKeyEvent release(QEvent::KeyRelease, combination.key(), combination.keyboardModifiers());
-    QApplication::sendEvent(target, &release);
+    // As a key on the keyboard: offered to the shortcuts first, then to the widget with the
+    // focus.
+    QObject* target = keyTarget();
+    if (auto* window = qobject_cast<QWindow*>(target))
+        QTest::keyClick(window, combination.key(), combination.keyboardModifiers());
+    else
+        QTest::keyClick(
+            static_cast<QWidget*>(target), combination.key(), combination.keyboardModifiers());
     return true;
 }
 
 bool ScriptRunner::type(const QString& text)
 {
-    QWidget* target = QApplication::focusWidget();
+    auto* target = qobject_cast<QWidget*>(keyTarget());
     if (!target)
         return false;
-    for (const QChar character : text) {
-        QKeyEvent press(QEvent::KeyPress, 0, Qt::NoModifier, QString(character));
-        QApplication::sendEvent(target, &press);
-        QKeyEvent release(QEvent::KeyRelease, 0, Qt::NoModifier, QString(character));
-        QApplication::sendEvent(target, &release);
+    QTest::keyClicks(target, text);
+    return true;
+}
+
+bool ScriptRunner::contextMenu(const QStringList& words)
+{
+    QGraphicsView* view
+        = m_window.solution()->graphicsViewOf(m_window.switchingViewsManager()->getCurrentView());
+    bool xOk = false;
+    bool yOk = false;
+    const QPointF scenePos(words.at(1).toDouble(&xOk), words.at(2).toDouble(&yOk));
+    if (!view || !xOk || !yOk)
+        return false;
+    const QPoint local = view->mapFromScene(scenePos);
+    QContextMenuEvent event(
+        QContextMenuEvent::Mouse, local, view->viewport()->mapToGlobal(local), Qt::NoModifier);
+    QCoreApplication::sendEvent(view->viewport(), &event);
+    return true;
+}
+
+bool ScriptRunner::menuItem(const QString& text)
+{
+    auto* menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
+    if (!menu)
+        return false;
+    for (QAction* item : menu->actions()) {
+        if (item->text() == text && item->isEnabled()) {
+            menu->close();
+            item->trigger();
+            activateMainWindow();
+            return true;
+        }
     }
+    menu->close();
+    return false;
+}
+
+bool ScriptRunner::row(const QString& number)
+{
+    auto* table = m_window.findChild<QTableWidget*>(QStringLiteral("measurementsTable"));
+    bool ok = false;
+    int index = number.toInt(&ok);
+    // Counted from the end when negative: -1 is the last row.
+    if (table && index < 0)
+        index += table->rowCount();
+    if (!table || !table->isVisible() || !ok || index < 0 || index >= table->rowCount())
+        return false;
+    const QRect cell = table->visualItemRect(table->item(index, 0));
+    QTest::mouseClick(table->viewport(), Qt::LeftButton, Qt::NoModifier, cell.center());
+    return true;
+}
+
+bool ScriptRunner::dump(const QString& name)
+{
+    QJsonObject state = m_window.dumpState();
+    // Where the chart's buttons stand, in window coordinates.
+    QuickGraphicsSceneItem* host
+        = m_window.solution()->sceneHostOf(m_window.switchingViewsManager()->getCurrentView());
+    if (QQuickWindow* window = host ? host->window() : nullptr) {
+        QJsonObject buttons;
+        for (const char* id : {"previousTooth", "selectedTooth", "nextTooth"}) {
+            if (QQuickItem* item = findQuickItem(window->contentItem(), QString::fromLatin1(id)))
+                buttons.insert(QString::fromLatin1(id), item->mapToScene(QPointF()).x());
+        }
+        state.insert(QStringLiteral("chartButtons"), buttons);
+    }
+    // The keyboard shortcuts as the open list shows them.
+    if (auto* table = qobject_cast<QTableWidget*>(findWidget(QStringLiteral("shortcutsTable")))) {
+        QJsonObject shortcuts;
+        for (int row = 0; row < table->rowCount(); ++row)
+            shortcuts.insert(table->item(row, 0)->text(), table->item(row, 1)->text());
+        state.insert(QStringLiteral("shortcuts"), shortcuts);
+    }
+    QFile file(m_output.filePath(name));
+    if (!file.open(QIODevice::WriteOnly | QIODevice::Truncate))
+        return false;
+    file.write(QJsonDocument(state).toJson());
     return true;
 }

@@ -8,7 +8,6 @@
 
 #include <guicore/style/FontsInitializer.h>
 #include <guicore/style/StyleManager.h>
-#include <guicore/style/StyleManagerDataProvider.h>
 
 #include <QApplication>
 #include <QCommandLineParser>
@@ -18,7 +17,45 @@
 #include <cstdio>
 #include <memory>
 
+#ifdef Q_OS_UNIX
+#include <QSocketNotifier>
+#include <csignal>
+#include <sys/socket.h>
+#include <unistd.h>
+#endif
+
 namespace {
+
+#ifdef Q_OS_UNIX
+int signalSockets[2] = {-1, -1};
+
+void onTerminationSignal(int number)
+{
+    // Only async-signal-safe work here: the event loop reads the byte and quits.
+    const char byte = char(number);
+    [[maybe_unused]] const auto written = ::write(signalSockets[0], &byte, 1);
+}
+
+// A viewer told to end (SIGTERM when the session ends, SIGINT from a terminal) leaves through its
+// event loop, and so saves as a closed window does. Its exit status says which signal it was.
+void quitOnTerminationSignals(QApplication& app)
+{
+    if (::socketpair(AF_UNIX, SOCK_STREAM, 0, signalSockets) != 0)
+        return;
+    auto* notifier = new QSocketNotifier(signalSockets[1], QSocketNotifier::Read, &app);
+    QObject::connect(notifier, &QSocketNotifier::activated, &app, [] {
+        char byte = 0;
+        if (::read(signalSockets[1], &byte, 1) == 1)
+            QCoreApplication::exit(128 + byte);
+    });
+    struct sigaction action = {};
+    action.sa_handler = onTerminationSignal;
+    sigemptyset(&action.sa_mask);
+    action.sa_flags = SA_RESTART;
+    for (int number : {SIGTERM, SIGINT, SIGHUP})
+        ::sigaction(number, &action, nullptr);
+}
+#endif
 
 QString pluginFile()
 {
@@ -46,9 +83,10 @@ int run(QApplication& app, const QCommandLineParser& parser, MainWindow& window)
         ? parser.value(QStringLiteral("state-dir"))
         : QStandardPaths::writableLocation(QStandardPaths::AppDataLocation);
 
-    window.resize(1180, 760);
+    // The saved geometry, if any, replaces this first size.
+    window.resize(MainWindow::defaultSize(window.screen()));
     window.show();
-    window.restoreState(stateFolder);
+    window.restoreSavedState(stateFolder);
 
     std::unique_ptr<ScriptRunner> runner;
     if (!scriptFile.isEmpty()) {
@@ -69,7 +107,7 @@ int run(QApplication& app, const QCommandLineParser& parser, MainWindow& window)
     }
 
     const int status = app.exec();
-    if (!window.saveState(stateFolder))
+    if (!window.saveStateFiles())
         std::fprintf(
             stderr, "dentalviewer: could not save the state in %s\n", qPrintable(stateFolder));
     window.shutDown();
@@ -83,6 +121,9 @@ int main(int argc, char* argv[])
     QApplication app(argc, argv);
     QApplication::setOrganizationName(QStringLiteral("GuiCore"));
     QApplication::setApplicationName(QStringLiteral("dentalviewer"));
+#ifdef Q_OS_UNIX
+    quitOnTerminationSignals(app);
+#endif
 
     QCommandLineParser parser;
     parser.setApplicationDescription(QStringLiteral("Dental viewer built on the GUI core library"));
@@ -101,31 +142,10 @@ int main(int argc, char* argv[])
     parser.process(app);
 
     // 1. Style and fonts; the main window registers itself for the pixel ratio first thing.
-    QSettings preferences;
-    QString palette = parser.isSet(paletteOption)
-        ? parser.value(paletteOption)
-        : preferences.value(QStringLiteral("palette"), QStringLiteral("dark")).toString();
-    if (palette != QLatin1String("light"))
-        palette = QStringLiteral("dark");
-    StyleManager::createManager(StyleManagerDataProvider(
-        StyleManagerDataProvider::Data({QStringLiteral(":/Resources/QSS_COLORS_APP.txt")},
-            {QStringLiteral(":/Resources/QSS_DIMENSIONS.txt")},
-            {QStringLiteral(":/Resources/QSS_FONTS.txt")},
-            {QStringLiteral(":/Resources/QSS_DATEFORMATS.txt")}, palette)));
+    MainWindow::installStyle(parser.isSet(paletteOption)
+            ? parser.value(paletteOption)
+            : QSettings().value(QStringLiteral("palette"), QStringLiteral("dark")).toString());
     FontsInitializer::loadFonts(StyleManager::manager(), QStringLiteral("@APPLICATION_FONT"));
-    {
-        const StyleManager& style = StyleManager::manager();
-        QPalette colours = app.palette();
-        colours.setColor(QPalette::Window, style.getColor(QStringLiteral("@BACKGROUND_COLOR")));
-        colours.setColor(QPalette::Base, style.getColor(QStringLiteral("@PANEL_BACKGROUND_COLOR")));
-        colours.setColor(
-            QPalette::Button, style.getColor(QStringLiteral("@PANEL_BACKGROUND_COLOR")));
-        colours.setColor(QPalette::WindowText, style.getColor(QStringLiteral("@TEXT_COLOR")));
-        colours.setColor(QPalette::Text, style.getColor(QStringLiteral("@TEXT_COLOR")));
-        colours.setColor(QPalette::ButtonText, style.getColor(QStringLiteral("@TEXT_COLOR")));
-        colours.setColor(QPalette::Highlight, style.getColor(QStringLiteral("@SELECTION_COLOR")));
-        app.setPalette(colours);
-    }
 
     int status = 0;
     {

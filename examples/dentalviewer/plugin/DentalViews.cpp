@@ -1,18 +1,24 @@
 #include "DentalViews.h"
 
 #include "DentalWorkspace.h"
+#include "OverlayStyle.h"
 #include "SyntheticImages.h"
 #include "ToothChartBridge.h"
 #include "ToothNumberingNode.h"
+#include "ToothSelectionNode.h"
 #include "Viewer2D.h"
 
 #include <guicore/graphics/items/CustomGraphicsItem.h>
 #include <guicore/graphics/items/CustomGraphicsLabelItem.h>
+#include <guicore/graphics/items/CustomGraphicsLineSetItem.h>
+#include <guicore/graphics/items/CustomGraphicsOutlineTextItem.h>
+#include <guicore/graphics/items/CustomGraphicsRectItem.h>
 #include <guicore/graphics/manipulators/CenterDragger.h>
 #include <guicore/graphics/manipulators/CrossDragger.h>
 #include <guicore/graphics/manipulators/CrossedLinesManipulationGraphicsItemGroup.h>
 #include <guicore/graphics/scene/GraphicsSceneExtra.h>
 #include <guicore/graphics/scene/GraphicsViewExtra.h>
+#include <guicore/graphics/scene/GraphicsViewExtraInterface.h>
 #include <guicore/graphics/scene/QuickGraphicsSceneItem.h>
 #include <guicore/style/StyleManager.h>
 #include <guicore/ui/CrossSectionalResliceViewerNode.h>
@@ -21,11 +27,14 @@
 #include <guicore/ui/Viewer2DNode.h>
 #include <guicore/utility/dental/ToothNameGenerator.h>
 
+#include <settings/SettingsManager.h>
 #include <toothchart/ToothChart.h>
 
 #include <QDebug>
 #include <QGraphicsSceneHoverEvent>
 #include <QGraphicsSceneMouseEvent>
+#include <QGraphicsView>
+#include <QJsonObject>
 #include <QPainterPath>
 #include <QPen>
 #include <QQmlContext>
@@ -35,25 +44,33 @@
 #include <QVector2D>
 #include <cmath>
 
+using overlay::styleColor;
+
 namespace {
 
-QColor styleColor(const char* id, const QColor& fallback)
+// The tooth chart's layout, in scene units: teeth in two rows with room above and below for
+// their numbers.
+constexpr double CHART_LEFT = 20;
+constexpr double CHART_COLUMN = 53;
+constexpr double TOOTH_WIDTH = 46;
+constexpr double UPPER_TOP = 60;
+constexpr double LOWER_TOP = 190;
+constexpr double LOWER_BOTTOM = 270;
+constexpr double NUMBER_GAP = 6;
+
+QRectF chartToothRect(int tooth)
 {
-    if (!StyleManager::hasManager())
-        return fallback;
-    const QColor color
-        = StyleManager::manager().getOptionalColor(QLatin1Char('@') + QString::fromLatin1(id));
-    return color.isValid() ? color : fallback;
+    const bool upper = ToothChart::isUpperTooth(ToothChart::Tooth(tooth));
+    const int column = upper ? tooth - 1 : 32 - tooth;
+    const bool molar = column < 3 || column > 12;
+    const double height = molar ? 70 : 80;
+    return QRectF(
+        CHART_LEFT + column * CHART_COLUMN, upper ? UPPER_TOP : LOWER_TOP, TOOTH_WIDTH, height);
 }
 
-CustomGraphicsLabelItem* makeToothLabel(const QString& name)
+QJsonArray jsonRect(const QRectF& rect)
 {
-    auto* label = new CustomGraphicsLabelItem(name);
-    label->setTextColor(styleColor("TEXT_COLOR", Qt::white));
-    label->setTextOutlineColor(Qt::black);
-    label->fillBackground(false);
-    label->setZValue(5);
-    return label;
+    return QJsonArray {rect.x(), rect.y(), rect.width(), rect.height()};
 }
 
 } // namespace
@@ -69,11 +86,18 @@ Viewer2DViewManager::Viewer2DViewManager(DentalWorkspace& workspace, Viewer2D* v
 void Viewer2DViewManager::start()
 {
     m_workspace.setCurrentViewer(m_viewer);
+    // The keys go to the viewer on screen (the arrows pan it), not to the list beside it.
+    if (m_viewer && m_viewer->hasView())
+        m_viewer->view()->setFocus(Qt::OtherFocusReason);
 }
 
 void Viewer2DViewManager::stop()
 {
-    if (m_viewer && m_workspace.currentViewer() == m_viewer)
+    if (!m_viewer)
+        return;
+    // What is typed into a note is kept when the view goes.
+    m_viewer->endNoteEditing();
+    if (m_workspace.currentViewer() == m_viewer)
         m_workspace.setCurrentViewer(nullptr);
 }
 
@@ -82,7 +106,7 @@ void Viewer2DViewManager::stop()
 Viewer2DView::Viewer2DView(const QString& id, const QString& name, DentalWorkspace& workspace)
     : View(id)
     , m_workspace(workspace)
-    , m_viewer(new Viewer2D(id, DentalWorkspace::PIXEL_SPACING_MM))
+    , m_viewer(new Viewer2D(id, workspace))
 {
     setName(name);
     workspace.addViewer(m_viewer);
@@ -124,6 +148,11 @@ std::unique_ptr<ui::Viewer2DNode> Viewer2DView::createViewerNode() const
 
 void Viewer2DView::applyViewerNode(const ui::Viewer2DNode&) { }
 
+void Viewer2DView::restyle()
+{
+    m_viewer->restyle();
+}
+
 // --- Viewer2DNodeInteractor -----------------------------------------------------------------
 
 Viewer2DNodeInteractor::Viewer2DNodeInteractor(Viewer2DView& view)
@@ -142,9 +171,11 @@ std::unique_ptr<ui::Node> Viewer2DNodeInteractor::generate()
     viewerNode->setViewerIndex(0);
     viewerNode->setHadContentWhenGenerated(true);
     viewerNode->setZoomBox(viewer->getZoomBox());
-    for (const Measurement* measurement : viewer->measurements()) {
-        auto measurementNode = std::make_unique<ui::Measurement2DNode>(measurement->id);
-        measurementNode->setLabelRelativePositions({measurement->labelOffset});
+    for (const MeasurementData& measurement : m_view.workspace().measurements()) {
+        if (measurement.viewer != viewer->getId())
+            continue;
+        auto measurementNode = std::make_unique<ui::Measurement2DNode>(measurement.id);
+        measurementNode->setLabelRelativePositions({measurement.labelOffset});
         viewerNode->addNode(std::move(measurementNode));
     }
     node->addNode(std::move(viewerNode));
@@ -167,10 +198,11 @@ void Viewer2DNodeInteractor::apply(ui::Node* node)
             auto* measurementNode = dynamic_cast<ui::Measurement2DNode*>(grandChild);
             if (!measurementNode || measurementNode->getLabelRelativePositions().empty())
                 continue;
+            const QPointF offset = measurementNode->getLabelRelativePosition(0);
+            if (!std::isfinite(offset.x()) || !std::isfinite(offset.y()))
+                continue;
             // A node whose measurement is gone from the document is left alone.
-            if (Measurement* measurement
-                = viewer->findMeasurement(measurementNode->getDataObjectUUID()))
-                viewer->setLabelOffset(measurement, measurementNode->getLabelRelativePosition(0));
+            m_view.workspace().restoreLabelOffset(measurementNode->getDataObjectUUID(), offset);
         }
     }
 }
@@ -185,21 +217,90 @@ PanoramicView::PanoramicView(DentalWorkspace& workspace)
     viewer()->setImage(synthetic::panoramic());
     const QList<QPointF> centres = synthetic::panoramicToothCentres();
     for (int i = 0; i < centres.size(); ++i) {
-        auto* label = makeToothLabel(QStringLiteral("tooth%1").arg(i + 1));
+        auto* label = new CustomGraphicsLabelItem(QStringLiteral("tooth%1").arg(i + 1));
+        label->setZValue(5);
+        label->setEnabled(false);
+        // Over the root's end: above the upper teeth, below the lower ones.
         const bool upper = i < 16;
-        label->setPos(centres[i] + QPointF(-10, upper ? -110 : 80));
+        label->setPos(centres[i] + QPointF(0, upper ? -88 : 88));
+        label->setData(1, upper);
         viewer()->scene()->addItem(label);
         m_toothLabels.append(label);
     }
     updateToothLabels();
+    restyle();
     QObject::connect(&workspace, &DentalWorkspace::notationChanged, viewer(),
         [this](const QString&) { updateToothLabels(); });
+    QObject::connect(&workspace, &DentalWorkspace::crossSectionMoved, viewer(),
+        [this](const QString&, double) { updateCuts(); });
+}
+
+void PanoramicView::start()
+{
+    Viewer2DView::start();
+    updateCuts();
 }
 
 void PanoramicView::updateToothLabels()
 {
-    for (int i = 0; i < m_toothLabels.size(); ++i)
-        m_toothLabels[i]->setText(ToothNameGenerator::getName(ToothChart::Tooth(i + 1)));
+    for (int i = 0; i < m_toothLabels.size(); ++i) {
+        CustomGraphicsLabelItem* label = m_toothLabels[i];
+        label->setText(ToothNameGenerator::getName(ToothChart::Tooth(i + 1)));
+        overlay::anchorLabel(
+            *label, Qt::AlignHCenter | (label->data(1).toBool() ? Qt::AlignBottom : Qt::AlignTop));
+    }
+}
+
+void PanoramicView::restyle()
+{
+    Viewer2DView::restyle();
+    // Tooth numbers lie on the radiograph, which stays dark whatever the palette.
+    for (CustomGraphicsLabelItem* label : std::as_const(m_toothLabels))
+        overlay::styleLabel(*label, Qt::white);
+    updateCuts();
+}
+
+void PanoramicView::setCuts(std::function<QList<Cut>()> cuts)
+{
+    m_cuts = std::move(cuts);
+    updateCuts();
+}
+
+void PanoramicView::updateCuts()
+{
+    const QList<Cut> cuts = m_cuts ? m_cuts() : QList<Cut>();
+    const QRectF image = viewer()->imageRect();
+    while (m_cutLines.size() < cuts.size()) {
+        auto* line
+            = new CustomGraphicsLineSetItem(QStringLiteral("cut%1").arg(m_cutLines.size() + 1));
+        auto* label
+            = new CustomGraphicsLabelItem(QStringLiteral("cutLabel%1").arg(m_cutLines.size() + 1));
+        for (QGraphicsItem* item :
+            {static_cast<QGraphicsItem*>(line), static_cast<QGraphicsItem*>(label)}) {
+            item->setEnabled(false);
+            item->setZValue(4);
+            viewer()->scene()->addItem(item);
+        }
+        m_cutLines.append(line);
+        m_cutLabels.append(label);
+    }
+    const QColor color = styleColor("DRAGGER_COLOR", Qt::cyan);
+    for (int i = 0; i < m_cutLines.size(); ++i) {
+        const bool used = i < cuts.size();
+        m_cutLines[i]->setVisible(used);
+        m_cutLabels[i]->setVisible(used);
+        if (!used)
+            continue;
+        const double x = image.left() + cuts[i].archPosition * image.width();
+        QPen pen(color, cuts[i].shown ? 2.0 : 1.0, cuts[i].shown ? Qt::SolidLine : Qt::DashLine);
+        pen.setCosmetic(true);
+        m_cutLines[i]->setPen(pen);
+        m_cutLines[i]->setLineSet({QLineF(x, image.top(), x, image.bottom())});
+        overlay::styleLabel(*m_cutLabels[i], color);
+        m_cutLabels[i]->setText(cuts[i].name);
+        m_cutLabels[i]->setPos(x, image.top() + 4);
+        overlay::anchorLabel(*m_cutLabels[i], Qt::AlignHCenter | Qt::AlignTop);
+    }
 }
 
 // --- CrossSectionView -----------------------------------------------------------------------
@@ -217,8 +318,6 @@ CrossSectionView::CrossSectionView(
     m_cross = new CrossDragger();
     m_cross->setRect(m_bounds);
     m_cross->setBoundingRect(m_bounds);
-    m_cross->setHorizontalColor(styleColor("DRAGGER_COLOR", Qt::cyan));
-    m_cross->setVerticalColor(styleColor("DRAGGER_COLOR", Qt::cyan));
     m_cross->moveHorizontal(m_bounds.center());
     m_cross->setZValue(10);
     // A press on the crossing starts both line draggers, which lie under it, and the scene's
@@ -239,8 +338,6 @@ CrossSectionView::CrossSectionView(
     // do not share a line.
     m_lines = new CrossedLinesManipulationGraphicsItemGroup();
     m_lines->setViewportRectangle(m_bounds);
-    m_lines->setHorizontalColor(styleColor("MANIPULATOR_LINE_COLOR", Qt::green));
-    m_lines->setVerticalColor(styleColor("MANIPULATOR_LINE_COLOR", Qt::green));
     const QPointF axisCentre(m_bounds.center().x(), m_bounds.top() + m_bounds.height() * 0.7);
     m_horizontalAxis = QLineF(axisCentre, axisCentre + QPointF(1, 0));
     m_verticalAxis = QLineF(axisCentre, axisCentre + QPointF(0, 1));
@@ -251,11 +348,17 @@ CrossSectionView::CrossSectionView(
     m_lines->setZValue(9);
     v->scene()->addItem(m_lines);
     connectCrossedLines();
-
-    m_positionLabel = makeToothLabel(id + QStringLiteral("_position"));
-    m_positionLabel->setPos(8, 8);
-    v->scene()->addItem(m_positionLabel);
+    restyle();
     setArchPosition(archPosition);
+}
+
+void CrossSectionView::restyle()
+{
+    Viewer2DView::restyle();
+    m_cross->setHorizontalColor(styleColor("DRAGGER_COLOR", Qt::cyan));
+    m_cross->setVerticalColor(styleColor("DRAGGER_COLOR", Qt::cyan));
+    m_lines->setHorizontalColor(styleColor("MANIPULATOR_LINE_COLOR", Qt::green));
+    m_lines->setVerticalColor(styleColor("MANIPULATOR_LINE_COLOR", Qt::green));
 }
 
 void CrossSectionView::connectCrossedLines()
@@ -310,12 +413,17 @@ void CrossSectionView::setArchPosition(double position)
 void CrossSectionView::setSliceIndex(int index)
 {
     // The shown slice is a whole one: the dragger snaps to it, and the state records it exactly.
-    m_sliceIndex = qBound(0, index, NUMBER_OF_SLICES - 1);
+    index = qBound(0, index, NUMBER_OF_SLICES - 1);
+    if (index == m_sliceIndex)
+        return;
+    m_sliceIndex = index;
     viewer()->setImage(synthetic::crossSection(archPosition()));
+    viewer()->setSlice(m_sliceIndex);
     m_cross->moveVertical(QPointF(m_bounds.width() * archPosition(), m_bounds.center().y()));
     const double archLengthMm = synthetic::PANORAMIC_WIDTH * DentalWorkspace::PIXEL_SPACING_MM;
-    m_positionLabel->setText(
+    viewer()->setCaption(
         QObject::tr("Reslice at %1 mm").arg(archPosition() * archLengthMm, 0, 'f', 1));
+    workspace().moveCrossSection(getID(), archPosition());
 }
 
 // The reslice is recorded as the viewer's own node kind: a cross-section viewer steps through a
@@ -363,14 +471,20 @@ CrossSectionsView::CrossSectionsView(DentalWorkspace& workspace)
 
 ToothChartBridge::ToothChartBridge(QObject* parent)
     : QObject(parent)
-    , panelColor(styleColor("PANEL_BACKGROUND_COLOR", QColor(40, 40, 40)))
-    , buttonColor(styleColor("BORDER_COLOR", Qt::darkGray))
-    , hoverColor(styleColor("HOVER_COLOR", Qt::blue))
-    , textColor(styleColor("TEXT_COLOR", Qt::white))
-    , fontFamily(StyleManager::hasManager()
-              ? StyleManager::manager().getFontFamilyForQml(QStringLiteral("@APPLICATION_FONT"))
-              : QString())
 {
+    restyle();
+}
+
+void ToothChartBridge::restyle()
+{
+    panelColor = styleColor("PANEL_BACKGROUND_COLOR", QColor(40, 40, 40));
+    buttonColor = styleColor("BORDER_COLOR", Qt::darkGray);
+    hoverColor = styleColor("HOVER_COLOR", Qt::blue);
+    textColor = styleColor("TEXT_COLOR", Qt::white);
+    fontFamily = StyleManager::hasManager()
+        ? StyleManager::manager().getFontFamilyForQml(QStringLiteral("@APPLICATION_FONT"))
+        : QString();
+    Q_EMIT styleChanged();
 }
 
 void ToothChartBridge::setSelectedTooth(const QString& name)
@@ -381,9 +495,25 @@ void ToothChartBridge::setSelectedTooth(const QString& name)
     Q_EMIT selectedToothChanged();
 }
 
-QString ToothChartBridge::firstTooth() const
+void ToothChartBridge::choose(const QString& name)
 {
-    return ToothNameGenerator::getName(ToothChart::FirstTooth);
+    const ToothChart::Tooth tooth = ToothNameGenerator::getToothIdByName(name);
+    if (!ToothChart::isValidTooth(tooth))
+        return;
+    setSelectedTooth(name);
+    Q_EMIT toothChosen(int(tooth));
+}
+
+void ToothChartBridge::chooseNext()
+{
+    choose(m_selected.isEmpty() ? ToothNameGenerator::getName(ToothChart::FirstTooth)
+                                : ToothNameGenerator::getNextTooth(m_selected));
+}
+
+void ToothChartBridge::choosePrevious()
+{
+    choose(m_selected.isEmpty() ? ToothNameGenerator::getName(ToothChart::FirstTooth)
+                                : ToothNameGenerator::getPreviousTooth(m_selected));
 }
 
 void ToothChartBridge::renameSelection(const QString& previousNumbering)
@@ -418,6 +548,9 @@ void ToothChartView::start()
     View::start();
     // The chart is no image to measure on.
     m_workspace.setCurrentViewer(nullptr);
+    // The arrow keys step through the teeth as soon as the chart is on screen.
+    if (QWidget* page = widget())
+        page->setFocus(Qt::OtherFocusReason);
 }
 
 std::unique_ptr<ui::ViewNodeInteractor> ToothChartView::createNodeInteractor()
@@ -430,6 +563,23 @@ QString ToothChartView::selectedTooth() const
     return m_bridge ? m_bridge->selectedTooth() : QString();
 }
 
+int ToothChartView::selectedToothNumber() const
+{
+    if (!m_bridge)
+        return m_pendingTooth;
+    const ToothChart::Tooth tooth = ToothNameGenerator::getToothIdByName(m_bridge->selectedTooth());
+    return ToothChart::isValidTooth(tooth) ? int(tooth) : 0;
+}
+
+void ToothChartView::setSelectedToothNumber(int tooth)
+{
+    if (!ToothChart::isValidTooth(ToothChart::Tooth(tooth)))
+        return;
+    m_pendingTooth = tooth;
+    if (m_bridge)
+        m_bridge->setSelectedTooth(ToothNameGenerator::getName(ToothChart::Tooth(tooth)));
+}
+
 void ToothChartView::createWidget()
 {
     // A page made again starts over: the old page's items and connections went with its window.
@@ -439,11 +589,8 @@ void ToothChartView::createWidget()
     m_host = nullptr;
     auto* window = new QQuickView();
     window->setResizeMode(QQuickView::SizeRootObjectToView);
-    window->setColor(styleColor("PANEL_BACKGROUND_COLOR", QColor(40, 40, 40)));
     m_bridge = new ToothChartBridge(window);
-    m_names = new ToothNameGenerator(window);
     window->rootContext()->setContextProperty(QStringLiteral("chart"), m_bridge);
-    window->rootContext()->setContextProperty(QStringLiteral("toothNames"), m_names);
     window->setSource(QUrl(QStringLiteral("qrc:/dentalviewer/ToothChart.qml")));
     for (const QQmlError& error : window->errors())
         qWarning().noquote() << "ToothChartView :" << error.toString();
@@ -451,6 +598,7 @@ void ToothChartView::createWidget()
     QWidget* page = QWidget::createWindowContainer(window);
     page->setObjectName(QStringLiteral("toothChartPage"));
     page->setMinimumSize(320, 240);
+    page->setFocusPolicy(Qt::StrongFocus);
     setWidget(page);
 
     m_host = window->rootObject()
@@ -460,34 +608,46 @@ void ToothChartView::createWidget()
         return;
     m_host->setViewerTag(QStringLiteral("toothChart"));
     buildChart(*m_host->getGraphicsScene());
+    setSelectedToothNumber(m_pendingTooth);
 
     QObject::connect(
         m_bridge, &ToothChartBridge::selectedToothChanged, window, [this] { updateChart(); });
+    QObject::connect(m_bridge, &ToothChartBridge::toothChosen, window, [this](int tooth) {
+        m_pendingTooth = tooth;
+        m_workspace.chooseTooth(tooth);
+    });
+    // The numbers take a new label font size at once, but lay themselves out only when asked.
+    QObject::connect(
+        settings::SettingsManager::manager(), &settings::SettingsManager::userDefaultSettingChanged,
+        window,
+        [this] {
+            for (CustomGraphicsLabelItem* label : std::as_const(m_labels))
+                overlay::relayout(*label);
+        },
+        Qt::QueuedConnection);
     QObject::connect(
         &m_workspace, &DentalWorkspace::notationChanged, window, [this](const QString& notation) {
             m_bridge->renameSelection(
                 notation == QLatin1String("FDI") ? QStringLiteral("UNIV") : QStringLiteral("FDI"));
             updateChart();
         });
-    updateChart();
+    restyle();
 }
 
 void ToothChartView::buildChart(GraphicsSceneExtra& scene)
 {
     scene.setMouseTracking(true);
-    scene.setBackgroundBrush(styleColor("PANEL_BACKGROUND_COLOR", QColor(40, 40, 40)));
-    scene.setSceneRect(0, 0, 880, 300);
+    scene.setSceneRect(0, 0, 2 * CHART_LEFT + 16 * CHART_COLUMN - (CHART_COLUMN - TOOTH_WIDTH),
+        LOWER_BOTTOM + UPPER_TOP);
     for (int t = ToothChart::FirstTooth; t <= ToothChart::LastTooth; ++t) {
         const bool upper = ToothChart::isUpperTooth(ToothChart::Tooth(t));
-        const int column = upper ? t - 1 : 32 - t;
-        const bool molar = column < 3 || column > 12;
+        const QRectF rect = chartToothRect(t);
         auto* tooth = new CustomGraphicsItem(QStringLiteral("chartTooth%1").arg(t));
         QPainterPath path;
-        path.addRoundedRect(QRectF(0, 0, 46, molar ? 70 : 80), molar ? 14 : 20, 12);
+        path.addRoundedRect(QRectF(QPointF(0, 0), rect.size()), 16, 12);
         tooth->setPainterPath(path);
         tooth->setPath(path);
-        tooth->setPen(QPen(styleColor("BORDER_COLOR", Qt::darkGray), 2));
-        tooth->setPos(20 + column * 53, upper ? 40 : 170);
+        tooth->setPos(rect.topLeft());
         tooth->setAcceptHoverEvents(true);
         scene.addItem(tooth);
         m_teeth.append(tooth);
@@ -505,29 +665,86 @@ void ToothChartView::buildChart(GraphicsSceneExtra& scene)
             });
         QObject::connect(
             tooth, &CustomGraphicsItem::leftClicked, tooth, [this, t](QGraphicsSceneMouseEvent*) {
-                m_bridge->setSelectedTooth(ToothNameGenerator::getName(ToothChart::Tooth(t)));
+                m_bridge->choose(ToothNameGenerator::getName(ToothChart::Tooth(t)));
             });
-        auto* label = makeToothLabel(QStringLiteral("chartLabel%1").arg(t));
-        label->setPos(20 + column * 53 + 8, upper ? 10 : 255);
+        // Numbers centred over the upper teeth and under the lower ones, on one line per row,
+        // at any font size: the label's box, not its baseline, is anchored there.
+        auto* label = new CustomGraphicsLabelItem(QStringLiteral("chartLabel%1").arg(t));
+        label->setEnabled(false);
+        label->setPos(
+            rect.center().x(), upper ? UPPER_TOP - NUMBER_GAP : LOWER_BOTTOM + NUMBER_GAP);
+        label->setData(1, upper);
         scene.addItem(label);
         m_labels.append(label);
     }
+}
+
+void ToothChartView::restyle()
+{
+    if (!m_bridge)
+        return;
+    m_bridge->restyle();
+    if (auto* window = qobject_cast<QQuickView*>(m_bridge->parent()))
+        window->setColor(styleColor("PANEL_BACKGROUND_COLOR", QColor(40, 40, 40)));
+    if (m_host)
+        m_host->getGraphicsScene()->setBackgroundBrush(
+            styleColor("PANEL_BACKGROUND_COLOR", QColor(40, 40, 40)));
+    for (CustomGraphicsLabelItem* label : std::as_const(m_labels)) {
+        // The chart lies on the panel: its numbers take the palette's text colour.
+        label->setTextColor(styleColor("TEXT_COLOR", Qt::white));
+        label->setTextOutlineColor(styleColor("PANEL_BACKGROUND_COLOR", Qt::black));
+        label->fillBackground(false);
+    }
+    updateChart();
 }
 
 void ToothChartView::updateChart()
 {
     const ToothChart::Tooth selected
         = ToothNameGenerator::getToothIdByName(m_bridge ? m_bridge->selectedTooth() : QString());
+    const QColor base = styleColor("TEXT_DISABLED_COLOR", Qt::gray);
     for (int i = 0; i < m_teeth.size(); ++i) {
         const auto tooth = ToothChart::Tooth(i + 1);
-        QColor fill = styleColor("TEXT_DISABLED_COLOR", Qt::gray);
-        if (tooth == selected)
-            fill = styleColor("SELECTION_COLOR", Qt::darkBlue);
-        else if (i == m_hovered)
-            fill = styleColor("HOVER_COLOR", Qt::blue);
-        m_teeth[i]->setBrush(fill);
-        m_labels[i]->setText(ToothNameGenerator::getName(tooth));
+        // The selection fills the tooth with the accent and rings it; hover only rings it, so
+        // the tooth under the mouse is never mistaken for the selected one.
+        if (tooth == selected) {
+            m_teeth[i]->setBrush(styleColor("ACCENT_COLOR", Qt::blue));
+            m_teeth[i]->setPen(QPen(styleColor("TEXT_COLOR", Qt::white), 4));
+        } else {
+            m_teeth[i]->setBrush(base);
+            m_teeth[i]->setPen(i == m_hovered ? QPen(styleColor("ACCENT_COLOR", Qt::cyan), 3)
+                                              : QPen(styleColor("BORDER_COLOR", Qt::darkGray), 2));
+        }
+        CustomGraphicsLabelItem* label = m_labels[i];
+        label->setText(ToothNameGenerator::getName(tooth));
+        overlay::anchorLabel(
+            *label, Qt::AlignHCenter | (label->data(1).toBool() ? Qt::AlignBottom : Qt::AlignTop));
     }
+}
+
+QJsonArray ToothChartView::drawnItems() const
+{
+    QJsonArray items;
+    GraphicsViewExtraInterface* view = m_host ? m_host->getGraphicsView() : nullptr;
+    if (!view)
+        return items;
+    const QTransform toView = view->viewportTransform();
+    for (int i = 0; i < m_teeth.size(); ++i) {
+        const CustomGraphicsItem* tooth = m_teeth[i];
+        items.append(QJsonObject {{QStringLiteral("name"), tooth->objectName()},
+            {QStringLiteral("box"), jsonRect(toView.mapRect(tooth->sceneBoundingRect()))},
+            {QStringLiteral("fill"), tooth->brush().color().name()},
+            {QStringLiteral("selected"), i + 1 == selectedToothNumber()},
+            {QStringLiteral("hovered"), i == m_hovered}});
+        const CustomGraphicsLabelItem* label = m_labels[i];
+        items.append(QJsonObject {{QStringLiteral("name"), label->objectName()},
+            {QStringLiteral("text"), label->getTextItem()->getText()},
+            {QStringLiteral("color"), label->getTextItem()->getTextColor().name()},
+            {QStringLiteral("box"),
+                jsonRect(label->deviceTransform(toView).mapRect(
+                    label->getBackground()->getRect().normalized()))}});
+    }
+    return items;
 }
 
 // --- ToothChartNodeInteractor ---------------------------------------------------------------
@@ -546,6 +763,9 @@ std::unique_ptr<ui::Node> ToothChartNodeInteractor::generate()
     auto numbering = std::make_unique<ToothNumberingNode>();
     numbering->setNotation(m_view.workspace().notation());
     node->addNode(std::move(numbering));
+    auto selection = std::make_unique<ToothSelectionNode>();
+    selection->setTooth(m_view.selectedToothNumber());
+    node->addNode(std::move(selection));
     return node;
 }
 
@@ -557,5 +777,9 @@ void ToothChartNodeInteractor::apply(ui::Node* node)
         // The workspace refuses, with a warning, a numbering it does not know.
         if (auto* numbering = dynamic_cast<ToothNumberingNode*>(child))
             m_view.workspace().setNotation(numbering->getNotation());
+        // A restored selection is no choice of the person's: the cross-sections stay where the
+        // state tree put them.
+        if (auto* selection = dynamic_cast<ToothSelectionNode*>(child))
+            m_view.setSelectedToothNumber(selection->getTooth());
     }
 }

@@ -7,19 +7,21 @@
 
 #include "SyntheticImages.h"
 
+#include <QJsonArray>
 #include <QLineF>
 #include <QList>
 #include <QPointer>
+#include <functional>
 
 class CrossDragger;
 class CrossedLinesManipulationGraphicsItemGroup;
 class CustomGraphicsItem;
 class CustomGraphicsLabelItem;
+class CustomGraphicsLineSetItem;
 class DentalWorkspace;
 class GraphicsSceneExtra;
 class QuickGraphicsSceneItem;
 class ToothChartBridge;
-class ToothNameGenerator;
 class Viewer2D;
 namespace ui {
 class Viewer2DNode;
@@ -54,15 +56,15 @@ public:
 
     // Borrowed: the view owns its viewer.
     Viewer2D* viewer() const { return m_viewer; }
+    DentalWorkspace& workspace() const { return m_workspace; }
 
     // The node that records the viewer; a kind of viewer with more state than its zoom box
     // returns a more specific node kind. Ownership passes to the caller.
     virtual std::unique_ptr<ui::Viewer2DNode> createViewerNode() const;
     // Restores what createViewerNode() recorded beyond the zoom box and the measurements.
     virtual void applyViewerNode(const ui::Viewer2DNode& node);
-
-protected:
-    DentalWorkspace& workspace() const { return m_workspace; }
+    // Takes the colours of the style again.
+    virtual void restyle();
 
 private:
     void createWidget() override;
@@ -84,21 +86,40 @@ private:
     Viewer2DView& m_view;
 };
 
-// The synthetic panoramic radiograph with tooth numbers in the chosen notation.
+// The synthetic panoramic radiograph with tooth numbers in the chosen notation, and a line where
+// each cross-section cuts the arch.
 class PanoramicView : public Viewer2DView
 {
 public:
+    // Where a cross-section cuts: its name, its place along the arch (0 to 1), and whether it is
+    // the one the cross-sections view shows.
+    struct Cut
+    {
+        QString name;
+        double archPosition = 0.0;
+        bool shown = false;
+    };
+
     explicit PanoramicView(DentalWorkspace& workspace);
+
+    void start() override;
+    void restyle() override;
+    // Where the cuts come from; asked whenever one may have moved.
+    void setCuts(std::function<QList<Cut>()> cuts);
+    void updateCuts();
 
 private:
     void updateToothLabels();
 
     QList<CustomGraphicsLabelItem*> m_toothLabels;
+    std::function<QList<Cut>()> m_cuts;
+    QList<CustomGraphicsLineSetItem*> m_cutLines;
+    QList<CustomGraphicsLabelItem*> m_cutLabels;
 };
 
 // One cross-section of the stack cut across the arch, one per column of the panoramic image. The
 // cross dragger's vertical line picks the slice; the crossed lines mark the bone axis and may be
-// moved and turned.
+// moved and turned. Measurements belong to the slice they were made on.
 class CrossSectionView : public Viewer2DView
 {
 public:
@@ -112,16 +133,17 @@ public:
     // Out-of-range indices are clamped.
     void setSliceIndex(int index);
     double archPosition() const { return double(m_sliceIndex) / (NUMBER_OF_SLICES - 1); }
+    void setArchPosition(double position);
 
     // A cross-sectional reslice viewer node: slice count, spacing and the slice shown.
     std::unique_ptr<ui::Viewer2DNode> createViewerNode() const override;
     void applyViewerNode(const ui::Viewer2DNode& node) override;
+    void restyle() override;
 
 private:
-    void setArchPosition(double position);
     void connectCrossedLines();
 
-    int m_sliceIndex = 0;
+    int m_sliceIndex = -1;
     QRectF m_bounds;
     CrossDragger* m_cross = nullptr;
     CrossedLinesManipulationGraphicsItemGroup* m_lines = nullptr;
@@ -129,7 +151,6 @@ private:
     // direction.
     QLineF m_horizontalAxis;
     QLineF m_verticalAxis;
-    CustomGraphicsLabelItem* m_positionLabel = nullptr;
 };
 
 // The cross-sections: a multi view with two sub views.
@@ -140,8 +161,8 @@ public:
 };
 
 // The tooth chart: a QML page that shows a scene through the library's Quick scene host. Both
-// arches are overlay items; hover highlights a tooth, a click selects it, and the page's buttons
-// step to the next or previous tooth through the tooth name generator.
+// arches are overlay items; hover outlines a tooth, a click selects it, and the page's buttons
+// and the arrow keys step to the next or previous tooth through the tooth name generator.
 class ToothChartView : public View
 {
 public:
@@ -154,8 +175,14 @@ public:
     DentalWorkspace& workspace() const { return m_workspace; }
     // The selected tooth's name in the current numbering; empty when none is.
     QString selectedTooth() const;
+    // The selected tooth as a Universal number, 1 to 32, or 0; the setter restores a selection.
+    int selectedToothNumber() const;
+    void setSelectedToothNumber(int tooth);
     // The page's scene host; null until the page is made or when QML failed. Owned by the page.
     QuickGraphicsSceneItem* sceneHost() const { return m_host; }
+    void restyle();
+    // The teeth and their labels as drawn, for checks (see DentalSolutionApi::drawnLabels).
+    QJsonArray drawnItems() const;
 
 private:
     void createWidget() override;
@@ -164,15 +191,16 @@ private:
 
     DentalWorkspace& m_workspace;
     ToothChartBridge* m_bridge = nullptr;
-    ToothNameGenerator* m_names = nullptr;
     QuickGraphicsSceneItem* m_host = nullptr;
     QList<CustomGraphicsItem*> m_teeth;
     QList<CustomGraphicsLabelItem*> m_labels;
     int m_hovered = -1;
+    // A selection restored before the page exists.
+    int m_pendingTooth = 0;
 };
 
-// Records the chart's numbering as a ToothNumberingNode under the chart's view node, and applies it
-// back.
+// Records the chart's numbering and selection as a ToothNumberingNode and a ToothSelectionNode
+// under the chart's view node, and applies them back.
 class ToothChartNodeInteractor : public ui::ViewNodeInteractor
 {
 public:

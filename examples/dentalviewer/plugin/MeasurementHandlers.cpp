@@ -4,7 +4,6 @@
 #include "Viewer2D.h"
 
 #include <guicore/action/Action.h>
-#include <guicore/graphics/items/CustomGraphicsTextItem.h>
 #include <guicore/graphics/scene/GraphicsSceneExtra.h>
 #include <guicore/graphics/scene/GraphicsViewExtra.h>
 
@@ -12,6 +11,14 @@
 #include <QKeyEvent>
 #include <QLineF>
 #include <QTimer>
+#include <QUuid>
+
+namespace {
+
+// Points closer than this, in image pixels, are one point: a click, or a double click's repeat.
+constexpr double SAME_POINT = 1.0;
+
+} // namespace
 
 ViewerToolHandler::ViewerToolHandler(DentalWorkspace& workspace)
     : m_workspace(workspace)
@@ -22,13 +29,19 @@ void ViewerToolHandler::start()
 {
     m_viewer = m_workspace.currentViewer();
     if (!m_viewer) {
-        // The current view has no 2-D viewer (the tooth chart): nothing to measure on.
+        // The tools are disabled where there is no image; a run started anyway says why.
+        m_workspace.showStatus(
+            tr("%1 needs an image: switch to the panoramic or a cross-section.")
+                .arg(getCurrentAction() ? getCurrentAction()->getName() : QString()),
+            5000);
         stopCurrentAction();
         return;
     }
+    m_viewer->endNoteEditing();
     // Outside interactive mode the scene reports presses and drags to us instead of letting
     // the items under the cursor take them.
     m_viewer->scene()->setInteractiveMode(false);
+    m_viewer->scene()->setMouseTracking(true);
     begin(*m_viewer);
 }
 
@@ -39,137 +52,230 @@ void ViewerToolHandler::stop()
     m_connections.clear();
     if (m_viewer) {
         end(*m_viewer);
+        m_viewer->clearPreview();
+        m_viewer->scene()->setMouseTracking(false);
         m_viewer->scene()->setInteractiveMode(true);
+        // A note placed by the tool keeps its own hint.
+        m_workspace.showStatus(m_viewer->isEditingNote() ? Viewer2D::noteHint() : QString());
     }
     m_viewer = nullptr;
 }
 
-void LengthMeasurementHandler::begin(Viewer2D& viewer)
+MeasurementData ViewerToolHandler::newMeasurement(
+    const QString& kind, const QList<QPointF>& points) const
 {
-    GraphicsSceneExtra* scene = viewer.scene();
-    track(connect(scene, &GraphicsSceneExtra::mousePressed, this,
-        [this, &viewer](QGraphicsSceneMouseEvent* event) {
-            if (event->button() != Qt::LeftButton || m_pending)
-                return;
-            const QPointF at = event->scenePos();
-            m_pending = viewer.addMeasurement(QStringLiteral("length"), {at, at});
-        }));
-    auto follow = [this, &viewer](QGraphicsSceneMouseEvent* event) {
-        if (!m_pending)
-            return;
-        m_pending->points[1] = event->scenePos();
-        viewer.updateMeasurement(m_pending);
-    };
-    track(connect(scene, &GraphicsSceneExtra::dragStarted, this, follow));
-    track(connect(scene, &GraphicsSceneExtra::dragMotion, this, follow));
-    auto finish = [this, &viewer](QGraphicsSceneMouseEvent* event) {
-        if (!m_pending || event->button() != Qt::LeftButton)
-            return;
-        m_pending->points[1] = event->scenePos();
-        // A click without a drag is no measurement.
-        if (QLineF(m_pending->points[0], m_pending->points[1]).length() < 1.0) {
-            viewer.removeMeasurement(m_pending);
-        } else {
-            viewer.updateMeasurement(m_pending);
-            setCanceled(false);
-        }
-        m_pending = nullptr;
-    };
-    track(connect(scene, &GraphicsSceneExtra::dragFinished, this, finish));
-    track(connect(scene, &GraphicsSceneExtra::mouseReleased, this, finish));
+    MeasurementData data;
+    data.id = QUuid::createUuid().toString(QUuid::WithoutBraces);
+    data.viewer = m_viewer->getId();
+    data.kind = kind;
+    data.points = points;
+    data.slice = m_viewer->slice();
+    return data;
 }
 
-void LengthMeasurementHandler::end(Viewer2D& viewer)
+bool ViewerToolHandler::acceptPoint(const QPointF& scenePos, const QString& what) const
 {
-    if (m_pending)
-        viewer.removeMeasurement(m_pending);
-    m_pending = nullptr;
+    if (m_viewer->isOnImage(scenePos))
+        return true;
+    m_workspace.showStatus(
+        tr("%1 outside the image measures nothing: click on the image.").arg(what), 5000);
+    return false;
 }
+
+// --- Length ---------------------------------------------------------------------------------
+
+void LengthMeasurementHandler::begin(Viewer2D& viewer)
+{
+    m_ends.clear();
+    m_dragged = false;
+    workspace().showStatus(
+        tr("Length: drag from one end to the other, or click both ends. Escape ends the tool."));
+    GraphicsSceneExtra* scene = viewer.scene();
+    track(
+        connect(scene, &GraphicsSceneExtra::mousePressed, this, &LengthMeasurementHandler::press));
+    auto drag = [this](QGraphicsSceneMouseEvent* event) {
+        if (m_ends.size() != 1)
+            return;
+        m_dragged = true;
+        follow(event->scenePos());
+    };
+    track(connect(scene, &GraphicsSceneExtra::dragStarted, this, drag));
+    track(connect(scene, &GraphicsSceneExtra::dragMotion, this, drag));
+    track(connect(scene, &GraphicsSceneExtra::mouseMoved, this, [this](QPointF at) {
+        if (m_ends.size() == 1 && !m_dragged)
+            follow(at);
+    }));
+    track(connect(
+        scene, &GraphicsSceneExtra::dragFinished, this, [this](QGraphicsSceneMouseEvent* event) {
+            if (m_ends.size() == 1 && m_dragged && event->button() == Qt::LeftButton)
+                finish(event->scenePos());
+        }));
+    track(connect(
+        scene, &GraphicsSceneExtra::mouseReleased, this, [this](QGraphicsSceneMouseEvent* event) {
+            // A click places the first end; the second click places the other.
+            if (m_ends.size() == 1 && event->button() == Qt::LeftButton)
+                workspace().showStatus(tr("Length: click the other end. Escape ends the tool."));
+        }));
+}
+
+void LengthMeasurementHandler::press(QGraphicsSceneMouseEvent* event)
+{
+    if (event->button() != Qt::LeftButton)
+        return;
+    if (m_ends.size() == 1) {
+        finish(event->scenePos());
+        return;
+    }
+    if (!acceptPoint(event->scenePos(), tr("A length")))
+        return;
+    m_ends = {event->scenePos()};
+    m_dragged = false;
+    follow(event->scenePos());
+}
+
+void LengthMeasurementHandler::follow(const QPointF& scenePos)
+{
+    viewer()->setPreview(newMeasurement(QStringLiteral("length"),
+                             {m_ends.first(), viewer()->clampToImage(scenePos)}),
+        1);
+}
+
+void LengthMeasurementHandler::finish(const QPointF& scenePos)
+{
+    const QPointF other = viewer()->clampToImage(scenePos);
+    if (QLineF(m_ends.first(), other).length() < SAME_POINT) {
+        // A drag that went nowhere is a click: the other end is still to come.
+        m_dragged = false;
+        return;
+    }
+    const MeasurementData data = newMeasurement(QStringLiteral("length"), {m_ends.first(), other});
+    m_ends.clear();
+    m_dragged = false;
+    viewer()->clearPreview();
+    workspace().addMeasurement(data, tr("Add length"));
+    workspace().selectMeasurement(data.id);
+    setCanceled(false);
+    workspace().showStatus(tr("Length %1 added. Drag or click for another; Escape ends the tool.")
+                               .arg(data.valueText(viewer()->pixelSpacing())));
+}
+
+void LengthMeasurementHandler::end(Viewer2D&)
+{
+    m_ends.clear();
+    m_dragged = false;
+}
+
+// --- Area -----------------------------------------------------------------------------------
 
 void AreaMeasurementHandler::begin(Viewer2D& viewer)
 {
-    GraphicsSceneExtra* scene = viewer.scene();
-    scene->setMouseTracking(true);
     m_corners.clear();
-    track(connect(scene, &GraphicsSceneExtra::mousePressed, this,
-        [this, &viewer](QGraphicsSceneMouseEvent* event) {
-            if (event->button() != Qt::LeftButton)
-                return;
-            m_corners.append(event->scenePos());
-            QList<QPointF> shown = m_corners;
-            shown.append(event->scenePos());
-            if (!m_pending)
-                m_pending = viewer.addMeasurement(QStringLiteral("area"), shown);
-            m_pending->points = shown;
-            viewer.updateMeasurement(m_pending);
+    workspace().showStatus(tr("Area: click the corners; double-click or Enter closes the "
+                              "outline, Backspace takes a corner back, Escape ends the tool."));
+    GraphicsSceneExtra* scene = viewer.scene();
+    track(connect(
+        scene, &GraphicsSceneExtra::mousePressed, this, [this](QGraphicsSceneMouseEvent* event) {
+            if (event->button() == Qt::LeftButton)
+                addCorner(event->scenePos());
         }));
-    track(connect(scene, &GraphicsSceneExtra::mouseMoved, this, [this, &viewer](QPointF at) {
-        if (!m_pending)
-            return;
-        m_pending->points.last() = at;
-        viewer.updateMeasurement(m_pending);
+    track(connect(scene, &GraphicsSceneExtra::mouseMoved, this, [this](QPointF at) {
+        m_mouse = at;
+        showOutline(at);
     }));
     track(connect(scene, &GraphicsSceneExtra::mouseDoubleClicked, this,
         [this](Qt::MouseButtons, QPointF) { close(); }));
     track(connect(viewer.view(), &GraphicsViewExtra::keyPressed, this, [this](QKeyEvent* event) {
-        if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter)
+        if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) {
             close();
+        } else if (event->key() == Qt::Key_Backspace && !m_corners.isEmpty()) {
+            m_corners.removeLast();
+            showOutline(m_mouse);
+        }
     }));
+}
+
+void AreaMeasurementHandler::addCorner(const QPointF& scenePos)
+{
+    if (!acceptPoint(scenePos, tr("A corner")))
+        return;
+    // A double click repeats its corner.
+    if (!m_corners.isEmpty() && QLineF(m_corners.last(), scenePos).length() < SAME_POINT)
+        return;
+    if (m_corners.size() > 1 && geometry::segmentCrossesOutline(m_corners, scenePos)) {
+        workspace().showStatus(tr("A corner there would make the outline cross itself, and a "
+                                  "crossed outline has no area: click elsewhere."),
+            5000);
+        return;
+    }
+    m_corners.append(scenePos);
+    m_mouse = scenePos;
+    showOutline(scenePos);
+}
+
+void AreaMeasurementHandler::showOutline(const QPointF& mouse)
+{
+    if (m_corners.isEmpty()) {
+        viewer()->clearPreview();
+        return;
+    }
+    QList<QPointF> points = m_corners;
+    points.append(viewer()->clampToImage(mouse));
+    // The value is shown only for an outline that has one.
+    const bool simple = points.size() > 2 && !geometry::crossesItself(points);
+    viewer()->setPreview(
+        newMeasurement(simple ? QStringLiteral("area") : QStringLiteral("outline"), points),
+        int(m_corners.size()));
 }
 
 void AreaMeasurementHandler::close()
 {
-    if (!m_pending || !viewer())
+    if (m_corners.size() < 3) {
+        workspace().showStatus(tr("An area needs at least three corners."), 5000);
         return;
-    // A double click repeats its last corner; drop duplicates before judging the outline.
-    QList<QPointF> corners;
-    for (const QPointF& corner : std::as_const(m_corners)) {
-        if (corners.isEmpty() || QLineF(corners.last(), corner).length() >= 1.0)
-            corners.append(corner);
     }
-    if (corners.size() < 3)
+    if (geometry::crossesItself(m_corners)) {
+        workspace().showStatus(tr("Closed here the outline would cross itself, and a crossed "
+                                  "outline has no area: add a corner or take one back with "
+                                  "Backspace."),
+            8000);
         return;
-    m_pending->points = corners;
-    viewer()->updateMeasurement(m_pending);
-    m_pending = nullptr;
+    }
+    const MeasurementData data = newMeasurement(QStringLiteral("area"), m_corners);
     m_corners.clear();
+    viewer()->clearPreview();
+    workspace().addMeasurement(data, tr("Add area"));
+    workspace().selectMeasurement(data.id);
     setCanceled(false);
+    workspace().showStatus(tr("Area %1 added. Click the corners of another; Escape ends the tool.")
+                               .arg(data.valueText(viewer()->pixelSpacing())));
 }
 
-void AreaMeasurementHandler::end(Viewer2D& viewer)
+void AreaMeasurementHandler::end(Viewer2D&)
 {
-    viewer.scene()->setMouseTracking(false);
-    if (m_pending)
-        viewer.removeMeasurement(m_pending);
-    m_pending = nullptr;
     m_corners.clear();
 }
+
+// --- Text -----------------------------------------------------------------------------------
 
 void TextAnnotationHandler::begin(Viewer2D& viewer)
 {
+    workspace().showStatus(tr("Text: click on the image where the note goes. Escape ends the "
+                              "tool."));
     track(connect(viewer.scene(), &GraphicsSceneExtra::mousePressed, this,
         [this, &viewer](QGraphicsSceneMouseEvent* event) {
-            if (event->button() != Qt::LeftButton)
+            if (event->button() != Qt::LeftButton || !acceptPoint(event->scenePos(), tr("A note")))
                 return;
-            Measurement* note
-                = viewer.addMeasurement(QStringLiteral("text"), {event->scenePos()}, tr("Note"));
+            viewer.createNote(event->scenePos());
             setCanceled(false);
             // The tool ends on the next turn of the event loop, after the press is delivered,
-            // so that the scene is interactive again before the note is edited.
-            QTimer::singleShot(0, this, [this, note, &viewer] {
-                stopCurrentAction();
-                if (!viewer.measurements().contains(note))
-                    return;
-                // The scene hands every key press to its text items itself. A text item takes
-                // the focus when made, and with it the stock delivery would type each key a
-                // second time; editing mode alone is what it needs.
-                note->textItem->setEditing(true);
-                note->textItem->clearFocus();
-            });
+            // so that the scene is interactive again while the note is typed.
+            QTimer::singleShot(0, this, [this] { stopCurrentAction(); });
         }));
 }
 
 void TextAnnotationHandler::end(Viewer2D&) { }
+
+// --- Commands -------------------------------------------------------------------------------
 
 CommandHandler::CommandHandler(std::function<void(ActionHandler&)> command)
     : m_command(std::move(command))

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "MeasurementData.h"
+
 #include <guicore/action/ActionHandler.h>
 #include <guicore/action/EmptyActionHandler.h>
 
@@ -9,11 +11,12 @@
 #include <functional>
 
 class DentalWorkspace;
+class QGraphicsSceneMouseEvent;
 class Viewer2D;
-struct Measurement;
 
 // Common part of the tools that work in the current 2-D viewer: they take the scene's press, drag
-// and release signals while they run, and give the scene back its items when they stop.
+// and release signals while they run, tell the person in the status bar what to do next, and give
+// the scene back its items when they stop.
 class ViewerToolHandler : public ActionHandler
 {
     Q_OBJECT
@@ -25,7 +28,7 @@ protected:
     void start() override;
     void stop() override;
 
-    // Called once the tool has its viewer; false refuses the run.
+    // Called once the tool has its viewer.
     virtual void begin(Viewer2D& viewer) = 0;
     // Called at every stop; an unfinished measurement must be dropped here.
     virtual void end(Viewer2D& viewer) = 0;
@@ -33,6 +36,11 @@ protected:
     void track(const QMetaObject::Connection& connection) { m_connections.append(connection); }
     Viewer2D* viewer() const { return m_viewer; }
     DentalWorkspace& workspace() const { return m_workspace; }
+    // A new measurement of the viewer, on its current slice.
+    MeasurementData newMeasurement(const QString& kind, const QList<QPointF>& points) const;
+    // False, with a word to the person, for a point outside the image: a measurement in the
+    // letterbox around the image measures nothing.
+    bool acceptPoint(const QPointF& scenePos, const QString& what) const;
 
 private:
     DentalWorkspace& m_workspace;
@@ -40,7 +48,8 @@ private:
     QList<QMetaObject::Connection> m_connections;
 };
 
-// Press, drag and release draw a line whose label shows its length in millimetres.
+// A length: press, drag and release, or a click on each end. The free end follows the mouse and
+// stops at the image's edge.
 class LengthMeasurementHandler : public ViewerToolHandler
 {
     Q_OBJECT
@@ -53,10 +62,18 @@ protected:
     void end(Viewer2D& viewer) override;
 
 private:
-    Measurement* m_pending = nullptr;
+    void press(QGraphicsSceneMouseEvent* event);
+    void follow(const QPointF& scenePos);
+    void finish(const QPointF& scenePos);
+
+    // The ends while one is placed: empty, the first end only, or both.
+    QList<QPointF> m_ends;
+    bool m_dragged = false;
 };
 
-// Clicks add corners; a double click or Enter closes the outline and shows its area.
+// Clicks add corners, with the segment to the mouse and a marker on each corner shown; a
+// double click or Enter closes the outline, Backspace takes the last corner back. A corner or a
+// closing that would make the outline cross itself is refused: such an outline has no area.
 class AreaMeasurementHandler : public ViewerToolHandler
 {
     Q_OBJECT
@@ -69,13 +86,15 @@ protected:
     void end(Viewer2D& viewer) override;
 
 private:
+    void addCorner(const QPointF& scenePos);
+    void showOutline(const QPointF& mouse);
     void close();
 
-    Measurement* m_pending = nullptr;
     QList<QPointF> m_corners;
+    QPointF m_mouse;
 };
 
-// A click places a text annotation and opens it for editing; the tool then ends.
+// A click places a note and opens it for editing; the tool then ends.
 class TextAnnotationHandler : public ViewerToolHandler
 {
     Q_OBJECT

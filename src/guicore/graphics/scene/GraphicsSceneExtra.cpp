@@ -18,6 +18,7 @@
 #include <QGraphicsSceneHoverEvent>
 #include <QGraphicsSceneMouseEvent>
 #include <QGraphicsSceneWheelEvent>
+#include <QGraphicsView>
 #include <QGuiApplication>
 #include <QKeyEvent>
 #include <QWidget>
@@ -158,6 +159,14 @@ GraphicsSceneExtra::~GraphicsSceneExtra() = default;
 void GraphicsSceneExtra::setMouseTracking(bool tracking)
 {
     mouseTracking = tracking;
+    // A view hands the scene moves without a button only while its viewport tracks the mouse,
+    // and QGraphicsView turns that on only for scenes with hover items: without this, tracking
+    // would emit nothing in a view over an image and a few lines. Never turned off here, since
+    // the view may need it for its items.
+    if (!tracking)
+        return;
+    for (QGraphicsView* view : views())
+        view->viewport()->setMouseTracking(true);
 }
 
 void GraphicsSceneExtra::setEventHandler(GraphicsSceneEventHandler* handler)

@@ -35,7 +35,8 @@ public:
     explicit GraphicsSceneExtra(QObject* parent = nullptr);
     ~GraphicsSceneExtra() override;
 
-    /// When on, moves without a button emit mouseMoved as well.
+    /// When on, moves without a button emit mouseMoved as well; the viewports of the scene's
+    /// views then track the mouse, so that such moves reach the scene.
     void setMouseTracking(bool tracking);
     /// Off by default.
     bool hasMouseTracking() const { return mouseTracking; }
