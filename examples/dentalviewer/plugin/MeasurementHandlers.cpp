@@ -73,6 +73,16 @@ MeasurementData ViewerToolHandler::newMeasurement(
     return data;
 }
 
+void ViewerToolHandler::commitMeasurement(
+    const MeasurementData& data, const QString& undoText, const QString& status)
+{
+    m_viewer->clearPreview();
+    m_workspace.addMeasurement(data, undoText);
+    m_workspace.selectMeasurement(data.id);
+    setCanceled(false);
+    m_workspace.showStatus(status.arg(data.valueText(m_viewer->pixelSpacing())));
+}
+
 bool ViewerToolHandler::acceptPoint(const QPointF& scenePos, const QString& what) const
 {
     if (m_viewer->isOnImage(scenePos))
@@ -151,12 +161,8 @@ void LengthMeasurementHandler::finish(const QPointF& scenePos)
     const MeasurementData data = newMeasurement(QStringLiteral("length"), {m_ends.first(), other});
     m_ends.clear();
     m_dragged = false;
-    viewer()->clearPreview();
-    workspace().addMeasurement(data, tr("Add length"));
-    workspace().selectMeasurement(data.id);
-    setCanceled(false);
-    workspace().showStatus(tr("Length %1 added. Drag or click for another; Escape ends the tool.")
-                               .arg(data.valueText(viewer()->pixelSpacing())));
+    commitMeasurement(data, tr("Add length"),
+        tr("Length %1 added. Drag or click for another; Escape ends the tool."));
 }
 
 void LengthMeasurementHandler::end(Viewer2D&)
@@ -242,12 +248,8 @@ void AreaMeasurementHandler::close()
     }
     const MeasurementData data = newMeasurement(QStringLiteral("area"), m_corners);
     m_corners.clear();
-    viewer()->clearPreview();
-    workspace().addMeasurement(data, tr("Add area"));
-    workspace().selectMeasurement(data.id);
-    setCanceled(false);
-    workspace().showStatus(tr("Area %1 added. Click the corners of another; Escape ends the tool.")
-                               .arg(data.valueText(viewer()->pixelSpacing())));
+    commitMeasurement(data, tr("Add area"),
+        tr("Area %1 added. Click the corners of another; Escape ends the tool."));
 }
 
 void AreaMeasurementHandler::end(Viewer2D&)

@@ -38,6 +38,10 @@ protected:
     DentalWorkspace& workspace() const { return m_workspace; }
     // A new measurement of the viewer, on its current slice.
     MeasurementData newMeasurement(const QString& kind, const QList<QPointF>& points) const;
+    // Adds data to the document as one undo step named undoText, selects it, marks the run as
+    // completed and tells the person; status holds %1 for the measured value.
+    void commitMeasurement(
+        const MeasurementData& data, const QString& undoText, const QString& status);
     // False, with a word to the person, for a point outside the image: a measurement in the
     // letterbox around the image measures nothing.
     bool acceptPoint(const QPointF& scenePos, const QString& what) const;
