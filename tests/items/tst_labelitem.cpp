@@ -2,6 +2,7 @@
 #include <guicore/graphics/items/CustomGraphicsOutlineTextItem.h>
 #include <guicore/graphics/items/CustomGraphicsPixmapItem.h>
 #include <guicore/graphics/items/CustomGraphicsRectItem.h>
+#include <guicore/graphics/scene/GraphicsSceneExtra.h>
 #include <guicore/style/StyleManager.h>
 #include <guicore/style/StyleManagerDataProvider.h>
 
@@ -57,6 +58,8 @@ private Q_SLOTS:
     void setVisibleTellsScene();
     void clicksOnPartsReportedByLabel();
     void rendersBoxAndTextWhereLaidOut();
+    void paintsHitsAndHoversInEitherScene_data();
+    void paintsHitsAndHoversInEitherScene();
 
 private:
     QTemporaryDir configDir;
@@ -310,6 +313,63 @@ void tst_LabelItem::rendersBoxAndTextWhereLaidOut()
     }
     QVERIFY(inside > 20);
     QCOMPARE(outside, 0);
+}
+
+void tst_LabelItem::paintsHitsAndHoversInEitherScene_data()
+{
+    QTest::addColumn<bool>("library");
+    QTest::newRow("stock scene, BSP index") << false;
+    QTest::newRow("library scene, no index") << true;
+}
+
+void tst_LabelItem::paintsHitsAndHoversInEitherScene()
+{
+    QFETCH(bool, library);
+    QScopedPointer<QGraphicsScene> scene(
+        library ? new GraphicsSceneExtra : new QGraphicsScene(-500, -500, 1000, 1000));
+    QCOMPARE(scene->itemIndexMethod(),
+        library ? QGraphicsScene::NoIndex : QGraphicsScene::BspTreeIndex);
+    QGraphicsView view(scene.data());
+    view.setFrameShape(QFrame::NoFrame);
+    view.resize(300, 200);
+    view.setSceneRect(-150, -100, 300, 200);
+    auto* label = new CustomGraphicsLabelItem(QStringLiteral("label"));
+    label->setText(QStringLiteral("HHHH"));
+    label->fillBackground(true);
+    label->setBackgroundBrush(QBrush(Qt::blue));
+    label->setBackgroundOutlinePen(Qt::NoPen);
+    label->setAcceptHoverEvents(true);
+    scene->addItem(label);
+    label->setPos(40, 30);
+
+    // Before any hit test the bounds are the box as laid out: it runs upwards from the baseline.
+    const QRectF box = label->getBackground()->getRect();
+    QVERIFY(box.height() < 0);
+    QCOMPARE(label->boundingRect(), box);
+
+    QImage image(view.viewport()->size(), QImage::Format_ARGB32);
+    image.fill(Qt::white);
+    {
+        QPainter painter(&image);
+        view.render(&painter, QRectF(), view.viewport()->rect());
+    }
+    // Left of the text, inside the box: only the box paints there.
+    const QPointF inBox = label->mapToScene(QPointF(box.left() + 2, -2));
+    QCOMPARE(image.pixel(view.mapFromScene(inBox)), qRgb(0, 0, 255));
+
+    QVERIFY(scene->items(inBox).contains(label));
+    QVERIFY(!scene->items(label->mapToScene(QPointF(box.left() - 4, -2))).contains(label));
+
+    view.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&view));
+    QSignalSpy entered(label, &CustomGraphicsItem::mouseHoverEnter);
+    QSignalSpy left(label, &CustomGraphicsItem::mouseHoverLeave);
+    QTest::mouseMove(view.viewport(), view.mapFromScene(label->mapToScene(QPointF(-100, -2))));
+    QCOMPARE(entered.count(), 0);
+    QTest::mouseMove(view.viewport(), view.mapFromScene(inBox));
+    QCOMPARE(entered.count(), 1);
+    QTest::mouseMove(view.viewport(), view.mapFromScene(label->mapToScene(QPointF(0, 40))));
+    QCOMPARE(left.count(), 1);
 }
 
 QTEST_MAIN(tst_LabelItem)

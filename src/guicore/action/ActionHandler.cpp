@@ -2,8 +2,6 @@
 
 #include "Action.h"
 
-#include "../Logging_p.h"
-
 #include <QCoreApplication>
 #include <QKeyEvent>
 #include <QMouseEvent>
@@ -19,7 +17,7 @@ ActionHandler::~ActionHandler() = default;
 bool ActionHandler::startHandler(Action* action)
 {
     if (m_active) {
-        qCWarning(lcAction, "ActionHandler::startHandler : there is still an action that is busy");
+        qDebug("ActionHandler::startHandler : there is still an action that is busy");
         return false;
     }
     m_active = true;

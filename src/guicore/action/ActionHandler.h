@@ -35,9 +35,11 @@ public:
 
     /// Begins a run for `action` (not owned): copies its parameters, marks the run cancelled,
     /// installs the application event filter when the action asks for it, and calls start().
-    /// While another run is in progress it refuses, returning false, with the warning
-    /// "ActionHandler::startHandler : there is still an action that is busy" (category
-    /// "guicore.action"); the action then falls back to inactive.
+    /// While another run is in progress it refuses, returning false, and writes
+    /// "ActionHandler::startHandler : there is still an action that is busy" to the debug log
+    /// (plain qDebug(), no category rule needed); the action then falls back to inactive. A second
+    /// action on a busy handler is ordinary use, so it is not a warning: it must not trip
+    /// QT_FATAL_WARNINGS or fill warning-filtered logs.
     virtual bool startHandler(Action* action);
     /// Ends the run; `action` (not owned, may be null) becomes the current action again so that
     /// stop() sees the parameters set during the run. A no-op on an idle handler.

@@ -229,8 +229,8 @@ QRectF CustomGraphicsLabelItem::boundingRect() const
 {
     if (!shapeRect.isEmpty())
         return shapeRect.united(text->textBoundingRect());
-    // The stored box runs upwards (negative height); the scene's index needs it normalised.
-    return background->getRect().normalized();
+    // As stored: the box runs upwards from below the baseline, so its height is negative.
+    return background->getRect();
 }
 
 bool CustomGraphicsLabelItem::isMouseOver(const QPointF& scenePos)

@@ -20,9 +20,13 @@ class QPixmap;
 /// own, so that even a stock scene hands presses on them to the label. The icon is hidden while
 /// it has no picture.
 ///
-/// Hundreds of labels belong in a scene without an item index, as GraphicsSceneExtra is: Qt's
-/// BSP index keeps every part of an item that ignores transformations in a list that each
-/// lookup searches once per part, which makes a frame quadratic in the number of labels.
+/// Until the first hit test, boundingRect() is the box exactly as laid out, running upwards from
+/// below the baseline: its height is negative. Qt's rectangle tests take such a rectangle as it
+/// is, so a label paints, is hit and is hovered in any scene; a stock scene's BSP index copes
+/// because it keeps items that ignore transformations out of its tree. Labels still belong in a
+/// scene without an item index, as GraphicsSceneExtra is: that index keeps every part of such an
+/// item in a list that each lookup searches once per part, which makes a frame quadratic in the
+/// number of labels, and a scene without one never has to file the upward-running box at all.
 class GUICORE_EXPORT CustomGraphicsLabelItem : public CustomGraphicsItem
 {
     Q_OBJECT
@@ -76,7 +80,8 @@ public:
     /// The box in scene units for the first view of the scene: the on-screen box divided by that
     /// view's horizontal zoom. Also becomes the clickable region. Without a view, the box as is.
     QPainterPath shape() const override;
-    /// The box, in label (screen pixel) coordinates.
+    /// Before the first shape(): the box as stored, in label (screen pixel) coordinates, with its
+    /// negative height. Afterwards: the hit rectangle of shape() united with the text's rectangle.
     QRectF boundingRect() const override;
     bool isMouseOver(const QPointF& scenePos) override;
 
