@@ -2,19 +2,10 @@
 
 #include <objectmodel/ModificationLock.h>
 
-#include <QRegularExpression>
-#include <QTest>
-
+using samples::tile;
 using utility::ModificationLock;
 
 namespace {
-
-std::unique_ptr<ui::Node> tile(const QString& id)
-{
-    auto node = std::make_unique<ui::LayoutTileNode>();
-    node->setLayoutTileId(id);
-    return node;
-}
 
 std::unique_ptr<ui::Node> viewWithTiles(const QStringList& ids)
 {
@@ -39,273 +30,417 @@ class tst_UiNode : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void init();
+    void init() { QTest::failOnWarning(QRegularExpression(".*")); }
 
-    void childrenCompareAsMultisets_data();
-    void childrenCompareAsMultisets();
-    void childrenOfChildrenTakePart();
-    void wideMixedTreesCompareInAnyOrder();
-    void manySiblingsMatchWithinTolerance();
-    void alteredAndVersionsAreNotCompared();
-    void addingMarksAlteredUnlessLocked();
-    void removeNodeGoesByIdentity();
-    void takeNodesEmptiesInOrder();
-    void alteredFlagsAreRecursive();
-    void loadingVersionsAreKeptByCopies();
-    void placeholderClonesWithWarning();
-};
-
-void tst_UiNode::init()
-{
-    QTest::failOnWarning(QRegularExpression(".*"));
-}
-
-void tst_UiNode::childrenCompareAsMultisets_data()
-{
-    QTest::addColumn<QStringList>("left");
-    QTest::addColumn<QStringList>("right");
-    QTest::addColumn<bool>("equal");
-    QTest::newRow("same order") << QStringList {"a", "b"} << QStringList {"a", "b"} << true;
-    QTest::newRow("other order") << QStringList {"a", "b", "c"} << QStringList {"c", "a", "b"}
-                                 << true;
-    QTest::newRow("duplicates against distinct")
-        << QStringList {"a", "a"} << QStringList {"a", "b"} << false;
-    QTest::newRow("distinct against duplicates")
-        << QStringList {"a", "b"} << QStringList {"a", "a"} << false;
-    QTest::newRow("duplicates in other order")
-        << QStringList {"a", "b", "a"} << QStringList {"b", "a", "a"} << true;
-    QTest::newRow("different counts") << QStringList {"a"} << QStringList {"a", "a"} << false;
-    QTest::newRow("both empty") << QStringList {} << QStringList {} << true;
-}
-
-void tst_UiNode::childrenCompareAsMultisets()
-{
-    QFETCH(QStringList, left);
-    QFETCH(QStringList, right);
-    QFETCH(bool, equal);
-    const auto l = viewWithTiles(left);
-    const auto r = viewWithTiles(right);
-    QCOMPARE(l->isEqual(*r), equal);
-    QCOMPARE(r->isEqual(*l), equal);
-}
-
-void tst_UiNode::childrenOfChildrenTakePart()
-{
-    auto left = std::make_unique<ui::ViewNode>();
-    auto right = std::make_unique<ui::ViewNode>();
-    left->addNode(viewWithTiles({"a", "b"}));
-    left->addNode(viewWithTiles({"c"}));
-    right->addNode(viewWithTiles({"c"}));
-    right->addNode(viewWithTiles({"b", "a"}));
-    QVERIFY(left->isEqual(*right));
-
-    right->getNodes().front()->addNode(tile("d"));
-    QVERIFY(!left->isEqual(*right));
-}
-
-void tst_UiNode::wideMixedTreesCompareInAnyOrder()
-{
-    // Thousands of siblings of every kind, one tree the reverse of the other: the comparison
-    // must pair each child with its equal however far apart they sit.
-    ui::ViewNode left;
-    ui::ViewNode right;
-    std::vector<std::unique_ptr<ui::Node>> reversed;
-    for (int i = 0; i < 200; ++i) {
-        for (const auto& [typeId, version] : samples::kinds()) {
-            std::unique_ptr<ui::Node> node = samples::populated(typeId);
-            if (auto* dataObject = dynamic_cast<ui::DataObjectNode*>(node.get()))
-                dataObject->setDataObjectUUID(QString::number(i));
-            reversed.push_back(node->clone());
-            left.addNode(std::move(node));
+    void everyPropertyIsSetComparedAndCopied_data()
+    {
+        QTest::addColumn<QString>("typeId");
+        QTest::addColumn<int>("changeIndex");
+        const std::vector<samples::Change>& changes = samples::allChanges();
+        for (const QString& typeId : samples::kinds()) {
+            const std::unique_ptr<ui::Node> probe = ui::NodeFactory::createSpecificNode(typeId);
+            for (size_t i = 0; i < changes.size(); ++i) {
+                if (changes[i].apply(*probe))
+                    QTest::addRow("%s/%s", qPrintable(typeId), qPrintable(changes[i].name))
+                        << typeId << int(i);
+            }
         }
     }
-    std::reverse(reversed.begin(), reversed.end());
-    right.addNodes(std::move(reversed));
 
-    QVERIFY(left.isEqual(right));
-
-    const std::vector<ui::Node*> children = right.getNodes();
-    const auto dataObject = std::find_if(children.begin(), children.end(),
-        [](ui::Node* node) { return dynamic_cast<ui::DataObjectNode*>(node) != nullptr; });
-    QVERIFY(dataObject != children.end());
-    static_cast<ui::DataObjectNode*>(*dataObject)->setDataObjectUUID("elsewhere");
-    QVERIFY(!left.isEqual(right));
-}
-
-void tst_UiNode::manySiblingsMatchWithinTolerance()
-{
-    // More siblings than are simply tried against each other, so that the bucketed matching
-    // runs: nearly equal positions must still pair up, and so must -0 and 0 in an exactly
-    // compared vector.
-    const auto measurement = [](int i, double nudge) {
-        auto node = std::make_unique<ui::Measurement2DNode>(QStringLiteral("same"));
-        node->setLabelRelativePositions({QPointF(0.5 * (i % 4) * (1.0 + nudge), 1.0)});
-        return node;
-    };
-    const auto reslice = [](float x) {
-        auto node = std::make_unique<ui::AngulatedResliceNode>(QStringLiteral("r"));
-        node->setOrigin(QVector3D(x, 1.0f, 2.0f));
-        return node;
-    };
-    ui::ViewNode left;
-    ui::ViewNode right;
-    for (int i = 0; i < 12; ++i) {
-        left.addNode(measurement(i, 0.0));
-        right.addNode(measurement(11 - i, i % 3 == 0 ? 1e-14 : 0.0));
-    }
-    left.addNode(reslice(0.0f));
-    right.addNode(reslice(-0.0f));
-    QVERIFY(left.isEqual(right));
-    QVERIFY(right.isEqual(left));
-
-    static_cast<ui::Measurement2DNode*>(right.getNodes().at(5))
-        ->setLabelRelativePosition(0, QPointF(0.5 * (6 % 4) + 1e-3, 1.0));
-    QVERIFY(!left.isEqual(right));
-    QVERIFY(!right.isEqual(left));
-}
-
-void tst_UiNode::alteredAndVersionsAreNotCompared()
-{
-    auto left = viewWithTiles({"a"});
-    auto right = viewWithTiles({"a"});
-    right->clearAlteredRecursively();
-    right->setLoadingVersions({{"Node", QVersionNumber(0, 9)}});
-    QVERIFY(left->isAlteredRecursively());
-    QVERIFY(left->isEqual(*right));
-}
-
-void tst_UiNode::addingMarksAlteredUnlessLocked()
-{
-    ui::ViewNode node;
-    QVERIFY(!node.isAltered());
+    void everyPropertyIsSetComparedAndCopied()
     {
-        ModificationLock lock(ModificationLock::Scope::UserInterfaceState);
-        node.addNode(tile("a"));
-        std::vector<std::unique_ptr<ui::Node>> more;
-        more.push_back(tile("b"));
-        node.addNodes(std::move(more));
-        node.removeNode(*node.getNodes().front());
+        QFETCH(QString, typeId);
+        QFETCH(int, changeIndex);
+        const samples::Change& change = samples::allChanges().at(size_t(changeIndex));
+
+        const std::unique_ptr<ui::Node> pristine = ui::NodeFactory::createSpecificNode(typeId);
+        pristine->addNode(std::make_unique<ui::LayoutTileNode>());
+        std::unique_ptr<ui::Node> node = ui::NodeFactory::createSpecificNode(typeId);
+        node->addNode(std::make_unique<ui::LayoutTileNode>());
+        QVERIFY(node->isEqual(*pristine));
+        node->clearAlteredRecursively();
+
+        QVERIFY(change.apply(*node));
+        QVERIFY(node->isAltered());
+        // A property left out of the comparison would make the changed node equal a default one.
+        QVERIFY(!node->isEqual(*pristine));
+        QVERIFY(!pristine->isEqual(*node));
+
+        // Copies carry the property (but not the children) and start unaltered.
+        const std::unique_ptr<ui::Node> copy = node->clone();
+        QVERIFY(!copy->isAltered());
+        QVERIFY(copy->getNodes().empty());
+        copy->addNode(std::make_unique<ui::LayoutTileNode>());
+        QVERIFY(copy->isEqual(*node));
+
+        // The same value again is no change; dependencies are added, so they always are.
+        node->clearAlteredRecursively();
+        QVERIFY(change.apply(*node));
+        QCOMPARE(node->isAltered(), change.name == "addDependency");
     }
-    QCOMPARE(tileIds(node), QStringList {"b"});
-    QVERIFY(!node.isAltered());
 
-    node.addNodes({});
-    node.addNode(nullptr);
-    QVERIFY(!node.isAltered());
-    node.addNode(tile("c"));
-    QVERIFY(node.isAltered());
+    void childrenCompareAsMultisets_data()
+    {
+        QTest::addColumn<QStringList>("left");
+        QTest::addColumn<QStringList>("right");
+        QTest::addColumn<bool>("equal");
+        QTest::newRow("same order") << QStringList {"a", "b"} << QStringList {"a", "b"} << true;
+        QTest::newRow("other order")
+            << QStringList {"a", "b", "c"} << QStringList {"c", "a", "b"} << true;
+        QTest::newRow("duplicates against distinct")
+            << QStringList {"a", "a"} << QStringList {"a", "b"} << false;
+        QTest::newRow("distinct against duplicates")
+            << QStringList {"a", "b"} << QStringList {"a", "a"} << false;
+        QTest::newRow("duplicates in other order")
+            << QStringList {"a", "b", "a"} << QStringList {"b", "a", "a"} << true;
+        QTest::newRow("different counts") << QStringList {"a"} << QStringList {"a", "a"} << false;
+        QTest::newRow("both empty") << QStringList {} << QStringList {} << true;
+    }
 
-    ui::ViewNode other;
-    std::vector<std::unique_ptr<ui::Node>> batch;
-    batch.push_back(tile("x"));
-    batch.push_back(tile("y"));
-    other.addNodes(std::move(batch));
-    QVERIFY(other.isAltered());
-    QCOMPARE(tileIds(other), (QStringList {"x", "y"}));
-}
+    void childrenCompareAsMultisets()
+    {
+        QFETCH(QStringList, left);
+        QFETCH(QStringList, right);
+        QFETCH(bool, equal);
+        const auto l = viewWithTiles(left);
+        const auto r = viewWithTiles(right);
+        QCOMPARE(l->isEqual(*r), equal);
+        QCOMPARE(r->isEqual(*l), equal);
 
-void tst_UiNode::removeNodeGoesByIdentity()
-{
-    auto parent = viewWithTiles({"a", "b", "a", "c"});
-    parent->clearAlteredRecursively();
+        // Grandchildren take part as well.
+        const auto deepL = std::make_unique<ui::ViewNode>();
+        const auto deepR = std::make_unique<ui::ViewNode>();
+        deepL->addNode(viewWithTiles(left));
+        deepL->addNode(viewWithTiles({"z"}));
+        deepR->addNode(viewWithTiles({"z"}));
+        deepR->addNode(viewWithTiles(right));
+        QCOMPARE(deepL->isEqual(*deepR), equal);
+    }
 
-    // An equal node that is not a child is ignored.
-    const auto equalStranger = tile("a");
-    parent->removeNode(*equalStranger);
-    QCOMPARE(tileIds(*parent), (QStringList {"a", "b", "a", "c"}));
-    QVERIFY(!parent->isAltered());
+    void wideMixedTreesCompareInAnyOrder()
+    {
+        // Thousands of siblings of every kind, one tree the reverse of the other: the comparison
+        // must pair each child with its equal however far apart they sit.
+        ui::ViewNode left;
+        ui::ViewNode right;
+        std::vector<std::unique_ptr<ui::Node>> reversed;
+        for (int i = 0; i < 200; ++i) {
+            for (const QString& typeId : samples::kinds()) {
+                std::unique_ptr<ui::Node> node = samples::populated(typeId);
+                if (auto* dataObject = dynamic_cast<ui::DataObjectNode*>(node.get()))
+                    dataObject->setDataObjectUUID(QString::number(i));
+                reversed.push_back(node->clone());
+                left.addNode(std::move(node));
+            }
+        }
+        std::reverse(reversed.begin(), reversed.end());
+        right.addNodes(std::move(reversed));
+        QVERIFY(left.isEqual(right));
 
-    // Of two equal children, exactly the one given goes; the others keep their order.
-    ui::Node* secondA = parent->getNodes().at(2);
-    ui::Node* firstA = parent->getNodes().at(0);
-    parent->removeNode(*secondA);
-    QCOMPARE(tileIds(*parent), (QStringList {"a", "b", "c"}));
-    QCOMPARE(parent->getNodes().at(0), firstA);
-    QVERIFY(parent->isAltered());
+        const std::vector<ui::Node*> children = right.getNodes();
+        const auto dataObject = std::find_if(children.begin(), children.end(),
+            [](ui::Node* node) { return dynamic_cast<ui::DataObjectNode*>(node) != nullptr; });
+        QVERIFY(dataObject != children.end());
+        static_cast<ui::DataObjectNode*>(*dataObject)->setDataObjectUUID("elsewhere");
+        QVERIFY(!left.isEqual(right));
+    }
 
-    // A grandchild is not a child.
-    auto grand = std::make_unique<ui::ViewNode>();
-    grand->addNode(tile("g"));
-    ui::Node* grandChild = grand->getNodes().front();
-    parent->addNode(std::move(grand));
-    parent->removeNode(*grandChild);
-    QCOMPARE(parent->getNodes().back()->getNodes().size(), size_t(1));
-}
+    void manySiblingsMatchWithinTolerance()
+    {
+        // More siblings than are simply tried against each other, so that the bucketed matching
+        // runs: nearly equal positions must still pair up, and so must -0 and 0 in an exactly
+        // compared vector.
+        const auto measurement = [](int i, double nudge) {
+            auto node = std::make_unique<ui::Measurement2DNode>(QStringLiteral("same"));
+            node->setLabelRelativePositions({QPointF(0.5 * (i % 4) * (1.0 + nudge), 1.0)});
+            return node;
+        };
+        const auto reslice = [](float x) {
+            auto node = std::make_unique<ui::AngulatedResliceNode>(QStringLiteral("r"));
+            node->setOrigin(QVector3D(x, 1.0f, 2.0f));
+            return node;
+        };
+        ui::ViewNode left;
+        ui::ViewNode right;
+        for (int i = 0; i < 12; ++i) {
+            left.addNode(measurement(i, 0.0));
+            right.addNode(measurement(11 - i, i % 3 == 0 ? 1e-14 : 0.0));
+        }
+        left.addNode(reslice(0.0f));
+        right.addNode(reslice(-0.0f));
+        QVERIFY(left.isEqual(right));
+        QVERIFY(right.isEqual(left));
 
-void tst_UiNode::takeNodesEmptiesInOrder()
-{
-    auto parent = viewWithTiles({"a", "b", "c"});
-    const std::vector<ui::Node*> before = parent->getNodes();
-    std::vector<std::unique_ptr<ui::Node>> taken = parent->takeNodes();
-    QVERIFY(parent->getNodes().empty());
-    QCOMPARE(taken.size(), size_t(3));
-    for (size_t i = 0; i < taken.size(); ++i)
-        QCOMPARE(taken[i].get(), before[i]);
-    QVERIFY(parent->takeNodes().empty());
-}
+        static_cast<ui::Measurement2DNode*>(right.getNodes().at(5))
+            ->setLabelRelativePosition(0, QPointF(0.5 * (6 % 4) + 1e-3, 1.0));
+        QVERIFY(!left.isEqual(right));
+        QVERIFY(!right.isEqual(left));
+    }
 
-void tst_UiNode::alteredFlagsAreRecursive()
-{
-    auto root = std::make_unique<ui::ViewNode>();
-    auto child = std::make_unique<ui::ViewerNode>();
-    auto grandChild = std::make_unique<ui::SplitterNode>();
-    ui::SplitterNode* splitter = grandChild.get();
-    child->addNode(std::move(grandChild));
-    ui::ViewerNode* viewer = child.get();
-    root->addNode(std::move(child));
-    root->clearAlteredRecursively();
-    QVERIFY(!root->isAlteredRecursively());
+    void fuzzyFloatRule_data()
+    {
+        QTest::addColumn<double>("a");
+        QTest::addColumn<double>("b");
+        QTest::addColumn<bool>("equal");
+        QTest::newRow("tiny relative difference") << 0.5 << 0.5 + 1e-15 << true;
+        QTest::newRow("visible difference") << 0.5 << 0.5 + 1e-3 << false;
+        QTest::newRow("large values, relative") << 1e6 << 1e6 + 1e-7 << true;
+        QTest::newRow("large values, beyond relative") << 1e6 << 1e6 + 1e-5 << false;
+        QTest::newRow("zero, within absolute") << 0.0 << 1e-13 << true;
+        QTest::newRow("zero, beyond absolute") << 0.0 << 1e-11 << false;
+        QTest::newRow("small values are not absolute") << 1e-13 << 2e-13 << false;
+        QTest::newRow("opposite signs") << 1.0 << -1.0 << false;
+    }
 
-    splitter->setRow(4);
-    QVERIFY(!root->isAltered());
-    QVERIFY(!viewer->isAltered());
-    QVERIFY(root->isAlteredRecursively());
-    QVERIFY(viewer->isAlteredRecursively());
+    void fuzzyFloatRule()
+    {
+        QFETCH(double, a);
+        QFETCH(double, b);
+        QFETCH(bool, equal);
+        ui::Measurement2DNode first;
+        ui::Measurement2DNode second;
+        first.setLabelRelativePositions({{1.0, a}});
+        second.setLabelRelativePositions({{1.0, b}});
+        QCOMPARE(first.isEqual(second), equal);
+        QCOMPARE(second.isEqual(first), equal);
 
-    root->clearAlteredRecursively();
-    QVERIFY(!root->isAlteredRecursively());
-    QVERIFY(!splitter->isAltered());
-}
+        // A setter that receives a value fuzzy-equal to the one held makes no change.
+        first.clearAlteredRecursively();
+        first.setLabelRelativePositions({{1.0, b}});
+        QCOMPARE(first.isAltered(), !equal);
+    }
 
-void tst_UiNode::loadingVersionsAreKeptByCopies()
-{
-    ui::CtDataViewer3DNode node;
-    QCOMPARE(node.getVersions(),
-        (QMap<QString, QVersionNumber> {{"Node", QVersionNumber(1, 0)},
-            {"ViewerNode", QVersionNumber(1, 0)}, {"Viewer3DNode", QVersionNumber(1, 1)},
-            {"CtDataViewer3DNode", QVersionNumber(1, 0)}}));
-    QVERIFY(node.getLoadingVersions().isEmpty());
-    const QMap<QString, QVersionNumber> stored {
-        {"Node", QVersionNumber(1, 0)}, {"Viewer3DNode", QVersionNumber(1, 0)}};
-    node.setLoadingVersions(stored);
-    QVERIFY(!node.isAltered());
-    QCOMPARE(node.clone()->getLoadingVersions(), stored);
-    QCOMPARE(node.clone()->getVersions(), node.getVersions());
-}
+    void comparisonTestsClassFirstAndIgnoresFlags()
+    {
+        const ui::ViewerNode viewer;
+        const ui::Viewer2DNode viewer2D;
+        const ui::ResliceViewerNode reslice;
+        const ui::RootCanalViewer2DNode rootCanal;
+        QVERIFY(!viewer.isEqual(viewer2D));
+        QVERIFY(!viewer2D.isEqual(viewer));
+        QVERIFY(!reslice.isEqual(rootCanal));
+        QVERIFY(!rootCanal.isEqual(reslice));
+        QVERIFY(rootCanal.isEqual(ui::RootCanalViewer2DNode()));
+        QVERIFY(!ui::PeriapicalViewNode().isEqual(ui::IntraOralPicturesViewNode()));
 
-void tst_UiNode::placeholderClonesWithWarning()
-{
-    const std::unique_ptr<ui::Node> placeholder = ui::NodeFactory::createSpecificNode("Node");
-    QCOMPARE(placeholder->getTypeId(), QString("Node"));
-    QCOMPARE(placeholder->getInheritanceList(), QList<QString> {"Node"});
-    placeholder->addNode(tile("a"));
+        // Neither the altered flags nor the versions read take part.
+        auto left = viewWithTiles({"a"});
+        auto right = viewWithTiles({"a"});
+        right->clearAlteredRecursively();
+        right->setLoadingVersions({{"Node", QVersionNumber(0, 9)}});
+        QVERIFY(left->isAlteredRecursively());
+        QVERIFY(left->isEqual(*right));
+    }
 
-    QTest::ignoreMessage(
-        QtWarningMsg, "Trying to clone a base ui::Node. This should never happen!");
-    const std::unique_ptr<ui::Node> copy = placeholder->clone();
-    QCOMPARE(copy->getTypeId(), QString("Node"));
-    QVERIFY(copy->getNodes().empty());
+    void editingUnderLockStoresWithoutAltering()
+    {
+        ui::ViewNode node;
+        ui::Viewer3DNode viewer;
+        {
+            ModificationLock lock(ModificationLock::Scope::UserInterfaceState);
+            node.addNode(tile("a"));
+            std::vector<std::unique_ptr<ui::Node>> more;
+            more.push_back(tile("b"));
+            node.addNodes(std::move(more));
+            node.removeNode(*node.getNodes().front());
+            viewer.setNearDistance(0.5f);
+        }
+        QCOMPARE(tileIds(node), QStringList {"b"});
+        QCOMPARE(viewer.getNearDistance(), 0.5f);
+        QVERIFY(!node.isAltered());
+        QVERIFY(!viewer.isAltered());
 
-    // Placeholders compare by their children only, and never equal a real kind.
-    copy->addNode(tile("a"));
-    QVERIFY(copy->isEqual(*placeholder));
-    const std::unique_ptr<ui::Node> unknown = ui::NodeFactory::createSpecificNode("FutureNode");
-    QVERIFY(!unknown->isEqual(*placeholder));
-    unknown->addNode(tile("a"));
-    QVERIFY(unknown->isEqual(*placeholder));
-    QVERIFY(!unknown->isEqual(ui::ViewNode()));
-    QVERIFY(!ui::ViewNode().isEqual(*unknown));
-}
+        // Only the state tree's own scope holds changes back.
+        {
+            ModificationLock lock(ModificationLock::Scope::Document);
+            viewer.setNearDistance(0.75f);
+        }
+        QVERIFY(viewer.isAltered());
+
+        node.addNodes({});
+        node.addNode(nullptr);
+        QVERIFY(!node.isAltered());
+        node.addNode(tile("c"));
+        QVERIFY(node.isAltered());
+
+        ui::ViewNode other;
+        std::vector<std::unique_ptr<ui::Node>> batch;
+        batch.push_back(tile("x"));
+        batch.push_back(tile("y"));
+        other.addNodes(std::move(batch));
+        QVERIFY(other.isAltered());
+        QCOMPARE(tileIds(other), (QStringList {"x", "y"}));
+    }
+
+    void removeAndTakeChildren()
+    {
+        auto parent = viewWithTiles({"a", "b", "a", "c"});
+        parent->clearAlteredRecursively();
+
+        // An equal node that is not a child is ignored.
+        parent->removeNode(*tile("a"));
+        QCOMPARE(tileIds(*parent), (QStringList {"a", "b", "a", "c"}));
+        QVERIFY(!parent->isAltered());
+
+        // Of two equal children, exactly the one given goes; the others keep their order.
+        ui::Node* firstA = parent->getNodes().at(0);
+        parent->removeNode(*parent->getNodes().at(2));
+        QCOMPARE(tileIds(*parent), (QStringList {"a", "b", "c"}));
+        QCOMPARE(parent->getNodes().at(0), firstA);
+        QVERIFY(parent->isAltered());
+
+        // A grandchild is not a child.
+        auto grand = viewWithTiles({"g"});
+        ui::Node* grandChild = grand->getNodes().front();
+        parent->addNode(std::move(grand));
+        parent->removeNode(*grandChild);
+        QCOMPARE(parent->getNodes().back()->getNodes().size(), size_t(1));
+
+        const std::vector<ui::Node*> before = parent->getNodes();
+        std::vector<std::unique_ptr<ui::Node>> taken = parent->takeNodes();
+        QVERIFY(parent->getNodes().empty());
+        QCOMPARE(taken.size(), size_t(4));
+        for (size_t i = 0; i < taken.size(); ++i)
+            QCOMPARE(taken[i].get(), before[i]);
+        QVERIFY(parent->takeNodes().empty());
+    }
+
+    void alteredFlagsAreRecursive()
+    {
+        auto root = std::make_unique<ui::ViewNode>();
+        auto child = std::make_unique<ui::ViewerNode>();
+        auto grandChild = std::make_unique<ui::SplitterNode>();
+        ui::SplitterNode* splitter = grandChild.get();
+        child->addNode(std::move(grandChild));
+        ui::ViewerNode* viewer = child.get();
+        root->addNode(std::move(child));
+        root->clearAlteredRecursively();
+        QVERIFY(!root->isAlteredRecursively());
+
+        splitter->setRow(4);
+        QVERIFY(!root->isAltered());
+        QVERIFY(!viewer->isAltered());
+        QVERIFY(root->isAlteredRecursively());
+        QVERIFY(viewer->isAlteredRecursively());
+
+        root->clearAlteredRecursively();
+        QVERIFY(!root->isAlteredRecursively());
+        QVERIFY(!splitter->isAltered());
+    }
+
+    void loadingVersionsAreKeptByCopies()
+    {
+        ui::CtDataViewer3DNode node;
+        QVERIFY(node.getLoadingVersions().isEmpty());
+        const QMap<QString, QVersionNumber> stored {
+            {"Node", QVersionNumber(1, 0)}, {"Viewer3DNode", QVersionNumber(1, 0)}};
+        node.setLoadingVersions(stored);
+        QVERIFY(!node.isAltered());
+        QCOMPARE(node.clone()->getLoadingVersions(), stored);
+    }
+
+    void measurementLabelsByIndex()
+    {
+        ui::Measurement2DNode node("m");
+        node.setLabelRelativePositions({{1, 2}, {3, 4}});
+        QCOMPARE(node.getLabelRelativePosition(1), QPointF(3, 4));
+        QCOMPARE(node.getLabelRelativePosition(2), QPointF());
+
+        node.clearAlteredRecursively();
+        node.setLabelRelativePosition(0, {1, 2});
+        QVERIFY(!node.isAltered());
+        node.setLabelRelativePosition(0, {5, 6});
+        QVERIFY(node.isAltered());
+        QCOMPARE(node.getLabelRelativePositions(), (std::vector<QPointF> {{5, 6}, {3, 4}}));
+
+        QTest::ignoreMessage(QtWarningMsg, "Measurement2DNode : no label at index 2.");
+        node.clearAlteredRecursively();
+        node.setLabelRelativePosition(2, {7, 8});
+        QCOMPARE(node.getLabelRelativePositions().size(), size_t(2));
+        QVERIFY(!node.isAltered());
+
+        // Lists of different lengths are never equal, however close the common part.
+        ui::Measurement2DNode longer("m");
+        longer.setLabelRelativePositions({{5, 6}, {3, 4}, {0, 0}});
+        QVERIFY(!node.isEqual(longer));
+    }
+
+    void viewerDefaultsAndClearing()
+    {
+        ui::ViewerNode viewer;
+        QCOMPARE(viewer.getViewerIndex(), -1);
+        viewer.setAssociatedDataObjectUUID("abc");
+        viewer.clearAlteredRecursively();
+        viewer.clearAssociatedDataObjectUUID();
+        QVERIFY(viewer.getAssociatedDataObjectUUID().isEmpty());
+        QVERIFY(viewer.isAltered());
+
+        ui::Viewer2DNode viewer2D;
+        QVERIFY(!viewer2D.hasZoomBox());
+        viewer2D.clearZoomBox();
+        QVERIFY(!viewer2D.isAltered());
+        viewer2D.setZoomBox({0, 0, 10, 10});
+        QVERIFY(viewer2D.hasZoomBox());
+        viewer2D.clearZoomBox();
+        QVERIFY(!viewer2D.hasZoomBox());
+        // An empty box and no box are different states.
+        viewer2D.setZoomBox(QRectF());
+        QVERIFY(viewer2D.hasZoomBox());
+        QVERIFY(!viewer2D.isEqual(ui::Viewer2DNode()));
+
+        ui::ViewNode view;
+        QVERIFY(!view.getAngulatedReslicesHorizontalSlidersPosition().has_value());
+        view.setAngulatedReslicesHorizontalSlidersPosition(0);
+        QVERIFY(view.isAltered());
+        QVERIFY(!view.isEqual(ui::ViewNode()));
+    }
+
+    void scanVisualStateComparedMemberByMember()
+    {
+        using State = ui::DentalScanComparisonOptionsNode::ScanSetupVisualState;
+        for (const State& changed : {State {false, false, 0, 100}, State {true, true, 0, 100},
+                 State {true, false, 1, 100}, State {true, false, 0, 99}}) {
+            ui::DentalScanComparisonOptionsNode node("scan");
+            node.setReferenceScanVisualState(node.getReferenceScanVisualState());
+            QVERIFY(!node.isAltered());
+            node.setReferenceScanVisualState(changed);
+            QVERIFY(node.isAltered());
+            QVERIFY(!node.isEqual(ui::DentalScanComparisonOptionsNode("scan")));
+        }
+    }
+
+    void bookmarkDependencies()
+    {
+        const auto bookmark = [](const QList<bool>& measurements) {
+            auto node = std::make_unique<ui::BookmarkNode>();
+            node->setAssociatedDataObjectUUID("volume");
+            for (bool measurement : measurements) {
+                if (measurement)
+                    node->addDependency(std::make_unique<ui::Measurement2DNode>("ruler"));
+                else
+                    node->addDependency(std::make_unique<ui::AngulatedResliceNode>("reslice"));
+            }
+            return node;
+        };
+        const auto original = bookmark({false, true});
+        original->addDependency(nullptr);
+        QCOMPARE(original->getDependencies().size(), size_t(2));
+        QVERIFY(original->isDependantOn("ruler"));
+        QVERIFY(!original->isDependantOn("volume"));
+        QVERIFY(original->isAssociatedWith("volume"));
+        QVERIFY(!original->isAssociatedWith("ruler"));
+
+        // Dependencies are deep-copied and compared regardless of order.
+        const std::unique_ptr<ui::Node> copy = original->clone();
+        auto* copied = dynamic_cast<ui::BookmarkNode*>(copy.get());
+        QVERIFY(copied);
+        QVERIFY(copied->isDependantOn("reslice"));
+        for (ui::DataObjectNode* dependency : copied->getDependencies())
+            QVERIFY(!original->getDependencies().count(dependency));
+        QVERIFY(bookmark({true, false})->isEqual(*original));
+        QVERIFY(!bookmark({true, true})->isEqual(*original));
+    }
+};
 
 QTEST_MAIN(tst_UiNode)
 #include "tst_uinode.moc"
