@@ -25,19 +25,14 @@ public:
     void start() override { m_log.append(m_name + ".start"); }
     void stop() override { m_log.append(m_name + ".stop"); }
     void stopActions() override { m_log.append(m_name + ".stopActions"); }
-    void registerSceneEventHandler(events::SceneEventHandler*) override
-    {
-        m_log.append(m_name + ".register");
-    }
-    void unregisterSceneEventHandler(events::SceneEventHandler*) override
-    {
-        m_log.append(m_name + ".unregister");
-    }
+    void registerSceneEventHandler(events::SceneEventHandler*) override { note(".register"); }
+    void unregisterSceneEventHandler(events::SceneEventHandler*) override { note(".unregister"); }
 
     // What the live viewers of this manager would report.
     qint64 liveValue = 0;
 
 private:
+    void note(const char* what) { m_log.append(m_name + what); }
     void readViewSettings(const ViewSettings& settings) override
     {
         m_log.append(QStringLiteral("%1.read(%2)").arg(m_name).arg(settings.firstValue));

@@ -1,8 +1,11 @@
+#include <guicore/solution/Solution.h>
+#include <guicore/solution/SolutionManager.h>
 #include <guicore/ui/Node.h>
 #include <guicore/ui/ViewNode.h>
 #include <guicore/view/MultiView.h>
 #include <guicore/view/ViewManager.h>
 #include <guicore/view/ViewNodeInteractor.h>
+#include <guicore/view/ViewerMatrix.h>
 
 #include <QPointer>
 #include <QRegularExpression>
@@ -10,6 +13,7 @@
 #include <QTest>
 #include <QWidget>
 
+#include <array>
 #include <memory>
 
 #include "ViewTestDoubles.h"
@@ -25,29 +29,378 @@ private:
     void createWidget() override { }
 };
 
+QString viewIdOfNode(View& view)
+{
+    std::unique_ptr<ui::Node> node = view.createNodeInteractor()->generate();
+    auto* viewNode = dynamic_cast<ui::ViewNode*>(node.get());
+    return viewNode ? viewNode->getViewId() : QStringLiteral("no view node");
+}
+
 } // namespace
 
+// Views and multi views, the solution manager's view registry and the viewer matrix.
 class tst_View : public QObject
 {
     Q_OBJECT
 
 private Q_SLOTS:
-    void init();
-    void identity();
-    void widgetIsCreatedLazily();
-    void startAndStopAreIdempotent();
-    void secondManagerIsRejected();
-    void viewSettingsPassThroughTheHooks();
-    void nodeInteractorGeneratesViewNode();
+    void init()
+    {
+        QTest::failOnWarning(QRegularExpression(".*"));
+        m_log.clear();
+    }
 
-    void subViewsKeepInsertionOrder();
-    void emptyMultiViewIsNeutral();
-    void switchToSubView_data();
-    void switchToSubView();
-    void switchToSubViewIgnoresEmptySameAndUnknown();
-    void multiViewForwardsToActiveSubView();
-    void destructionTakesPagesOutFirst();
-    void parentedStackedWidgetOutlivesMultiView();
+    void nodeInteractorGeneratesViewNode()
+    {
+        PlainView unnamed;
+        QCOMPARE(unnamed.getID(), QStringLiteral("undefined_view"));
+        QVERIFY(!unnamed.isActive());
+        QCOMPARE(unnamed.getViewManager(), nullptr);
+
+        PlainView view(QStringLiteral("Panoramic"));
+        std::unique_ptr<ui::ViewNodeInteractor> interactor = view.createNodeInteractor();
+        QCOMPARE(interactor->getNodeTypeId(), QStringLiteral("ViewNode"));
+        QCOMPARE(viewIdOfNode(view), QStringLiteral("Panoramic"));
+        std::unique_ptr<ui::Node> node = interactor->generate();
+        interactor->apply(node.get());
+        interactor->apply(nullptr);
+    }
+
+    void widgetIsCreatedLazily()
+    {
+        RecordingView view(QStringLiteral("A"), m_log);
+        QCOMPARE(view.currentWidget(), nullptr);
+        QWidget* widget = view.getWidget();
+        QVERIFY(widget);
+        QCOMPARE(view.getActiveWidget(), widget);
+        view.start();
+        QCOMPARE(view.widgetsCreated, 1);
+
+        // start() alone builds the widget too.
+        RecordingView started(QStringLiteral("B"), m_log);
+        started.start();
+        QCOMPARE(started.widgetsCreated, 1);
+        QVERIFY(started.currentWidget());
+
+        // A widget deleted by its owner is built again rather than handed out dangling.
+        delete view.ownWidget.data();
+        QVERIFY(view.getWidget());
+        QCOMPARE(view.widgetsCreated, 2);
+    }
+
+    void startAndStopAreIdempotent()
+    {
+        RecordingView view(QStringLiteral("A"), m_log);
+        view.stop();
+        view.start();
+        view.start();
+        QVERIFY(view.isActive());
+        view.stop();
+        view.stop();
+        QVERIFY(!view.isActive());
+        view.reset();
+        view.stopActions();
+        QCOMPARE(m_log, (QStringList {"A.start", "A.stop", "A.initialize", "A.stopActions"}));
+
+        // Without a manager the flag still follows, and nothing else happens.
+        RecordingView bare(QStringLiteral("bare"), m_log, false);
+        m_log.clear();
+        bare.start();
+        QVERIFY(bare.isActive());
+        bare.reset();
+        bare.stopActions();
+        bare.stop();
+        QVERIFY(!bare.isActive());
+        QVERIFY(m_log.isEmpty());
+    }
+
+    void secondManagerIsRejected()
+    {
+        auto view = std::make_unique<RecordingView>(QStringLiteral("A"), m_log);
+        QPointer<ViewManager> first = view->getViewManager();
+        auto second = std::make_unique<RecordingManager>(QStringLiteral("second"), m_log);
+        QPointer<ViewManager> secondGuard = second.get();
+        QTest::ignoreMessage(QtWarningMsg, "View : this view already has a manager set.");
+        view->setViewManager(std::move(second));
+        QVERIFY(secondGuard.isNull());
+        QCOMPARE(view->getViewManager(), first.data());
+        view->start();
+        QCOMPARE(m_log, (QStringList {"A.start"}));
+        view.reset(); // the view owns its manager
+        QVERIFY(first.isNull());
+    }
+
+    void viewSettingsPassThroughTheHooks()
+    {
+        RecordingManager manager(QStringLiteral("m"), m_log);
+        ViewSettings settings;
+        settings.firstValue = 7;
+        settings.fourthValue = -3;
+        settings.flag = true;
+        manager.setViewSettings(settings);
+        QCOMPARE(m_log, (QStringList {"m.read(7)"}));
+
+        // The stored record comes back, refreshed from the live viewers.
+        manager.liveValue = 4;
+        const ViewSettings written = manager.getViewSettings();
+        QCOMPARE(written.firstValue, 4);
+        QCOMPARE(written.fourthValue, -3);
+        QCOMPARE(written.flag, true);
+    }
+
+    void subViewsKeepInsertionOrder()
+    {
+        auto [multi, a, b] = makeMultiView();
+        multi->addSubView(nullptr);
+        QCOMPARE(multi->getSubViews(), (std::vector<View*> {a, b}));
+        QCOMPARE(multi->getActiveSubView(), a);
+        QCOMPARE(multi->getActiveSubViewID(), QStringLiteral("A"));
+        QCOMPARE(multi->getSubViewByID(QStringLiteral("B")), b);
+        QCOMPARE(multi->getSubViewByID(QStringLiteral("b")), nullptr);
+
+        auto* stacked = qobject_cast<QStackedWidget*>(multi->getWidget());
+        QVERIFY(stacked);
+        QCOMPARE(stacked->objectName(), QStringLiteral("M"));
+        QCOMPARE(stacked->count(), 2);
+        QCOMPARE(stacked->widget(0), a->getWidget());
+        QCOMPARE(stacked->widget(1), b->getWidget());
+        QCOMPARE(stacked->currentWidget(), a->getWidget());
+        QCOMPARE(multi->getActiveWidget(), a->getWidget());
+    }
+
+    void multiViewForwardsToActiveSubView()
+    {
+        // Empty, it is neutral; its own manager is never consulted.
+        MultiView empty(QStringLiteral("E"));
+        empty.setViewManager(std::make_unique<RecordingManager>(QStringLiteral("own"), m_log));
+        QVERIFY(empty.getActiveSubViewID().isEmpty());
+        QCOMPARE(empty.getActiveWidget(), nullptr);
+        QVERIFY(empty.getWidget());
+        QCOMPARE(empty.getViewManager(), nullptr);
+        empty.reset();
+        empty.stopActions();
+        empty.releaseWidget();
+        QVERIFY(m_log.isEmpty());
+        QCOMPARE(viewIdOfNode(empty), QStringLiteral("E"));
+
+        auto [multi, a, b] = makeMultiView();
+        multi->setViewManager(std::make_unique<RecordingManager>(QStringLiteral("own"), m_log));
+        QCOMPARE(multi->getViewManager(), a->getViewManager());
+        multi->switchToSubView(QStringLiteral("B"));
+        QCOMPARE(multi->getViewManager(), b->getViewManager());
+        multi->reset();
+        multi->stopActions();
+        multi->releaseWidget();
+        QCOMPARE(m_log, (QStringList {"B.initialize", "B.stopActions", "B.releaseWidget"}));
+        QCOMPARE(viewIdOfNode(*multi), QStringLiteral("B"));
+    }
+
+    void switchToSubView_data()
+    {
+        QTest::addColumn<bool>("running");
+        QTest::addColumn<QStringList>("expectedLog");
+        QTest::addColumn<QString>("expectedPage");
+        QTest::newRow("running multi view shows and starts the new sub view")
+            << true << QStringList {"A.stop", "B.start"} << QStringLiteral("B");
+        QTest::newRow("idle multi view only records the choice")
+            << false << QStringList {} << QStringLiteral("A");
+    }
+
+    void switchToSubView()
+    {
+        QFETCH(bool, running);
+        QFETCH(QStringList, expectedLog);
+        QFETCH(QString, expectedPage);
+        auto [multi, a, b] = makeMultiView();
+        auto* stacked = static_cast<QStackedWidget*>(multi->getWidget());
+        if (running)
+            multi->start();
+        m_log.clear();
+
+        // An empty id, the active sub view and an unknown one change nothing.
+        multi->switchToSubView(QString());
+        multi->switchToSubView(QStringLiteral("A"));
+        QTest::ignoreMessage(QtWarningMsg, "Can't switch to unknown sub view Nope");
+        multi->switchToSubView(QStringLiteral("Nope"));
+        QCOMPARE(multi->getActiveSubView(), a);
+        QCOMPARE(a->isActive(), running);
+
+        multi->switchToSubView(QStringLiteral("B"));
+        QCOMPARE(multi->getActiveSubView(), b);
+        QCOMPARE(multi->getActiveWidget(), b->getWidget());
+        QCOMPARE(m_log, expectedLog);
+        QCOMPARE(stacked->currentWidget()->objectName(), expectedPage);
+        QCOMPARE(b->isActive(), running);
+
+        // Either way, the next start shows and starts the chosen sub view only.
+        multi->stop();
+        QVERIFY(!b->isActive());
+        m_log.clear();
+        multi->start();
+        QCOMPARE(m_log, (QStringList {"B.start"}));
+        QCOMPARE(stacked->currentWidget(), b->getWidget());
+        QVERIFY(!a->isActive());
+    }
+
+    void destructionTakesPagesOutFirst()
+    {
+        for (bool adopted : {false, true}) {
+            QWidget window;
+            auto [multi, a, b] = makeMultiView();
+            QPointer<QStackedWidget> stacked = static_cast<QStackedWidget*>(multi->getWidget());
+            if (adopted)
+                stacked->setParent(&window);
+            QPointer<ViewManager> managerOfB = b->getViewManager();
+            // Each sub view notes, as it dies, how many pages the stacked widget still has.
+            const auto notePages = [this, stacked](RecordingView& view) {
+                m_log.append(QStringLiteral("%1 dies, pages left %2")
+                                 .arg(view.getID())
+                                 .arg(stacked ? stacked->count() : -1));
+            };
+            a->onDestroy = notePages;
+            b->onDestroy = notePages;
+            m_log.clear();
+            multi.reset();
+            QCOMPARE(m_log, (QStringList {"A dies, pages left 0", "B dies, pages left 0"}));
+            QVERIFY(managerOfB.isNull());
+            // An adopted stacked widget outlives the multi view, empty.
+            QCOMPARE(stacked.isNull(), !adopted);
+            if (adopted)
+                QCOMPARE(stacked->count(), 0);
+        }
+    }
+
+    void solutionManagerOwnsItsViews()
+    {
+        bool firstGone = false;
+        bool secondGone = false;
+        bool thirdGone = false;
+        auto* third = new RecordingView(QStringLiteral("chart"), m_log);
+        third->onDestroy = [&](RecordingView&) { thirdGone = true; };
+        std::unique_ptr<View> taken;
+        {
+            SolutionManager manager;
+            auto* first = new RecordingView(QStringLiteral("pano"), m_log);
+            first->onDestroy = [&](RecordingView&) { firstGone = true; };
+            manager.addView(first);
+            QCOMPARE(manager.getView(QStringLiteral("pano")), first);
+            QVERIFY(manager.hasView(QList<QString> {QStringLiteral("x"), QStringLiteral("pano")}));
+            QVERIFY(!manager.hasView(QList<QString> {QStringLiteral("x")}));
+
+            auto* second = new RecordingView(QStringLiteral("pano"), m_log);
+            second->onDestroy = [&](RecordingView&) { secondGone = true; };
+            manager.addView(second); // same id, different view: the old one is deleted
+            QVERIFY(firstGone);
+            QCOMPARE(manager.getView(QStringLiteral("pano")), second);
+            manager.addView(second); // the same view again changes nothing
+            QVERIFY(!secondGone);
+            QCOMPARE(manager.getViews().size(), 1);
+
+            // Removing hands the view back to the caller.
+            manager.addView(third);
+            taken = manager.removeView(QStringLiteral("chart"));
+            QCOMPARE(taken.get(), third);
+            QVERIFY(!manager.hasView(QStringLiteral("chart")));
+            QVERIFY(manager.hasView(QStringLiteral("pano")));
+            QVERIFY(!manager.removeView(QStringLiteral("chart")));
+        }
+        QVERIFY(secondGone); // the manager deletes what it still owns
+        QVERIFY(!thirdGone);
+        taken.reset();
+        QVERIFY(thirdGone);
+
+        SolutionManager manager;
+        manager.addView(new RecordingView(QStringLiteral("b"), m_log));
+        manager.addView(new RecordingView(QStringLiteral("c"), m_log));
+        manager.addView(new RecordingView(QStringLiteral("a"), m_log));
+        auto ids = [&] {
+            QStringList result;
+            for (const View* view : manager.getViews())
+                result.append(view->getID());
+            return result;
+        };
+        QCOMPARE(ids(), QStringList({"a", "b", "c"}));
+        manager.setViewsSortPredicate(
+            [](const View* left, const View* right) { return left->getID() > right->getID(); });
+        QCOMPARE(ids(), QStringList({"c", "b", "a"}));
+        manager.clearViews();
+        QVERIFY(ids().isEmpty());
+    }
+
+    void solutionFindsItsViewsById()
+    {
+        RecordingView pano(QStringLiteral("pano"), m_log);
+        RecordingView chart(QStringLiteral("chart"), m_log);
+        Solution solution(QStringLiteral("dental"), QStringLiteral("Dental"));
+        solution.addView(&pano);
+        solution.addView(&chart);
+        QCOMPARE(solution.getViewById(QStringLiteral("chart")), &chart);
+        QCOMPARE(solution.getViewById(QStringLiteral("none")), nullptr);
+        solution.removeView(&chart);
+        QCOMPARE(solution.getViewById(QStringLiteral("chart")), nullptr);
+    }
+
+    void viewerMatrixPlacesViewers()
+    {
+        ViewerMatrix matrix;
+        QVERIFY(!matrix.getViewer(1, 1));
+        matrix.addViewer(2, 3, viewer(0));
+        matrix.addViewer(3, 2, viewer(1));
+        matrix.addViewer(2, 3, viewer(2)); // replacing keeps the place
+        QCOMPARE(matrix.getViewer(2, 3), viewer(2));
+        QCOMPARE(matrix.getViewer(3, 2), viewer(1));
+        QVERIFY(!matrix.getViewer(2, 2));
+        QCOMPARE(matrix.getViewersWithIndex().size(), size_t(2));
+        const ViewerMatrix::ViewerWithIndex& second = matrix.getViewersWithIndex().at(1);
+        QCOMPARE(second.row, 3);
+        QCOMPARE(second.column, 2);
+        QCOMPARE(second.viewer, viewer(1));
+        // Null viewers are entries like any other.
+        matrix.addViewer(4, 1, nullptr);
+        QCOMPARE(matrix.getViewers(), (std::vector<ViewerBase*> {viewer(2), viewer(1), nullptr}));
+        QCOMPARE(matrix.numberOfRows(), 4);
+
+        // Copies are independent.
+        ViewerMatrix copy(matrix);
+        copy.addViewer(2, 3, viewer(3));
+        copy.addViewer(5, 1, viewer(4));
+        QCOMPARE(matrix.getViewer(2, 3), viewer(2));
+        QCOMPARE(matrix.numberOfRows(), 4);
+        ViewerMatrix assigned;
+        assigned = copy;
+        QCOMPARE(assigned.getViewers(), copy.getViewers());
+    }
+
+    void viewerMatrixSizesAreLargestIndices_data()
+    {
+        using Cells = QList<QPoint>; // x is the row, y the column
+        QTest::addColumn<Cells>("cells");
+        QTest::addColumn<int>("row");
+        QTest::addColumn<int>("columnsInRow");
+        QTest::addColumn<int>("rows");
+        const Cells gapped {{1, 1}, {1, 3}, {2, 1}};
+        QTest::newRow("gap counts to the largest column") << gapped << 1 << 3 << 2;
+        QTest::newRow("second row") << gapped << 2 << 1 << 2;
+        QTest::newRow("row without entries") << gapped << 5 << 0 << 2;
+        QTest::newRow("empty") << Cells {} << 1 << 0 << 0;
+        QTest::newRow("zero-based is not a count") << Cells {{0, 0}, {0, 1}, {1, 0}} << 0 << 1 << 1;
+        QTest::newRow("only row zero") << Cells {{0, 0}} << 0 << 0 << 0;
+        QTest::newRow("rows out of order") << Cells {{3, 1}, {1, 1}, {2, 4}} << 2 << 4 << 3;
+        QTest::newRow("negative columns") << Cells {{1, -2}, {1, -1}} << 1 << -1 << 1;
+    }
+
+    void viewerMatrixSizesAreLargestIndices()
+    {
+        QFETCH(QList<QPoint>, cells);
+        QFETCH(int, row);
+        QFETCH(int, columnsInRow);
+        QFETCH(int, rows);
+        ViewerMatrix matrix;
+        for (int i = 0; i < cells.size(); ++i)
+            matrix.addViewer(cells[i].x(), cells[i].y(), viewer(i));
+        QCOMPARE(matrix.numberOfColumnsInRow(row), columnsInRow);
+        QCOMPARE(matrix.numberOfRows(), rows);
+    }
 
 private:
     struct Multi
@@ -57,292 +410,22 @@ private:
         RecordingView* b;
     };
     // A multi view "M" with the sub views "A" and "B".
-    Multi makeMultiView();
+    Multi makeMultiView()
+    {
+        auto a = std::make_unique<RecordingView>(QStringLiteral("A"), m_log);
+        auto b = std::make_unique<RecordingView>(QStringLiteral("B"), m_log);
+        Multi result {std::make_unique<MultiView>(QStringLiteral("M")), a.get(), b.get()};
+        result.view->addSubView(std::move(a));
+        result.view->addSubView(std::move(b));
+        return result;
+    }
 
+    // The matrix never dereferences its viewers, so distinct addresses stand in for them.
+    ViewerBase* viewer(int i) { return reinterpret_cast<ViewerBase*>(&m_slots[size_t(i)]); }
+
+    std::array<int, 8> m_slots {};
     QStringList m_log;
 };
-
-void tst_View::init()
-{
-    QTest::failOnWarning(QRegularExpression(".*"));
-    m_log.clear();
-}
-
-void tst_View::identity()
-{
-    PlainView unnamed;
-    QCOMPARE(unnamed.getID(), QStringLiteral("undefined_view"));
-    QVERIFY(!unnamed.isActive());
-    QCOMPARE(unnamed.getViewManager(), nullptr);
-}
-
-void tst_View::widgetIsCreatedLazily()
-{
-    RecordingView view(QStringLiteral("A"), m_log);
-    QCOMPARE(view.widgetsCreated, 0);
-    QCOMPARE(view.currentWidget(), nullptr);
-
-    QWidget* widget = view.getWidget();
-    QVERIFY(widget);
-    QCOMPARE(view.getActiveWidget(), widget);
-    view.start();
-    QCOMPARE(view.widgetsCreated, 1);
-
-    // start() alone builds the widget too.
-    RecordingView started(QStringLiteral("B"), m_log);
-    started.start();
-    QCOMPARE(started.widgetsCreated, 1);
-    QVERIFY(started.currentWidget());
-
-    // A widget deleted by its owner is built again rather than handed out dangling.
-    delete view.ownWidget.data();
-    QVERIFY(view.getWidget());
-    QCOMPARE(view.widgetsCreated, 2);
-}
-
-void tst_View::startAndStopAreIdempotent()
-{
-    RecordingView view(QStringLiteral("A"), m_log);
-    view.stop();
-    view.start();
-    view.start();
-    QVERIFY(view.isActive());
-    view.stop();
-    view.stop();
-    QVERIFY(!view.isActive());
-    view.reset();
-    view.stopActions();
-    QCOMPARE(m_log, (QStringList {"A.start", "A.stop", "A.initialize", "A.stopActions"}));
-
-    // Without a manager the flag still follows, and nothing else happens.
-    RecordingView bare(QStringLiteral("bare"), m_log, false);
-    m_log.clear();
-    bare.start();
-    QVERIFY(bare.isActive());
-    bare.reset();
-    bare.stopActions();
-    bare.stop();
-    QVERIFY(!bare.isActive());
-    QVERIFY(m_log.isEmpty());
-}
-
-void tst_View::secondManagerIsRejected()
-{
-    auto view = std::make_unique<RecordingView>(QStringLiteral("A"), m_log);
-    QPointer<ViewManager> first = view->getViewManager();
-
-    auto second = std::make_unique<RecordingManager>(QStringLiteral("second"), m_log);
-    QPointer<ViewManager> secondGuard = second.get();
-    QTest::ignoreMessage(QtWarningMsg, "View : this view already has a manager set.");
-    view->setViewManager(std::move(second));
-
-    QVERIFY(secondGuard.isNull());
-    QCOMPARE(view->getViewManager(), first.data());
-    view->start();
-    QCOMPARE(m_log, (QStringList {"A.start"}));
-
-    // The view owns its manager.
-    view.reset();
-    QVERIFY(first.isNull());
-}
-
-void tst_View::viewSettingsPassThroughTheHooks()
-{
-    RecordingManager manager(QStringLiteral("m"), m_log);
-    const ViewSettings defaults = manager.getViewSettings();
-    QCOMPARE(defaults.firstValue, 0);
-    QCOMPARE(defaults.factor, 1.0f);
-    QVERIFY(!defaults.flag);
-
-    ViewSettings settings;
-    settings.firstValue = 7;
-    settings.fourthValue = -3;
-    settings.flag = true;
-    manager.setViewSettings(settings);
-    QCOMPARE(m_log, (QStringList {"m.read(7)"}));
-
-    // The stored record comes back, refreshed from the live viewers.
-    manager.liveValue = 4;
-    const ViewSettings written = manager.getViewSettings();
-    QCOMPARE(written.firstValue, 4);
-    QCOMPARE(written.fourthValue, -3);
-    QCOMPARE(written.flag, true);
-}
-
-void tst_View::nodeInteractorGeneratesViewNode()
-{
-    PlainView view(QStringLiteral("Panoramic"));
-    std::unique_ptr<ui::ViewNodeInteractor> interactor = view.createNodeInteractor();
-    QVERIFY(interactor);
-    QCOMPARE(interactor->getNodeTypeId(), QStringLiteral("ViewNode"));
-    std::unique_ptr<ui::Node> node = interactor->generate();
-    auto* viewNode = dynamic_cast<ui::ViewNode*>(node.get());
-    QVERIFY(viewNode);
-    QCOMPARE(viewNode->getViewId(), QStringLiteral("Panoramic"));
-    interactor->apply(node.get());
-    interactor->apply(nullptr);
-}
-
-tst_View::Multi tst_View::makeMultiView()
-{
-    auto a = std::make_unique<RecordingView>(QStringLiteral("A"), m_log);
-    auto b = std::make_unique<RecordingView>(QStringLiteral("B"), m_log);
-    Multi result {std::make_unique<MultiView>(QStringLiteral("M")), a.get(), b.get()};
-    result.view->addSubView(std::move(a));
-    result.view->addSubView(std::move(b));
-    return result;
-}
-
-void tst_View::subViewsKeepInsertionOrder()
-{
-    auto [multi, a, b] = makeMultiView();
-    multi->addSubView(nullptr);
-
-    QCOMPARE(multi->getSubViews(), (std::vector<View*> {a, b}));
-    QCOMPARE(multi->getActiveSubView(), a);
-    QCOMPARE(multi->getActiveSubViewID(), QStringLiteral("A"));
-    QCOMPARE(multi->getSubViewByID(QStringLiteral("B")), b);
-    QCOMPARE(multi->getSubViewByID(QStringLiteral("b")), nullptr);
-
-    auto* stacked = qobject_cast<QStackedWidget*>(multi->getWidget());
-    QVERIFY(stacked);
-    QCOMPARE(stacked->objectName(), QStringLiteral("M"));
-    QCOMPARE(stacked->count(), 2);
-    QCOMPARE(stacked->widget(0), a->getWidget());
-    QCOMPARE(stacked->widget(1), b->getWidget());
-    QCOMPARE(stacked->currentWidget(), a->getWidget());
-    QCOMPARE(multi->getActiveWidget(), a->getWidget());
-}
-
-void tst_View::emptyMultiViewIsNeutral()
-{
-    MultiView multi(QStringLiteral("M"));
-    multi.setViewManager(std::make_unique<RecordingManager>(QStringLiteral("own"), m_log));
-
-    QCOMPARE(multi.getActiveSubView(), nullptr);
-    QVERIFY(multi.getActiveSubViewID().isEmpty());
-    QCOMPARE(multi.getActiveWidget(), nullptr);
-    QVERIFY(multi.getWidget());
-    // The multi view's own manager is never consulted.
-    QCOMPARE(multi.getViewManager(), nullptr);
-    multi.reset();
-    multi.stopActions();
-    multi.releaseWidget();
-    QVERIFY(m_log.isEmpty());
-
-    auto interactor = multi.createNodeInteractor();
-    auto node = interactor->generate();
-    QCOMPARE(static_cast<ui::ViewNode*>(node.get())->getViewId(), QStringLiteral("M"));
-}
-
-void tst_View::switchToSubView_data()
-{
-    QTest::addColumn<bool>("running");
-    QTest::addColumn<QStringList>("expectedLog");
-    QTest::addColumn<QString>("expectedPage");
-
-    QTest::newRow("running multi view shows and starts the new sub view")
-        << true << QStringList {"A.stop", "B.start"} << QStringLiteral("B");
-    QTest::newRow("idle multi view only records the choice")
-        << false << QStringList {} << QStringLiteral("A");
-}
-
-void tst_View::switchToSubView()
-{
-    QFETCH(bool, running);
-    QFETCH(QStringList, expectedLog);
-    QFETCH(QString, expectedPage);
-
-    auto [multi, a, b] = makeMultiView();
-    auto* stacked = static_cast<QStackedWidget*>(multi->getWidget());
-    if (running)
-        multi->start();
-    m_log.clear();
-
-    multi->switchToSubView(QStringLiteral("B"));
-    QCOMPARE(multi->getActiveSubView(), b);
-    QCOMPARE(multi->getActiveWidget(), b->getWidget());
-    QCOMPARE(m_log, expectedLog);
-    QCOMPARE(stacked->currentWidget()->objectName(), expectedPage);
-    QCOMPARE(b->isActive(), running);
-
-    // Either way, the next start shows and starts the chosen sub view only.
-    multi->stop();
-    QVERIFY(!b->isActive());
-    m_log.clear();
-    multi->start();
-    QCOMPARE(m_log, (QStringList {"B.start"}));
-    QCOMPARE(stacked->currentWidget(), b->getWidget());
-    QVERIFY(!a->isActive());
-}
-
-void tst_View::switchToSubViewIgnoresEmptySameAndUnknown()
-{
-    auto [multi, a, b] = makeMultiView();
-    multi->start();
-    m_log.clear();
-
-    multi->switchToSubView(QString());
-    multi->switchToSubView(QStringLiteral("A"));
-    QTest::ignoreMessage(QtWarningMsg, "Can't switch to unknown sub view Nope");
-    multi->switchToSubView(QStringLiteral("Nope"));
-
-    QVERIFY(m_log.isEmpty());
-    QCOMPARE(multi->getActiveSubView(), a);
-    QVERIFY(a->isActive());
-}
-
-void tst_View::multiViewForwardsToActiveSubView()
-{
-    auto [multi, a, b] = makeMultiView();
-    multi->setViewManager(std::make_unique<RecordingManager>(QStringLiteral("own"), m_log));
-
-    QCOMPARE(multi->getViewManager(), a->getViewManager());
-    multi->switchToSubView(QStringLiteral("B"));
-    QCOMPARE(multi->getViewManager(), b->getViewManager());
-
-    multi->reset();
-    multi->stopActions();
-    multi->releaseWidget();
-    QCOMPARE(m_log, (QStringList {"B.initialize", "B.stopActions", "B.releaseWidget"}));
-
-    auto node = multi->createNodeInteractor()->generate();
-    QCOMPARE(static_cast<ui::ViewNode*>(node.get())->getViewId(), QStringLiteral("B"));
-}
-
-void tst_View::destructionTakesPagesOutFirst()
-{
-    auto [multi, a, b] = makeMultiView();
-    QPointer<QStackedWidget> stacked = static_cast<QStackedWidget*>(multi->getWidget());
-    QPointer<ViewManager> managerOfB = b->getViewManager();
-
-    // Each sub view notes, as it dies, how many pages the stacked widget still has.
-    const auto notePages = [this, stacked](RecordingView& view) {
-        m_log.append(QStringLiteral("%1 dies, pages left %2")
-                         .arg(view.getID())
-                         .arg(stacked ? stacked->count() : -1));
-    };
-    a->onDestroy = notePages;
-    b->onDestroy = notePages;
-
-    multi.reset();
-    QCOMPARE(m_log, (QStringList {"A dies, pages left 0", "B dies, pages left 0"}));
-    QVERIFY(managerOfB.isNull());
-    // Nobody adopted the stacked widget, so it went with the multi view.
-    QVERIFY(stacked.isNull());
-}
-
-void tst_View::parentedStackedWidgetOutlivesMultiView()
-{
-    QWidget window;
-    auto multi = makeMultiView().view;
-    QPointer<QWidget> stacked = multi->getWidget();
-    stacked->setParent(&window);
-
-    multi.reset();
-    QVERIFY(!stacked.isNull());
-    QCOMPARE(static_cast<QStackedWidget*>(stacked.data())->count(), 0);
-}
 
 QTEST_MAIN(tst_View)
 #include "tst_view.moc"
