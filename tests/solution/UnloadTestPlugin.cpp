@@ -41,12 +41,14 @@ public:
         addAction(new MultiAction(QStringLiteral("tools")));
         addAction(new SingleAction(QStringLiteral("zoom")));
         addAction(new CustomAction(QStringLiteral("note")));
+        addAction(measure);
     }
 
     void loadFeatures() override
     {
         addFeature(std::make_unique<Solution>(QStringLiteral("unload"), QStringLiteral("Unload")));
         addFeature(QStringLiteral("extra"));
+        addFeature(std::unique_ptr<solution::Feature>());
     }
 
     void loadViews() override

@@ -23,14 +23,9 @@ class tst_PluginUnload : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void init();
+    void init() { QTest::failOnWarning(QRegularExpression(".*")); }
     void closedPluginLeavesNothingBehind();
 };
-
-void tst_PluginUnload::init()
-{
-    QTest::failOnWarning(QRegularExpression(".*"));
-}
 
 void tst_PluginUnload::closedPluginLeavesNothingBehind()
 {
@@ -51,6 +46,9 @@ void tst_PluginUnload::closedPluginLeavesNothingBehind()
     plugin->loadFeatures();
     plugin->loadActions();
     plugin->loadViews();
+    // A null feature and an action added twice are not kept.
+    QCOMPARE(plugin->getFeatures().size(), size_t(2));
+    QCOMPARE(plugin->getActions().size(), 4);
     for (Action* action : plugin->getActions())
         solutions.addAction(action);
     for (const auto& feature : plugin->getFeatures())
@@ -80,6 +78,9 @@ void tst_PluginUnload::closedPluginLeavesNothingBehind()
     QCOMPARE(panel->getActions().size(), 4);
 
     plugin->close();
+    QVERIFY(plugin->getActions().isEmpty());
+    QVERIFY(plugin->getFeatures().empty());
+    QVERIFY(plugin->getViews().isEmpty());
     QVERIFY(loader.unload());
     QVERIFY(measure.isNull());
     QVERIFY(step.isNull());
