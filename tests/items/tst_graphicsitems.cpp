@@ -1,69 +1,270 @@
 #include <guicore/graphics/items/CustomGraphicsEllipseItem.h>
 #include <guicore/graphics/items/CustomGraphicsItem.h>
+#include <guicore/graphics/items/CustomGraphicsLabelItem.h>
+#include <guicore/graphics/items/CustomGraphicsLineSetItem.h>
+#include <guicore/graphics/items/CustomGraphicsOutlineTextItem.h>
 #include <guicore/graphics/items/CustomGraphicsPathItem.h>
 #include <guicore/graphics/items/CustomGraphicsPixmapItem.h>
 #include <guicore/graphics/items/CustomGraphicsPointDraggerItem.h>
 #include <guicore/graphics/items/CustomGraphicsPolygonItem.h>
 #include <guicore/graphics/items/CustomGraphicsRectItem.h>
+#include <guicore/graphics/items/CustomGraphicsSimpleTextItem.h>
 #include <guicore/graphics/items/CustomGraphicsSpline.h>
 #include <guicore/graphics/items/CustomGraphicsStrokerOpaquePathItem.h>
 #include <guicore/graphics/items/CustomGraphicsStrokerTransparentPathItem.h>
 #include <guicore/graphics/items/CustomGraphicsSvgItem.h>
+#include <guicore/graphics/items/CustomGraphicsTextItem.h>
 #include <guicore/graphics/items/HoverableItem.h>
+#include <guicore/graphics/scene/GraphicsSceneExtra.h>
 #include <guicore/style/DevicePixelRatio.h>
 #include <guicore/style/StyleManager.h>
 #include <guicore/style/StyleManagerDataProvider.h>
 
-#include "ItemTestSupport.h"
+#include <settings/SettingsManager.h>
 
-#include <QGraphicsScene>
+#include <QClipboard>
 #include <QGraphicsSceneContextMenuEvent>
-#include <QGraphicsSceneHoverEvent>
 #include <QGraphicsSceneMouseEvent>
 #include <QGraphicsView>
+#include <QGuiApplication>
 #include <QPainter>
 #include <QPointer>
 #include <QSignalSpy>
 #include <QSvgRenderer>
+#include <QTemporaryDir>
 #include <QTest>
+#include <QTextCursor>
 #include <QWindow>
 
+#include <algorithm>
+#include <cmath>
 #include <memory>
+#include <tuple>
 
-using namespace itemtest;
+// The overlay items: hit regions, press, hover and visibility rules, painting at any zoom, and
+// the label, line set and text items built on them.
 
 namespace {
 
-bool pressThroughScene(QGraphicsScene& scene, const QPointF& scenePos,
-    Qt::MouseButton button = Qt::LeftButton, Qt::MouseButtons buttons = Qt::LeftButton)
+using Lines = QList<QLineF>;
+using Loops = QList<QList<QPointF>>;
+
+bool sameRgb(QRgb a, QRgb b)
 {
-    return sendMouse(scene, QEvent::GraphicsSceneMousePress, scenePos, button, buttons);
+    return (a & 0xffffff) == (b & 0xffffff);
 }
 
-void fillButtons(QGraphicsSceneMouseEvent& event, const QPointF& scenePos, Qt::MouseButtons buttons)
+bool isYellow(QRgb p)
 {
-    fillPress(
-        event, scenePos, buttons & Qt::RightButton ? Qt::RightButton : Qt::LeftButton, buttons);
+    return qRed(p) > 200 && qGreen(p) > 200 && qBlue(p) < 100;
 }
 
-// Renders the view and counts the pixels of the colour in the row through the scene origin.
-int spanThroughOrigin(ViewFixture& fixture, QRgb color)
+/// A scene (its own unless given one) shown through a view of 300 by 200 pixels at the given
+/// zoom, centred on the origin.
+struct ViewFixture
 {
-    return countInRow(fixture.render(), fixture.origin().y(), color);
+    std::unique_ptr<QGraphicsScene> owned;
+    QGraphicsScene& scene;
+    QGraphicsView view {&scene};
+
+    explicit ViewFixture(qreal zoom = 1.0, QGraphicsScene* given = nullptr)
+        : owned(given ? given : new QGraphicsScene(-500, -500, 1000, 1000))
+        , scene(*owned)
+    {
+        view.setFrameShape(QFrame::NoFrame);
+        view.setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+        view.setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+        view.setRenderHint(QPainter::Antialiasing, false);
+        view.resize(300, 200);
+        view.setTransform(QTransform::fromScale(zoom, zoom));
+        view.centerOn(0, 0);
+    }
+
+    QImage render()
+    {
+        QImage image(view.viewport()->size(), QImage::Format_ARGB32);
+        image.fill(Qt::white);
+        QPainter painter(&image);
+        view.render(&painter, QRectF(), view.viewport()->rect());
+        return image;
+    }
+
+    QPoint origin() const { return view.mapFromScene(QPointF(0, 0)); }
+
+    /// Renders and counts the pixels of the colour in the row through the scene origin.
+    int spanThroughOrigin(QRgb color)
+    {
+        const QImage image = render();
+        int count = 0;
+        for (int x = 0; x < image.width(); ++x)
+            count += sameRgb(image.pixel(x, origin().y()), color) ? 1 : 0;
+        return count;
+    }
+};
+
+/// The box around the pixels that match.
+template <typename Match> QRect pixelBox(const QImage& image, Match match)
+{
+    QRect box;
+    for (int y = 0; y < image.height(); ++y) {
+        for (int x = 0; x < image.width(); ++x) {
+            if (match(image.pixel(x, y)))
+                box |= QRect(x, y, 1, 1);
+        }
+    }
+    return box;
+}
+
+/// The button is the one pressed or released; by default the right one of a chord, else the one
+/// held.
+void fill(QGraphicsSceneMouseEvent& event, const QPointF& scenePos, Qt::MouseButtons buttons,
+    Qt::MouseButton button = Qt::NoButton)
+{
+    if (button == Qt::NoButton)
+        button = buttons & Qt::RightButton ? Qt::RightButton : Qt::MouseButton(buttons.toInt());
+    event.setScenePos(scenePos);
+    event.setScreenPos(scenePos.toPoint());
+    event.setButtonDownScenePos(button, scenePos);
+    event.setButton(button);
+    event.setButtons(buttons);
+}
+
+/// Delivers a mouse event through the scene, as a view would; returns whether it was accepted.
+bool sendMouse(QGraphicsScene& scene, QEvent::Type type, const QPointF& scenePos,
+    Qt::MouseButtons buttons = Qt::LeftButton, Qt::MouseButton button = Qt::NoButton)
+{
+    QGraphicsSceneMouseEvent event(type);
+    fill(event, scenePos, buttons, button);
+    QCoreApplication::sendEvent(&scene, &event);
+    return event.isAccepted();
+}
+
+/// Hands a press straight to the item, as a scene dispatching by itself does.
+template <typename Item>
+bool pressItem(Item* item, const QPointF& scenePos, Qt::MouseButtons buttons = Qt::LeftButton)
+{
+    QGraphicsSceneMouseEvent event(QEvent::GraphicsSceneMousePress);
+    fill(event, scenePos, buttons);
+    item->mousePressEvent(&event);
+    return event.isAccepted();
+}
+
+template <typename Item> void recordClicks(Item* item, QStringList& seen)
+{
+    QObject::connect(item, &Item::leftClicked, [&seen] { seen << "left"; });
+    QObject::connect(item, &Item::rightClicked, [&seen] { seen << "right"; });
+}
+
+QPainterPath rectPath(const QRectF& rect)
+{
+    QPainterPath path;
+    path.addRect(rect);
+    return path;
+}
+
+QPainterPath linePath(const QPointF& from, const QPointF& to)
+{
+    QPainterPath path;
+    path.moveTo(from);
+    path.lineTo(to);
+    return path;
+}
+
+QPixmap solidPixmap(int w, int h)
+{
+    QPixmap pixmap(w, h);
+    pixmap.fill(Qt::blue);
+    return pixmap;
+}
+
+Lines polygonLines(const QList<QPointF>& points)
+{
+    Lines lines;
+    for (qsizetype i = 0; i < points.size(); ++i)
+        lines << QLineF(points[i], points[(i + 1) % points.size()]);
+    return lines;
+}
+
+Lines reversed(const Lines& lines)
+{
+    Lines result;
+    for (const QLineF& line : lines)
+        result << QLineF(line.p2(), line.p1());
+    return result;
+}
+
+bool lessPoint(const QPointF& a, const QPointF& b)
+{
+    return a.x() < b.x() || (a.x() == b.x() && a.y() < b.y());
+}
+
+/// Loops as sorted vertex sets, themselves sorted: their order and direction do not count.
+Loops normalised(Loops loops)
+{
+    for (auto& loop : loops) {
+        for (QPointF& p : loop)
+            p = QPointF(std::round(p.x() * 1e3) / 1e3, std::round(p.y() * 1e3) / 1e3);
+        std::sort(loop.begin(), loop.end(), lessPoint);
+    }
+    std::sort(loops.begin(), loops.end(), [](const QList<QPointF>& a, const QList<QPointF>& b) {
+        return std::lexicographical_compare(a.begin(), a.end(), b.begin(), b.end(), lessPoint);
+    });
+    return loops;
+}
+
+Loops loopsOf(const QPainterPath& path)
+{
+    Loops loops;
+    for (QPolygonF polygon : path.toSubpathPolygons()) {
+        if (polygon.size() > 1 && polygon.first() == polygon.last())
+            polygon.removeLast();
+        loops << QList<QPointF>(polygon.begin(), polygon.end());
+    }
+    return normalised(loops);
+}
+
+const QList<QPointF> square {{0, 0}, {100, 0}, {100, 100}, {0, 100}};
+const QList<QPointF> triangle {{200, 0}, {300, 0}, {250, 80}};
+
+bool sendKey(QGraphicsScene& scene, QGraphicsItem* item, int key, const QString& text = QString(),
+    Qt::KeyboardModifiers modifiers = Qt::NoModifier)
+{
+    QKeyEvent event(QEvent::KeyPress, key, modifiers, text);
+    event.ignore();
+    scene.sendEvent(item, &event);
+    return event.isAccepted();
+}
+
+void typeText(QGraphicsScene& scene, QGraphicsItem* item, const QString& text)
+{
+    for (QChar c : text)
+        sendKey(scene, item, c.unicode(), QString(c));
+}
+
+void moveCursorToEnd(CustomGraphicsTextItem* item)
+{
+    QTextCursor cursor = item->textCursor();
+    cursor.movePosition(QTextCursor::End);
+    item->setTextCursor(cursor);
+}
+
+void setLabelFontSize(int size)
+{
+    settings::SettingsManager::manager()->setUserDefault(QStringLiteral("labelFontSize"), size);
 }
 
 class TestHoverable : public HoverableItem
 {
 public:
-    TestHoverable(int priority, QString tag)
-        : tag(std::move(tag))
+    TestHoverable(int priority, char tag)
+        : tag(tag)
     {
         setHoverPriority(priority);
     }
     bool isHoverHit(const QPointF&) const override { return true; }
     void hoverStateChanged(bool state) override { notified.append(qMakePair(state, isHovered())); }
 
-    QString tag;
+    char tag;
     QList<QPair<bool, bool>> notified; // new state, stored state at notification
 };
 
@@ -85,693 +286,1133 @@ class tst_GraphicsItems : public QObject
 {
     Q_OBJECT
 
+    QTemporaryDir configDir;
+
 private Q_SLOTS:
-    void initTestCase();
-    void cleanupTestCase();
-    void init();
-
-    void clickableRegion_data();
-    void clickableRegion();
-    void setPenRecomputesFromOldPen();
-    void shapeKeepsHairlinesThin();
-    void pressRules_data();
-    void pressRules();
-    void pressMoveReleaseSequence();
-    void pressOutsideStopsAtFirstAcceptingChild();
-    void removedChildNoLongerForwards();
-    void contextMenuTakenOnRegionElseByChild();
-    void hoverSignalsSuppressedWhileDragging();
-    void visibilitySignalOnlyInScene();
-    void listensToPixelRatioForWholeLife();
-    void sortByHoverPriority_data();
-    void sortByHoverPriority();
-    void setHoveredNotifiesBeforeStoring();
-
-    void zoomAgnosticEllipseKeepsScreenSize_data();
-    void zoomAgnosticEllipseKeepsScreenSize();
-    void rectAndPolygonPaths();
-    void pathItemZoomAgnosticPenWidth();
-    void splineHitNearLineOnly();
-    void strokerOpaqueBuildsStrokeWhenPainted();
-    void strokerTransparentDrawsOutlineOnly_data();
-    void strokerTransparentDrawsOutlineOnly();
-    void pixmapItemPressRules_data();
-    void pixmapItemPressRules();
-    void svgItemReportsClicks();
-    void pointDraggerProposesWithoutMoving();
-    void pointDraggerHitKeepsScreenSize();
-};
-
-void tst_GraphicsItems::initTestCase()
-{
-    qRegisterMetaType<QGraphicsSceneMouseEvent*>();
-    StyleManager::createManager(StyleManagerDataProvider());
-}
-
-void tst_GraphicsItems::cleanupTestCase()
-{
-    StyleManager::deleteManager();
-}
-
-void tst_GraphicsItems::init()
-{
-    QTest::failOnWarning(QRegularExpression(".*"));
-}
-
-void tst_GraphicsItems::clickableRegion_data()
-{
-    QTest::addColumn<bool>("useStroker");
-    QTest::addColumn<QPainterPath>("path");
-    QTest::addColumn<QPointF>("probe");
-    QTest::addColumn<bool>("hit");
-
-    const QPainterPath square = rectPath(QRectF(0, 0, 100, 100));
-    // Pen width 10: the stroke reaches 5 units either side of the outline.
-    QTest::newRow("no stroker, inside") << false << square << QPointF(50, 50) << true;
-    QTest::newRow("no stroker, just outside") << false << square << QPointF(103, 50) << false;
-    QTest::newRow("stroker, inside far from outline") << true << square << QPointF(50, 50) << false;
-    QTest::newRow("stroker, just outside the outline")
-        << true << square << QPointF(103, 50) << true;
-    QTest::newRow("stroker, beyond half the pen") << true << square << QPointF(107, 50) << false;
-    QTest::newRow("stroker, empty path") << true << QPainterPath() << QPointF(0, 0) << false;
-    QTest::newRow("no stroker, empty path") << false << QPainterPath() << QPointF(0, 0) << false;
-}
-
-void tst_GraphicsItems::clickableRegion()
-{
-    QFETCH(bool, useStroker);
-    QFETCH(QPainterPath, path);
-    QFETCH(QPointF, probe);
-    QFETCH(bool, hit);
-
-    QGraphicsScene scene;
-    auto* item = new CustomGraphicsItem(QStringLiteral("item"));
-    scene.addItem(item);
-    item->setPos(10, 20);
-    item->setPen(QPen(Qt::black, 10));
-    item->setUseStroker(useStroker);
-    item->setPainterPath(path);
-
-    QCOMPARE(item->getPainterPath(), path);
-    QCOMPARE(item->getClickableRegion().isEmpty(), path.isEmpty());
-    QCOMPARE(item->isMouseOver(probe + QPointF(10, 20)), hit);
-
-    // Hidden or disabled items are never under the mouse.
-    if (hit) {
-        item->setEnabled(false);
-        QVERIFY(!item->isMouseOver(probe + QPointF(10, 20)));
-        item->setEnabled(true);
-        item->setVisible(false);
-        QVERIFY(!item->isMouseOver(probe + QPointF(10, 20)));
-    }
-}
-
-void tst_GraphicsItems::setPenRecomputesFromOldPen()
-{
-    CustomGraphicsItem item(QStringLiteral("item"));
-    item.setPen(QPen(Qt::black, 2));
-    item.setUseStroker(true);
-    item.setPainterPath(linePath(QPointF(0, 0), QPointF(100, 0)));
-    const QPointF fiveAbove(50, -5);
-    QVERIFY(!item.isMouseOver(fiveAbove));
-
-    // The region is recomputed before the new pen takes over, so it still has width 2.
-    item.setPen(QPen(Qt::black, 20));
-    QVERIFY(!item.isMouseOver(fiveAbove));
-
-    item.setUseStroker(true);
-    QVERIFY(item.isMouseOver(fiveAbove));
-}
-
-void tst_GraphicsItems::shapeKeepsHairlinesThin()
-{
-    CustomGraphicsItem item(QStringLiteral("item"));
-    const QPainterPath line = linePath(QPointF(0, 0), QPointF(100, 0));
-    item.setPainterPath(line);
-
-    item.setPen(QPen(Qt::black, 0));
-    QVERIFY(item.shape().boundingRect().height() < 1e-6);
-    QVERIFY(item.shape().boundingRect().width() >= 100.0);
-
-    item.setPen(QPen(Qt::black, 6));
-    QCOMPARE(item.shape().boundingRect().height(), 6.0);
-
-    item.setPen(Qt::NoPen);
-    QCOMPARE(item.shape(), line);
-
-    item.setPainterPath(QPainterPath());
-    item.setPen(QPen(Qt::black, 6));
-    QVERIFY(item.shape().isEmpty());
-}
-
-void tst_GraphicsItems::pressRules_data()
-{
-    QTest::addColumn<Qt::MouseButton>("button");
-    QTest::addColumn<Qt::MouseButtons>("buttons");
-    QTest::addColumn<QPointF>("where");
-    QTest::addColumn<QStringList>("expected");
-    QTest::addColumn<bool>("dragging");
-
-    const QPointF inside(50, 50);
-    QTest::newRow("left") << Qt::LeftButton << Qt::MouseButtons(Qt::LeftButton) << inside
-                          << QStringList {"left"} << true;
-    QTest::newRow("right") << Qt::RightButton << Qt::MouseButtons(Qt::RightButton) << inside
-                           << QStringList {"right"} << false;
-    QTest::newRow("left and right") << Qt::RightButton << (Qt::LeftButton | Qt::RightButton)
-                                    << inside << QStringList() << false;
-    QTest::newRow("middle") << Qt::MiddleButton << Qt::MouseButtons(Qt::MiddleButton) << inside
-                            << QStringList() << false;
-    // The scene's hit test takes the pen's stroke; the item's own region is the path only.
-    QTest::newRow("on the stroke, off the region")
-        << Qt::LeftButton << Qt::MouseButtons(Qt::LeftButton) << QPointF(101.5, 50) << QStringList()
-        << false;
-}
-
-void tst_GraphicsItems::pressRules()
-{
-    QFETCH(Qt::MouseButton, button);
-    QFETCH(Qt::MouseButtons, buttons);
-    QFETCH(QPointF, where);
-    QFETCH(QStringList, expected);
-    QFETCH(bool, dragging);
-
-    QGraphicsScene scene;
-    auto* item = new CustomGraphicsItem(QStringLiteral("item"));
-    item->setPen(QPen(Qt::black, 4));
-    item->setPainterPath(rectPath(QRectF(0, 0, 100, 100)));
-    scene.addItem(item);
-    QVERIFY(!(item->flags() & QGraphicsItem::ItemIsMovable));
-
-    QStringList seen;
-    connect(item, &CustomGraphicsItem::leftClicked, this, [&] { seen << "left"; });
-    connect(item, &CustomGraphicsItem::rightClicked, this, [&] { seen << "right"; });
-
-    const bool accepted = pressThroughScene(scene, where, button, buttons);
-    QCOMPARE(seen, expected);
-    QCOMPARE(accepted, !expected.isEmpty());
-    QCOMPARE(item->isDragging(), dragging);
-    QCOMPARE(scene.mouseGrabberItem() == item, !expected.isEmpty());
-}
-
-void tst_GraphicsItems::pressMoveReleaseSequence()
-{
-    QGraphicsScene scene;
-    auto* item = new CustomGraphicsItem(QStringLiteral("item"));
-    item->setPainterPath(rectPath(QRectF(0, 0, 100, 100)));
-    scene.addItem(item);
-
-    QStringList seen;
-    connect(item, &CustomGraphicsItem::leftClicked, this, [&] { seen << "left"; });
-    connect(item, &CustomGraphicsItem::mouseMoved, this,
-        [&] { seen << (item->isDragging() ? "moved dragging" : "moved"); });
-    connect(item, &CustomGraphicsItem::mouseReleased, this,
-        [&] { seen << (item->isDragging() ? "released dragging" : "released"); });
-
-    pressThroughScene(scene, QPointF(10, 10));
-    sendMouse(
-        scene, QEvent::GraphicsSceneMouseMove, QPointF(200, 200), Qt::NoButton, Qt::LeftButton);
-    sendMouse(
-        scene, QEvent::GraphicsSceneMouseRelease, QPointF(200, 200), Qt::LeftButton, Qt::NoButton);
-
-    QCOMPARE(seen, (QStringList {"left", "moved dragging", "released"}));
-    QVERIFY(!item->isDragging());
-}
-
-void tst_GraphicsItems::pressOutsideStopsAtFirstAcceptingChild()
-{
-    CustomGraphicsItem parent(QStringLiteral("parent"));
-    parent.setPainterPath(rectPath(QRectF(0, 0, 10, 10)));
-    auto* first = new CustomGraphicsItem(QStringLiteral("first"));
-    auto* second = new CustomGraphicsItem(QStringLiteral("second"));
-    auto* third = new CustomGraphicsItem(QStringLiteral("third"));
-    first->setPainterPath(rectPath(QRectF(100, 0, 10, 10)));
-    second->setPainterPath(rectPath(QRectF(50, 50, 20, 20)));
-    third->setPainterPath(rectPath(QRectF(50, 50, 20, 20)));
-    parent.addCustomChildItem(first);
-    parent.addCustomChildItem(nullptr);
-    parent.addCustomChildItem(second);
-    parent.addCustomChildItem(third);
-    QCOMPARE(parent.getCustomChildItems(), (QList<CustomGraphicsItem*> {first, second, third}));
-    QCOMPARE(second->parentItem(), &parent);
-
-    QStringList seen;
-    connect(&parent, &CustomGraphicsItem::leftClicked, this, [&] { seen << "parent"; });
-    connect(first, &CustomGraphicsItem::leftClicked, this, [&] { seen << "first"; });
-    connect(second, &CustomGraphicsItem::leftClicked, this, [&] { seen << "second"; });
-    connect(third, &CustomGraphicsItem::leftClicked, this, [&] { seen << "third"; });
-
-    QGraphicsSceneMouseEvent press(QEvent::GraphicsSceneMousePress);
-    fillButtons(press, QPointF(60, 60), Qt::LeftButton);
-    parent.mousePressEvent(&press);
-    QVERIFY(press.isAccepted());
-    // The forwarding connection was made before the test's own, so the parent reports first.
-    QCOMPARE(seen, (QStringList {"parent", "second"}));
-    QVERIFY(second->isDragging());
-    QVERIFY(!third->isDragging());
-    QVERIFY(!parent.isDragging());
-
-    seen.clear();
-    QGraphicsSceneMouseEvent miss(QEvent::GraphicsSceneMousePress);
-    fillButtons(miss, QPointF(300, 300), Qt::LeftButton);
-    parent.mousePressEvent(&miss);
-    QVERIFY(!miss.isAccepted());
-    QVERIFY(seen.isEmpty());
-}
-
-void tst_GraphicsItems::removedChildNoLongerForwards()
-{
-    CustomGraphicsItem parent(QStringLiteral("parent"));
-    auto child = std::make_unique<CustomGraphicsItem>(QStringLiteral("child"));
-    child->setPainterPath(rectPath(QRectF(0, 0, 10, 10)));
-    parent.addCustomChildItem(child.get());
-    QSignalSpy right(&parent, &CustomGraphicsItem::rightClicked);
-
-    QGraphicsSceneMouseEvent press(QEvent::GraphicsSceneMousePress);
-    fillButtons(press, QPointF(5, 5), Qt::RightButton);
-    child->mousePressEvent(&press);
-    QCOMPARE(right.count(), 1);
-
-    parent.removeCustomChildItem(child.get());
-    parent.removeCustomChildItem(nullptr);
-    QCOMPARE(child->parentItem(), nullptr);
-    QVERIFY(parent.getCustomChildItems().isEmpty());
-    child->mousePressEvent(&press);
-    QCOMPARE(right.count(), 1);
-
-    // Removing an item that is not a child still detaches it.
-    auto stranger = std::make_unique<CustomGraphicsItem>(QStringLiteral("stranger"));
-    stranger->setParentItem(&parent);
-    parent.removeCustomChildItem(stranger.get());
-    QCOMPARE(stranger->parentItem(), nullptr);
-}
-
-void tst_GraphicsItems::contextMenuTakenOnRegionElseByChild()
-{
-    QGraphicsScene scene;
-    auto* parent = new CustomGraphicsItem(QStringLiteral("parent"));
-    parent->setPainterPath(rectPath(QRectF(0, 0, 10, 10)));
-    auto* child = new CustomGraphicsItem(QStringLiteral("child"));
-    child->setPainterPath(rectPath(QRectF(40, 40, 10, 10)));
-    parent->addCustomChildItem(child);
-    scene.addItem(parent);
-
-    const auto sendMenu = [&](const QPointF& pos, QGraphicsSceneContextMenuEvent::Reason reason) {
-        QGraphicsSceneContextMenuEvent event(QEvent::GraphicsSceneContextMenu);
-        event.setScenePos(pos);
-        event.setReason(reason);
-        parent->contextMenuEvent(&event);
-        return event.isAccepted();
-    };
-    QVERIFY(sendMenu(QPointF(5, 5), QGraphicsSceneContextMenuEvent::Mouse));
-    QVERIFY(sendMenu(QPointF(45, 45), QGraphicsSceneContextMenuEvent::Mouse));
-    QVERIFY(!sendMenu(QPointF(25, 25), QGraphicsSceneContextMenuEvent::Mouse));
-    QVERIFY(!sendMenu(QPointF(5, 5), QGraphicsSceneContextMenuEvent::Keyboard));
-}
-
-void tst_GraphicsItems::hoverSignalsSuppressedWhileDragging()
-{
-    QGraphicsScene scene;
-    auto* item = new CustomGraphicsItem(QStringLiteral("item"));
-    item->setPainterPath(rectPath(QRectF(0, 0, 100, 100)));
-    item->setAcceptHoverEvents(true);
-    scene.addItem(item);
-    QStringList seen;
-    connect(item, &CustomGraphicsItem::mouseHoverEnter, this, [&] { seen << "enter"; });
-    connect(item, &CustomGraphicsItem::mouseHoverMove, this, [&] { seen << "move"; });
-    connect(item, &CustomGraphicsItem::mouseHoverLeave, this, [&] { seen << "leave"; });
-    const auto moveTo = [&](qreal x) {
-        sendMouse(
-            scene, QEvent::GraphicsSceneMouseMove, QPointF(x, 50), Qt::NoButton, Qt::NoButton);
-    };
-
-    moveTo(50);
-    moveTo(60);
-    moveTo(300);
-    QCOMPARE(seen, (QStringList {"enter", "move", "move", "leave"}));
-
-    seen.clear();
-    item->setDragging(true);
-    moveTo(50);
-    moveTo(60);
-    moveTo(300);
-    QVERIFY(seen.isEmpty());
-}
-
-void tst_GraphicsItems::visibilitySignalOnlyInScene()
-{
-    CustomGraphicsItem loose(QStringLiteral("loose"));
-    QSignalSpy looseSpy(&loose, &CustomGraphicsItem::visibilityChanged);
-    loose.setVisible(false);
-    QCOMPARE(looseSpy.count(), 0);
-
-    QGraphicsScene scene;
-    auto* item = new CustomGraphicsItem(QStringLiteral("item"));
-    scene.addItem(item);
-    QSignalSpy spy(item, &CustomGraphicsItem::visibilityChanged);
-    item->setVisible(false);
-    item->setVisible(false);
-    item->setVisible(true);
-    QCOMPARE(spy.count(), 2);
-    QCOMPARE(spy.at(0).at(0).toBool(), false);
-    QCOMPARE(spy.at(1).at(0).toBool(), true);
-}
-
-void tst_GraphicsItems::listensToPixelRatioForWholeLife()
-{
-    QWidget mainWindow;
-    mainWindow.resize(50, 50);
-    mainWindow.show();
-    QVERIFY(QTest::qWaitForWindowExposed(&mainWindow));
-    DevicePixelRatio::registerMainWindow(&mainWindow);
-    QWindow* native = mainWindow.windowHandle();
-    QVERIFY(native);
-
-    CountingItem survivor(QStringLiteral("survivor"));
-    QPointer<QObject> gone;
+    void initTestCase()
     {
-        CountingItem shortLived(QStringLiteral("shortLived"));
-        gone = &shortLived;
+        // User defaults are stored through QSettings: keep them out of the real configuration.
+        QVERIFY(configDir.isValid());
+        qputenv("XDG_CONFIG_HOME", configDir.path().toLocal8Bit());
+        qRegisterMetaType<QGraphicsSceneMouseEvent*>();
+        StyleManager::createManager(StyleManagerDataProvider());
+    }
+
+    void cleanupTestCase() { StyleManager::deleteManager(); }
+
+    void init()
+    {
+        QTest::failOnWarning(QRegularExpression(".*"));
+        setLabelFontSize(12);
+    }
+
+    void clickableRegion()
+    {
+        // Pen width 10: the stroke reaches 5 units either side of the outline.
+        const QPainterPath sq = rectPath(QRectF(0, 0, 100, 100));
+        const std::tuple<bool, QPainterPath, QPointF, bool> cases[] = {{false, sq, {50, 50}, true},
+            {false, sq, {103, 50}, false}, {true, sq, {50, 50}, false}, {true, sq, {103, 50}, true},
+            {true, sq, {107, 50}, false}, {true, {}, {0, 0}, false}, {false, {}, {0, 0}, false}};
+        for (const auto& [stroker, path, probe, hit] : cases) {
+            CustomGraphicsItem item(QStringLiteral("item"));
+            item.setPos(10, 20);
+            item.setPen(QPen(Qt::black, 10));
+            item.setUseStroker(stroker);
+            item.setPainterPath(path);
+            const QPointF at = probe + QPointF(10, 20);
+            QCOMPARE(item.getPainterPath(), path);
+            QCOMPARE(item.getClickableRegion().isEmpty(), path.isEmpty());
+            QCOMPARE(item.isMouseOver(at), hit);
+            // Hidden or disabled items are never under the mouse.
+            item.setEnabled(false);
+            QVERIFY(!item.isMouseOver(at));
+            item.setEnabled(true);
+            item.setVisible(false);
+            QVERIFY(!item.isMouseOver(at));
+        }
+    }
+
+    void penChangesRegionAndShape()
+    {
+        CustomGraphicsItem item(QStringLiteral("item"));
+        const QPainterPath line = linePath(QPointF(0, 0), QPointF(100, 0));
+        item.setPen(QPen(Qt::black, 2));
+        item.setUseStroker(true);
+        item.setPainterPath(line);
+        const QPointF fiveAbove(50, -5);
+        QVERIFY(!item.isMouseOver(fiveAbove));
+        // The region is recomputed before the new pen takes over, so it still has width 2.
+        item.setPen(QPen(Qt::black, 20));
+        QVERIFY(!item.isMouseOver(fiveAbove));
+        item.setUseStroker(true);
+        QVERIFY(item.isMouseOver(fiveAbove));
+
+        // The shape takes the pen's stroke, but a hairline stays thin.
+        item.setPen(QPen(Qt::black, 0));
+        QVERIFY(item.shape().boundingRect().height() < 1e-6);
+        QVERIFY(item.shape().boundingRect().width() >= 100.0);
+        item.setPen(QPen(Qt::black, 6));
+        QCOMPARE(item.shape().boundingRect().height(), 6.0);
+        item.setPen(Qt::NoPen);
+        QCOMPARE(item.shape(), line);
+        item.setPainterPath(QPainterPath());
+        item.setPen(QPen(Qt::black, 6));
+        QVERIFY(item.shape().isEmpty());
+    }
+
+    void pressRules()
+    {
+        // Exactly the left or exactly the right button on the region is a click. The scene's hit
+        // test takes the pen's stroke; the item's own region is the path only.
+        const std::tuple<Qt::MouseButtons, QPointF, QStringList> cases[]
+            = {{Qt::LeftButton, {50, 50}, {"left"}}, {Qt::RightButton, {50, 50}, {"right"}},
+                {Qt::LeftButton | Qt::RightButton, {50, 50}, {}}, {Qt::MiddleButton, {50, 50}, {}},
+                {Qt::LeftButton, {101.5, 50}, {}}};
+        for (const auto& [buttons, where, expected] : cases) {
+            QStringList seen;
+            QGraphicsScene scene;
+            auto* item = new CustomGraphicsItem(QStringLiteral("item"));
+            item->setPen(QPen(Qt::black, 4));
+            item->setPainterPath(rectPath(QRectF(0, 0, 100, 100)));
+            scene.addItem(item);
+            QVERIFY(!(item->flags() & QGraphicsItem::ItemIsMovable));
+            recordClicks(item, seen);
+            const bool accepted = sendMouse(scene, QEvent::GraphicsSceneMousePress, where, buttons);
+            QCOMPARE(seen, expected);
+            QCOMPARE(accepted, !expected.isEmpty());
+            QCOMPARE(item->isDragging(), expected == QStringList {"left"});
+            QCOMPARE(scene.mouseGrabberItem() == item, !expected.isEmpty());
+        }
+    }
+
+    void simpleTextAndPixmapPressRules()
+    {
+        // The simple text's region is the stroke of the glyph outline (its left edge is on it,
+        // beside it is off); a pixmap item takes presses anywhere while visible.
+        const std::tuple<Qt::MouseButtons, bool, QStringList> cases[]
+            = {{Qt::LeftButton, true, {"left"}}, {Qt::RightButton, true, {"right"}},
+                {Qt::LeftButton | Qt::RightButton, true, {}}, {Qt::LeftButton, false, {}}};
+        for (const auto& [buttons, hit, expected] : cases) {
+            QStringList seen;
+            QGraphicsScene scene;
+            auto* text = new CustomGraphicsSimpleTextItem(
+                QStringLiteral("simple"), nullptr, QStringLiteral("I"), false);
+            QFont font;
+            font.setPixelSize(40);
+            text->setFont(font);
+            text->setPen(QPen(Qt::black, 2));
+            auto* pixmap = new CustomGraphicsPixmapItem(
+                QStringLiteral("pixmap"), nullptr, solidPixmap(10, 10));
+            scene.addItem(text);
+            scene.addItem(pixmap);
+            pixmap->setVisible(hit);
+            recordClicks(text, seen);
+            recordClicks(pixmap, seen);
+
+            const QRectF glyph = text->getPainterPath().boundingRect();
+            const QPointF where(hit ? glyph.left() : glyph.right() + 20, glyph.center().y());
+            QCOMPARE(pressItem(text, where, buttons), !expected.isEmpty());
+            QCOMPARE(pressItem(pixmap, QPointF(5, 5), buttons), !expected.isEmpty());
+            QCOMPARE(seen, expected + expected);
+
+            QSignalSpy visibility(pixmap, &CustomGraphicsPixmapItem::visibilityChanged);
+            pixmap->setVisible(!hit);
+            QCOMPARE(visibility.count(), 1);
+        }
+    }
+
+    void pressMoveReleaseSequence()
+    {
+        QSvgRenderer renderer(QByteArray("<svg xmlns='http://www.w3.org/2000/svg' width='20' "
+                                         "height='20'><rect width='20' height='20'/></svg>"));
+        QStringList seen;
+        QGraphicsScene scene;
+        auto* item = new CustomGraphicsItem(QStringLiteral("item"));
+        item->setPainterPath(rectPath(QRectF(0, 0, 100, 100)));
+        scene.addItem(item);
+        auto* svg = new CustomGraphicsSvgItem(QStringLiteral("svg"));
+        svg->setSharedRenderer(&renderer);
+        svg->setPos(300, 300);
+        scene.addItem(svg);
+
+        recordClicks(item, seen);
+        recordClicks(svg, seen);
+        connect(item, &CustomGraphicsItem::mouseMoved, this,
+            [&] { seen << (item->isDragging() ? "moved dragging" : "moved"); });
+        connect(item, &CustomGraphicsItem::mouseReleased, this,
+            [&] { seen << (item->isDragging() ? "released dragging" : "released"); });
+        connect(svg, &CustomGraphicsSvgItem::mouseReleased, this, [&] { seen << "svg released"; });
+
+        for (const QPointF& at : {QPointF(10, 10), QPointF(310, 310)}) {
+            sendMouse(scene, QEvent::GraphicsSceneMousePress, at);
+            sendMouse(scene, QEvent::GraphicsSceneMouseMove, at + QPointF(190, 190));
+            sendMouse(scene, QEvent::GraphicsSceneMouseRelease, at + QPointF(190, 190),
+                Qt::NoButton, Qt::LeftButton);
+        }
+        QCOMPARE(
+            seen, (QStringList {"left", "moved dragging", "released", "left", "svg released"}));
+        QVERIFY(!item->isDragging());
+    }
+
+    void childrenForwardClicksUntilRemoved()
+    {
+        CustomGraphicsItem parent(QStringLiteral("parent"));
+        parent.setPainterPath(rectPath(QRectF(0, 0, 10, 10)));
+        QStringList seen;
+        connect(&parent, &CustomGraphicsItem::leftClicked, this, [&] { seen << "parent"; });
+        QList<CustomGraphicsItem*> children;
+        for (const QRectF& rect :
+            {QRectF(100, 0, 10, 10), QRectF(50, 50, 20, 20), QRectF(50, 50, 20, 20)}) {
+            auto* child = new CustomGraphicsItem(QString::number(children.size()));
+            child->setPainterPath(rectPath(rect));
+            parent.addCustomChildItem(child);
+            parent.addCustomChildItem(nullptr);
+            connect(child, &CustomGraphicsItem::leftClicked, this,
+                [&seen, child] { seen << child->objectName(); });
+            children << child;
+        }
+        QCOMPARE(parent.getCustomChildItems(), children);
+        QCOMPARE(children[1]->parentItem(), &parent);
+
+        // A press off the parent's region goes to the children until one takes it. The
+        // forwarding connection was made before the test's own, so the parent reports first.
+        QVERIFY(pressItem(&parent, QPointF(60, 60)));
+        QCOMPARE(seen, (QStringList {"parent", "1"}));
+        QVERIFY(children[1]->isDragging());
+        QVERIFY(!children[2]->isDragging());
+        QVERIFY(!parent.isDragging());
+        seen.clear();
+        QVERIFY(!pressItem(&parent, QPointF(300, 300)));
+        QVERIFY(seen.isEmpty());
+
+        QSignalSpy right(&parent, &CustomGraphicsItem::rightClicked);
+        QVERIFY(pressItem(children[1], QPointF(60, 60), Qt::RightButton));
+        QCOMPARE(right.count(), 1);
+        std::unique_ptr<CustomGraphicsItem> removed(children[1]);
+        parent.removeCustomChildItem(removed.get());
+        parent.removeCustomChildItem(nullptr);
+        QCOMPARE(removed->parentItem(), nullptr);
+        QCOMPARE(parent.getCustomChildItems(), (QList {children[0], children[2]}));
+        QVERIFY(pressItem(removed.get(), QPointF(60, 60), Qt::RightButton));
+        QCOMPARE(right.count(), 1);
+
+        // Removing an item that is not a child still detaches it.
+        auto stranger = std::make_unique<CustomGraphicsItem>(QStringLiteral("stranger"));
+        stranger->setParentItem(&parent);
+        parent.removeCustomChildItem(stranger.get());
+        QCOMPARE(stranger->parentItem(), nullptr);
+    }
+
+    void contextMenuTakenOnRegionElseByChild()
+    {
+        QGraphicsScene scene;
+        auto* parent = new CustomGraphicsItem(QStringLiteral("parent"));
+        parent->setPainterPath(rectPath(QRectF(0, 0, 10, 10)));
+        auto* child = new CustomGraphicsItem(QStringLiteral("child"));
+        child->setPainterPath(rectPath(QRectF(40, 40, 10, 10)));
+        parent->addCustomChildItem(child);
+        scene.addItem(parent);
+
+        const auto sendMenu
+            = [&](const QPointF& pos, QGraphicsSceneContextMenuEvent::Reason reason) {
+                  QGraphicsSceneContextMenuEvent event(QEvent::GraphicsSceneContextMenu);
+                  event.setScenePos(pos);
+                  event.setReason(reason);
+                  parent->contextMenuEvent(&event);
+                  return event.isAccepted();
+              };
+        QVERIFY(sendMenu(QPointF(5, 5), QGraphicsSceneContextMenuEvent::Mouse));
+        QVERIFY(sendMenu(QPointF(45, 45), QGraphicsSceneContextMenuEvent::Mouse));
+        QVERIFY(!sendMenu(QPointF(25, 25), QGraphicsSceneContextMenuEvent::Mouse));
+        QVERIFY(!sendMenu(QPointF(5, 5), QGraphicsSceneContextMenuEvent::Keyboard));
+    }
+
+    void hoverSignalsSuppressedWhileDragging()
+    {
+        QStringList seen;
+        QGraphicsScene scene;
+        auto* item = new CustomGraphicsItem(QStringLiteral("item"));
+        item->setPainterPath(rectPath(QRectF(0, 0, 100, 100)));
+        item->setAcceptHoverEvents(true);
+        scene.addItem(item);
+        connect(item, &CustomGraphicsItem::mouseHoverEnter, this, [&] { seen << "enter"; });
+        connect(item, &CustomGraphicsItem::mouseHoverMove, this, [&] { seen << "move"; });
+        connect(item, &CustomGraphicsItem::mouseHoverLeave, this, [&] { seen << "leave"; });
+        for (bool dragging : {false, true}) {
+            seen.clear();
+            item->setDragging(dragging);
+            for (qreal x : {50, 60, 300})
+                sendMouse(scene, QEvent::GraphicsSceneMouseMove, QPointF(x, 50), Qt::NoButton);
+            QCOMPARE(
+                seen, (dragging ? QStringList() : QStringList {"enter", "move", "move", "leave"}));
+        }
+    }
+
+    void visibilitySignalOnlyInScene()
+    {
+        CustomGraphicsItem loose(QStringLiteral("loose"));
+        QSignalSpy looseSpy(&loose, &CustomGraphicsItem::visibilityChanged);
+        loose.setVisible(false);
+        QCOMPARE(looseSpy.count(), 0);
+
+        QGraphicsScene scene;
+        auto* item = new CustomGraphicsItem(QStringLiteral("item"));
+        scene.addItem(item);
+        QSignalSpy spy(item, &CustomGraphicsItem::visibilityChanged);
+        item->setVisible(false);
+        item->setVisible(false);
+        item->setVisible(true);
+        QCOMPARE(spy.count(), 2);
+        QCOMPARE(spy.at(0).at(0).toBool(), false);
+        QCOMPARE(spy.at(1).at(0).toBool(), true);
+    }
+
+    void listensToPixelRatioForWholeLife()
+    {
+        QWidget mainWindow;
+        mainWindow.resize(50, 50);
+        mainWindow.show();
+        QVERIFY(QTest::qWaitForWindowExposed(&mainWindow));
+        DevicePixelRatio::registerMainWindow(&mainWindow);
+        QWindow* native = mainWindow.windowHandle();
+        QVERIFY(native);
+
+        CountingItem survivor(QStringLiteral("survivor"));
+        QPointer<QObject> gone;
+        {
+            CountingItem shortLived(QStringLiteral("shortLived"));
+            gone = &shortLived;
+            Q_EMIT native->screenChanged(native->screen());
+            QCOMPARE(shortLived.ratioChanges, 1);
+        }
+        QVERIFY(gone.isNull());
+        // The destroyed item was unregistered: notifying again reaches only the living one.
         Q_EMIT native->screenChanged(native->screen());
-        QCOMPARE(shortLived.ratioChanges, 1);
+        QCOMPARE(survivor.ratioChanges, 2);
+        DevicePixelRatio::registerMainWindow(nullptr);
     }
-    QVERIFY(gone.isNull());
-    // The destroyed item was unregistered: notifying again reaches only the living one.
-    Q_EMIT native->screenChanged(native->screen());
-    QCOMPARE(survivor.ratioChanges, 2);
-    DevicePixelRatio::registerMainWindow(nullptr);
-}
 
-void tst_GraphicsItems::sortByHoverPriority_data()
-{
-    QTest::addColumn<QList<int>>("priorities");
-    QTest::addColumn<QStringList>("expected");
-
-    QTest::newRow("empty") << QList<int>() << QStringList();
-    QTest::newRow("one") << QList<int> {4} << QStringList {"a"};
-    QTest::newRow("1 3 2") << QList<int> {1, 3, 2} << QStringList {"b", "c", "a"};
-    QTest::newRow("equal keep order")
-        << QList<int> {2, 5, 2, 5, -1} << QStringList {"b", "d", "a", "c", "e"};
-    QTest::newRow("ascending") << QList<int> {-1, 0, 1, 2} << QStringList {"d", "c", "b", "a"};
-}
-
-void tst_GraphicsItems::sortByHoverPriority()
-{
-    QFETCH(QList<int>, priorities);
-    QFETCH(QStringList, expected);
-
-    std::vector<std::unique_ptr<TestHoverable>> owned;
-    QList<HoverableItem*> items;
-    for (int i = 0; i < priorities.size(); ++i) {
-        owned.push_back(std::make_unique<TestHoverable>(priorities[i], QString(QChar('a' + i))));
-        items.append(owned.back().get());
+    void sortByHoverPriority()
+    {
+        // Higher priorities first; equal ones keep their order.
+        const std::pair<QList<int>, QString> cases[] = {{{}, ""}, {{4}, "a"}, {{1, 3, 2}, "bca"},
+            {{2, 5, 2, 5, -1}, "bdace"}, {{-1, 0, 1, 2}, "dcba"}};
+        for (const auto& [priorities, expected] : cases) {
+            std::vector<std::unique_ptr<TestHoverable>> owned;
+            QList<HoverableItem*> items;
+            for (int priority : priorities) {
+                owned.push_back(
+                    std::make_unique<TestHoverable>(priority, char('a' + items.size())));
+                items.append(owned.back().get());
+            }
+            HoverableItem::sortByHoverPriority(items);
+            QString tags;
+            for (HoverableItem* item : items)
+                tags += QLatin1Char(static_cast<TestHoverable*>(item)->tag);
+            QCOMPARE(tags, expected);
+        }
     }
-    HoverableItem::sortByHoverPriority(items);
-    QStringList tags;
-    for (HoverableItem* item : items)
-        tags << static_cast<TestHoverable*>(item)->tag;
-    QCOMPARE(tags, expected);
-}
 
-void tst_GraphicsItems::setHoveredNotifiesBeforeStoring()
-{
-    TestHoverable item(3, QStringLiteral("a"));
-    QVERIFY(!item.isHovered());
-    item.setHovered(false);
-    item.setHovered(true);
-    item.setHovered(true);
-    item.setHovered(false);
-    QCOMPARE(item.notified, (QList<QPair<bool, bool>> {{true, false}, {false, true}}));
+    void setHoveredNotifiesBeforeStoring()
+    {
+        TestHoverable item(3, 'a');
+        QVERIFY(!item.isHovered());
+        item.setHovered(false);
+        item.setHovered(true);
+        item.setHovered(true);
+        item.setHovered(false);
+        QCOMPARE(item.notified, (QList<QPair<bool, bool>> {{true, false}, {false, true}}));
 
-    item.setHovered(true);
-    TestHoverable copy(0, QStringLiteral("b"));
-    copy = item;
-    QVERIFY(copy.isHovered());
-    QCOMPARE(copy.getHoverPriority(), 3);
-}
+        item.setHovered(true);
+        TestHoverable copy(0, 'b');
+        copy = item;
+        QVERIFY(copy.isHovered());
+        QCOMPARE(copy.getHoverPriority(), 3);
+    }
 
-void tst_GraphicsItems::zoomAgnosticEllipseKeepsScreenSize_data()
-{
-    QTest::addColumn<bool>("agnostic");
-    QTest::addColumn<qreal>("zoom");
-    QTest::addColumn<int>("diameter");
+    void zoomAgnosticEllipseKeepsScreenSize()
+    {
+        const std::tuple<bool, qreal, int> cases[] = {
+            {true, 1.0, 20}, {true, 4.0, 20}, {true, 0.5, 20}, {false, 1.0, 20}, {false, 4.0, 80}};
+        for (const auto& [agnostic, zoom, diameter] : cases) {
+            ViewFixture fixture(zoom);
+            auto* ellipse = new CustomGraphicsEllipseItem(10.0f, 10.0f, QStringLiteral("ellipse"));
+            ellipse->setPen(Qt::NoPen);
+            ellipse->setBrush(Qt::red);
+            ellipse->setUseZoomAgnostic(agnostic);
+            fixture.scene.addItem(ellipse);
+            const int span = fixture.spanThroughOrigin(qRgb(255, 0, 0));
+            QVERIFY2(qAbs(span - diameter) <= 1, qPrintable(QString::number(span)));
+            // The hit region follows what was drawn.
+            QVERIFY(ellipse->isMouseOver(fixture.view.mapToScene(fixture.origin() + QPoint(9, 0))));
+        }
+    }
 
-    QTest::newRow("agnostic 1x") << true << 1.0 << 20;
-    QTest::newRow("agnostic 4x") << true << 4.0 << 20;
-    QTest::newRow("agnostic 0.5x") << true << 0.5 << 20;
-    QTest::newRow("scaled 1x") << false << 1.0 << 20;
-    QTest::newRow("scaled 4x") << false << 4.0 << 80;
-}
+    void rectAndPolygonPaths()
+    {
+        CustomGraphicsRectItem plain(QStringLiteral("plain"), nullptr, QRectF(0, 0, 40, 20), 0.0);
+        QVERIFY(plain.isUsingStroker());
+        QVERIFY(!plain.getHandleRightClick());
+        QCOMPARE(plain.getPainterPath(), rectPath(QRectF(0, 0, 40, 20)));
 
-void tst_GraphicsItems::zoomAgnosticEllipseKeepsScreenSize()
-{
-    QFETCH(bool, agnostic);
-    QFETCH(qreal, zoom);
-    QFETCH(int, diameter);
+        CustomGraphicsRectItem rounded(
+            QStringLiteral("rounded"), nullptr, QRectF(0, 0, 40, 20), 5.0);
+        QPainterPath expected;
+        expected.addRoundedRect(QRectF(0, 0, 40, 20), 5.0, 5.0, Qt::AbsoluteSize);
+        QCOMPARE(rounded.getPainterPath(), expected);
 
-    ViewFixture fixture(zoom);
-    auto* ellipse = new CustomGraphicsEllipseItem(10.0f, 10.0f, QStringLiteral("ellipse"));
-    ellipse->setPen(Qt::NoPen);
-    ellipse->setBrush(Qt::red);
-    ellipse->setUseZoomAgnostic(agnostic);
-    fixture.scene.addItem(ellipse);
+        // Hit along the stroke only: the middle of a large rectangle is not on it.
+        plain.setRect(QRectF(0, 0, 100, 100));
+        QVERIFY(!plain.isMouseOver(QPointF(50, 50)));
+        QVERIFY(plain.isMouseOver(QPointF(100, 50)));
 
-    const int span = spanThroughOrigin(fixture, qRgb(255, 0, 0));
-    QVERIFY2(qAbs(span - diameter) <= 1, qPrintable(QString::number(span)));
+        // A polygon is closed and hit inside.
+        const QPolygonF corner {QPointF(0, 0), QPointF(100, 0), QPointF(0, 100)};
+        CustomGraphicsPolygonItem item(QStringLiteral("polygon"), nullptr, corner);
+        QVERIFY(item.isMouseOver(QPointF(20, 20)));
+        QVERIFY(!item.isMouseOver(QPointF(80, 80)));
+        item.setPolygon(QPolygonF());
+        QVERIFY(item.getPainterPath().isEmpty());
+    }
 
-    // The hit region follows what was drawn.
-    const QPointF nineteenPixelsRight = fixture.view.mapToScene(fixture.origin() + QPoint(9, 0));
-    QVERIFY(ellipse->isMouseOver(nineteenPixelsRight));
-}
+    void pathItemZoomAgnosticPenWidth()
+    {
+        ViewFixture fixture(4.0);
+        auto* item = new CustomGraphicsPathItem(QStringLiteral("path"));
+        item->setPen(QPen(Qt::green, 6, Qt::SolidLine, Qt::FlatCap));
+        item->setPainterPath(linePath(QPointF(0, -10), QPointF(0, 10)));
+        item->setUseZoomAgnostic(true);
+        fixture.scene.addItem(item);
+        const int span = fixture.spanThroughOrigin(QColor(Qt::green).rgb());
+        QVERIFY2(qAbs(span - 6) <= 1, qPrintable(QString::number(span)));
+    }
 
-void tst_GraphicsItems::rectAndPolygonPaths()
-{
-    CustomGraphicsRectItem plain(QStringLiteral("plain"), nullptr, QRectF(0, 0, 40, 20), 0.0);
-    QVERIFY(plain.isUsingStroker());
-    QVERIFY(!plain.getHandleRightClick());
-    QCOMPARE(plain.getPainterPath(), rectPath(QRectF(0, 0, 40, 20)));
+    void splineHitNearLineOnly()
+    {
+        QGraphicsScene scene;
+        auto* spline = new CustomGraphicsSpline(QStringLiteral("spline"));
+        spline->setPen(QPen(Qt::black, 4));
+        QPainterPath curve;
+        curve.moveTo(0, 0);
+        curve.cubicTo(30, 60, 70, -60, 100, 0);
+        spline->setPainterPath(curve);
+        scene.addItem(spline);
 
-    CustomGraphicsRectItem rounded(QStringLiteral("rounded"), nullptr, QRectF(0, 0, 40, 20), 5.0);
-    QPainterPath expected;
-    expected.addRoundedRect(QRectF(0, 0, 40, 20), 5.0, 5.0, Qt::AbsoluteSize);
-    QCOMPARE(rounded.getPainterPath(), expected);
+        const QPointF onCurve = curve.pointAtPercent(0.5);
+        QVERIFY(spline->isMouseOver(onCurve + QPointF(0, 1.5)));
+        QVERIFY(!spline->isMouseOver(onCurve + QPointF(0, 6)));
+        QVERIFY(spline->isUnderMouse(onCurve + QPointF(0, 6), 5.0f));
+        QVERIFY(spline->contains(onCurve));
 
-    // Hit along the stroke only: the middle of a large rectangle is not on it.
-    plain.setRect(QRectF(0, 0, 100, 100));
-    QVERIFY(!plain.isMouseOver(QPointF(50, 50)));
-    QVERIFY(plain.isMouseOver(QPointF(100, 50)));
+        QSignalSpy left(spline, &CustomGraphicsItem::leftClicked);
+        spline->setVisible(false);
+        QVERIFY(!pressItem(spline, onCurve));
+        QCOMPARE(left.count(), 0);
+        spline->setVisible(true);
+        QVERIFY(pressItem(spline, onCurve));
+        QCOMPARE(left.count(), 1);
 
-    // A polygon is closed and hit inside.
-    const QPolygonF triangle {QPointF(0, 0), QPointF(100, 0), QPointF(0, 100)};
-    CustomGraphicsPolygonItem item(QStringLiteral("polygon"), nullptr, triangle);
-    QVERIFY(item.isMouseOver(QPointF(20, 20)));
-    QVERIFY(!item.isMouseOver(QPointF(80, 80)));
-    item.setPolygon(QPolygonF());
-    QVERIFY(item.getPainterPath().isEmpty());
-}
+        CustomGraphicsSpline empty(QStringLiteral("empty"));
+        QVERIFY(!empty.isMouseOver(QPointF(0, 0)));
+    }
 
-void tst_GraphicsItems::pathItemZoomAgnosticPenWidth()
-{
-    ViewFixture fixture(4.0);
-    auto* item = new CustomGraphicsPathItem(QStringLiteral("path"));
-    item->setPen(QPen(Qt::green, 6, Qt::SolidLine, Qt::FlatCap));
-    item->setPainterPath(linePath(QPointF(0, -10), QPointF(0, 10)));
-    item->setUseZoomAgnostic(true);
-    fixture.scene.addItem(item);
-    const int span = spanThroughOrigin(fixture, QColor(Qt::green).rgb());
-    QVERIFY2(qAbs(span - 6) <= 1, qPrintable(QString::number(span)));
-}
+    void strokerItemsDrawTheStroke()
+    {
+        const auto magenta = [](QRgb p) { return sameRgb(p, qRgb(255, 0, 255)); };
+        // A stroke ten units wide in a view zoomed to 2x. The opaque item fills it.
+        {
+            ViewFixture fixture(2.0);
+            auto* item = new CustomGraphicsStrokerOpaquePathItem(QStringLiteral("stroker"));
+            item->setPen(Qt::NoPen);
+            item->setBrush(Qt::magenta);
+            item->setStrokerPath(linePath(QPointF(-20, 0), QPointF(20, 0)));
+            item->setStrokerWidth(10);
+            item->setCapStyle(Qt::FlatCap);
+            item->setUseZoomAgnostic(true);
+            fixture.scene.addItem(item);
+            const int thickness = pixelBox(fixture.render(), magenta).height();
+            // Ten pixels thick on screen at 2x zoom: five scene units.
+            QCOMPARE(item->getPainterPath().boundingRect().height(), 5.0);
+            QVERIFY2(qAbs(thickness - 10) <= 1, qPrintable(QString::number(thickness)));
+        }
+        // The transparent one draws its outline only.
+        for (const auto& [zoomAgnostic, thickness] :
+            {std::pair {false, 20}, std::pair {true, 10}}) {
+            ViewFixture fixture(2.0);
+            auto* item = new CustomGraphicsStrokerTransparentPathItem(QStringLiteral("stroker"));
+            item->setPen(QPen(Qt::magenta, 0));
+            item->setBrush(Qt::green);
+            item->setStrokerPath(linePath(QPointF(-20, 0), QPointF(20, 0)));
+            item->setStrokerWidth(10);
+            item->setCapStyle(Qt::FlatCap);
+            item->setUseZoomAgnostic(zoomAgnostic);
+            fixture.scene.addItem(item);
+            const QImage image = fixture.render();
+            const int height = pixelBox(image, magenta).height();
+            QVERIFY2(qAbs(height - thickness) <= 1, qPrintable(QString::number(height)));
+            QVERIFY(pixelBox(image, [](QRgb p) { return sameRgb(p, qRgb(0, 255, 0)); }).isEmpty());
+        }
+    }
 
-void tst_GraphicsItems::splineHitNearLineOnly()
-{
-    QGraphicsScene scene;
-    auto* spline = new CustomGraphicsSpline(QStringLiteral("spline"));
-    spline->setPen(QPen(Qt::black, 4));
-    QPainterPath curve;
-    curve.moveTo(0, 0);
-    curve.cubicTo(30, 60, 70, -60, 100, 0);
-    spline->setPainterPath(curve);
-    scene.addItem(spline);
+    void pointDraggerProposesWithoutMoving()
+    {
+        ViewFixture fixture;
+        auto* parent = new QGraphicsRectItem(QRectF(0, 0, 1, 1));
+        parent->setPos(100, 0);
+        fixture.scene.addItem(parent);
+        auto* handle = new CustomGraphicsPointDraggerItem(QStringLiteral("handle"), parent);
+        handle->setPos(10, 10);
 
-    const QPointF onCurve = curve.pointAtPercent(0.5);
-    QVERIFY(spline->isMouseOver(onCurve + QPointF(0, 1.5)));
-    QVERIFY(!spline->isMouseOver(onCurve + QPointF(0, 6)));
-    QVERIFY(spline->isUnderMouse(onCurve + QPointF(0, 6), 5.0f));
-    QVERIFY(spline->contains(onCurve));
+        QStringList seen;
+        QList<QPointF> proposals;
+        connect(
+            handle, &CustomGraphicsPointDraggerItem::dragStarted, this, [&] { seen << "started"; });
+        connect(handle, &CustomGraphicsPointDraggerItem::positionChangeRequested, this,
+            [&](const QPointF& p) {
+                seen << "proposed";
+                proposals << p;
+            });
+        connect(handle, &CustomGraphicsPointDraggerItem::dragFinished, this,
+            [&] { seen << "finished"; });
 
-    spline->setVisible(false);
-    QGraphicsSceneMouseEvent press(QEvent::GraphicsSceneMousePress);
-    fillButtons(press, onCurve, Qt::LeftButton);
-    QSignalSpy left(spline, &CustomGraphicsItem::leftClicked);
-    spline->mousePressEvent(&press);
-    QCOMPARE(left.count(), 0);
-    spline->setVisible(true);
-    spline->mousePressEvent(&press);
-    QCOMPARE(left.count(), 1);
+        // Grabbed 2 units right of its centre; the offset is kept.
+        QVERIFY(sendMouse(fixture.scene, QEvent::GraphicsSceneMousePress, QPointF(112, 10)));
+        sendMouse(fixture.scene, QEvent::GraphicsSceneMouseMove, QPointF(132, 40));
+        sendMouse(fixture.scene, QEvent::GraphicsSceneMouseRelease, QPointF(132, 40), Qt::NoButton,
+            Qt::LeftButton);
+        QCOMPARE(seen, (QStringList {"started", "proposed", "finished"}));
+        QCOMPARE(proposals.first(), QPointF(30, 40));
+        QCOMPARE(handle->pos(), QPointF(10, 10));
 
-    CustomGraphicsSpline empty(QStringLiteral("empty"));
-    QVERIFY(!empty.isMouseOver(QPointF(0, 0)));
-}
+        // A press beside the handle starts nothing.
+        seen.clear();
+        QVERIFY(!sendMouse(fixture.scene, QEvent::GraphicsSceneMousePress, QPointF(150, 10)));
+        QVERIFY(seen.isEmpty());
+    }
 
-void tst_GraphicsItems::strokerOpaqueBuildsStrokeWhenPainted()
-{
-    ViewFixture fixture(2.0);
-    auto* item = new CustomGraphicsStrokerOpaquePathItem(QStringLiteral("stroker"));
-    item->setPen(Qt::NoPen);
-    item->setBrush(Qt::magenta);
-    item->setStrokerPath(linePath(QPointF(-20, 0), QPointF(20, 0)));
-    item->setStrokerWidth(10);
-    item->setCapStyle(Qt::FlatCap);
-    item->setUseZoomAgnostic(true);
-    fixture.scene.addItem(item);
-    const QImage image = fixture.render();
+    void pointDraggerHitKeepsScreenSize()
+    {
+        ViewFixture fixture(4.0);
+        auto* handle = new CustomGraphicsPointDraggerItem(QStringLiteral("handle"), nullptr, 6.0f);
+        handle->setBrush(Qt::red);
+        handle->setPen(Qt::NoPen);
+        fixture.scene.addItem(handle);
+        // Six pixels at 4x zoom are 1.5 scene units.
+        QVERIFY(handle->isMouseOver(QPointF(1.4, 0)));
+        QVERIFY(!handle->isMouseOver(QPointF(1.6, 0)));
+        const int span = fixture.spanThroughOrigin(qRgb(255, 0, 0));
+        QVERIFY2(qAbs(span - 12) <= 1, qPrintable(QString::number(span)));
+    }
 
-    // Ten pixels thick on screen at 2x zoom: five scene units.
-    QCOMPARE(item->getPainterPath().boundingRect().height(), 5.0);
-    const int thickness
-        = pixelBox(image, [](QRgb p) { return sameRgb(p, QColor(Qt::magenta).rgb()); }).height();
-    QVERIFY2(qAbs(thickness - 10) <= 1, qPrintable(QString::number(thickness)));
-}
+    // Label
 
-void tst_GraphicsItems::strokerTransparentDrawsOutlineOnly_data()
-{
-    QTest::addColumn<bool>("zoomAgnostic");
-    QTest::addColumn<int>("thickness");
-    // A stroke ten units wide in a view zoomed to 2x.
-    QTest::newRow("at the view's scale") << false << 20;
-    QTest::newRow("zoom-agnostic") << true << 10;
-}
+    void labelPartsAreNamedAndPlaced()
+    {
+        CustomGraphicsLabelItem label(QStringLiteral("ruler"), nullptr, 3.0, true);
+        QCOMPARE(label.getBackground()->objectName(), QStringLiteral("ruler_background"));
+        QCOMPARE(label.getIcon()->objectName(), QStringLiteral("ruler_icon"));
+        QCOMPARE(label.getTextItem()->objectName(), QStringLiteral("ruler_text"));
+        QCOMPARE(label.getIcon()->parentItem(), &label);
+        QCOMPARE(label.getCustomChildItems(),
+            (QList<CustomGraphicsItem*> {label.getBackground(), label.getTextItem()}));
+        // Box, icon and text stack in that order; the box is hidden until asked for.
+        QVERIFY(label.getBackground()->zValue() < label.getIcon()->zValue());
+        QVERIFY(label.getIcon()->zValue() < label.getTextItem()->zValue());
+        QVERIFY(!label.getBackground()->isVisible());
+        label.fillBackground(true);
+        QVERIFY(label.getBackground()->isVisible());
+        QVERIFY(label.getTextItem()->hasOutline());
+        QVERIFY(!CustomGraphicsLabelItem(QStringLiteral("plain"), nullptr, 0.0, false)
+                     .getTextItem()
+                     ->hasOutline());
+    }
 
-void tst_GraphicsItems::strokerTransparentDrawsOutlineOnly()
-{
-    QFETCH(bool, zoomAgnostic);
-    QFETCH(int, thickness);
-    ViewFixture fixture(2.0);
-    auto* item = new CustomGraphicsStrokerTransparentPathItem(QStringLiteral("stroker"));
-    item->setPen(QPen(Qt::magenta, 0));
-    item->setBrush(Qt::green);
-    item->setStrokerPath(linePath(QPointF(-20, 0), QPointF(20, 0)));
-    item->setStrokerWidth(10);
-    item->setCapStyle(Qt::FlatCap);
-    item->setUseZoomAgnostic(zoomAgnostic);
-    fixture.scene.addItem(item);
-    const QImage image = fixture.render();
+    void labelLayout()
+    {
+        // Text, icon size, wrapped to the text or a fixed box, the icon's size as shown.
+        const std::tuple<QString, QSize, bool, QSize, QSizeF> cases[]
+            = {{"12.5 mm", {}, true, {}, {0, 0}}, {"12.5 mm", {32, 32}, true, {}, {16, 16}},
+                {"x", {40, 20}, true, {}, {16, 8}}, {"12.5 mm", {}, false, {50, 20}, {0, 0}},
+                {"a", {16, 16}, false, {50, 20}, {16, 16}}, {"", {}, true, {}, {0, 0}}};
+        for (const auto& [text, iconSize, wrap, fixedSize, iconShown] : cases) {
+            CustomGraphicsLabelItem label(QStringLiteral("label"));
+            label.setText(text);
+            if (iconSize.isValid())
+                label.setIcon(solidPixmap(iconSize.width(), iconSize.height()));
+            label.wrapSizeToText(wrap);
+            if (fixedSize.isValid()) {
+                label.setWidth(fixedSize.width());
+                label.setHeight(fixedSize.height());
+            }
 
-    const QRect outline
-        = pixelBox(image, [](QRgb p) { return sameRgb(p, QColor(Qt::magenta).rgb()); });
-    QVERIFY2(
-        qAbs(outline.height() - thickness) <= 1, qPrintable(QString::number(outline.height())));
-    QVERIFY(pixelBox(image, [](QRgb p) { return sameRgb(p, QColor(Qt::green).rgb()); }).isEmpty());
-}
+            const qreal iw = iconShown.width();
+            QCOMPARE(label.getIcon()->boundingRect().size(), iconShown);
+            QCOMPARE(label.getIcon()->pos(), QPointF(-iw - 3, -iconShown.height()));
+            QCOMPARE(label.getTextItem()->pos(), QPointF(0, 0));
+            const QRectF textRect = label.getTextBoundingRect();
+            const float tw = float(textRect.width());
+            const float th = float(textRect.height());
+            const QRectF expected = wrap
+                ? QRectF(-8 - iw, 5, tw + 10 + float(iw) + 6, -th - 10)
+                : QRectF(-8 - iw, 5, fixedSize.width(), -fixedSize.height());
+            QCOMPARE(label.getBackground()->getRect(), expected);
+            if (wrap) {
+                // The box reaches 8 pixels beyond the text and icon, and from 5 below the
+                // baseline to 5 above the text.
+                QCOMPARE(expected.normalized().right(), tw + 8.0);
+                QCOMPARE(float(expected.normalized().top()), -(th + 5.0f));
+            }
+        }
+    }
 
-void tst_GraphicsItems::pixmapItemPressRules_data()
-{
-    QTest::addColumn<Qt::MouseButtons>("buttons");
-    QTest::addColumn<bool>("visible");
-    QTest::addColumn<QStringList>("expected");
+    void labelFontFollowsStyleAndSetting()
+    {
+        setLabelFontSize(17);
+        CustomGraphicsLabelItem label(QStringLiteral("label"));
+        const QFont font = label.getTextItem()->getFont();
+        QCOMPARE(font.family(),
+            StyleManager::manager().getFontFamilyForQFont(
+                QStringLiteral("@MEASUREMENT_LABEL_FONT")));
+        QVERIFY(!font.family().isEmpty());
+        QCOMPARE(font.pixelSize(), 17);
+        QCOMPARE(font.letterSpacingType(), QFont::PercentageSpacing);
+        QCOMPARE(font.letterSpacing(), 110.0);
 
-    QTest::newRow("left") << Qt::MouseButtons(Qt::LeftButton) << true << QStringList {"left"};
-    QTest::newRow("right") << Qt::MouseButtons(Qt::RightButton) << true << QStringList {"right"};
-    QTest::newRow("both") << (Qt::LeftButton | Qt::RightButton) << true << QStringList();
-    QTest::newRow("hidden") << Qt::MouseButtons(Qt::LeftButton) << false << QStringList();
-}
+        label.setText(QStringLiteral("42 mm"));
+        const QRectF boxBefore = label.getBackground()->getRect();
+        const qreal widthBefore = label.getTextBoundingRect().width();
+        setLabelFontSize(24);
+        QCOMPARE(label.getTextItem()->getFont().pixelSize(), 24);
+        QVERIFY(label.getTextBoundingRect().width() > widthBefore);
+        // The size change alone does not lay the label out again.
+        QCOMPARE(label.getBackground()->getRect(), boxBefore);
+        label.setText(QStringLiteral("42 mm "));
+        QVERIFY(label.getBackground()->getRect().width() > boxBefore.width());
+        label.setFontSize(9);
+        QCOMPARE(label.getTextItem()->getFont().pixelSize(), 9);
 
-void tst_GraphicsItems::pixmapItemPressRules()
-{
-    QFETCH(Qt::MouseButtons, buttons);
-    QFETCH(bool, visible);
-    QFETCH(QStringList, expected);
+        // The constructor applies a lower bound of 1 to the setting; later changes do not, and
+        // QFont refuses a size of 0, keeping the one it has.
+        setLabelFontSize(0);
+        CustomGraphicsLabelItem tiny(QStringLiteral("tiny"));
+        QCOMPARE(tiny.getTextItem()->getFont().pixelSize(), 1);
+        setLabelFontSize(5);
+        QCOMPARE(tiny.getTextItem()->getFont().pixelSize(), 5);
+        setLabelFontSize(0);
+        QCOMPARE(tiny.getTextItem()->getFont().pixelSize(), 5);
+    }
 
-    QPixmap pixmap(10, 10);
-    pixmap.fill(Qt::red);
-    QGraphicsScene scene;
-    auto* item = new CustomGraphicsPixmapItem(QStringLiteral("pixmap"), nullptr, pixmap);
-    scene.addItem(item);
-    item->setVisible(visible);
-    QStringList seen;
-    connect(item, &CustomGraphicsPixmapItem::leftClicked, this, [&] { seen << "left"; });
-    connect(item, &CustomGraphicsPixmapItem::rightClicked, this, [&] { seen << "right"; });
+    void labelHitShapeInZoomedView()
+    {
+        ViewFixture fixture(2.0);
+        auto* label = new CustomGraphicsLabelItem(QStringLiteral("label"));
+        fixture.scene.addItem(label);
+        label->setPos(10, 10);
+        label->setText(QStringLiteral("3.4 cm"));
+        label->wrapSizeToText(false);
+        label->setWidth(60);
+        label->setHeight(20);
 
-    QGraphicsSceneMouseEvent press(QEvent::GraphicsSceneMousePress);
-    fillButtons(press, QPointF(5, 5), buttons);
-    item->mousePressEvent(&press);
-    QCOMPARE(seen, expected);
-    QCOMPARE(press.isAccepted(), !expected.isEmpty());
+        // The box is (-8, 5, 60, -20) in pixels: (-4, -7.5) to (26, 2.5) in scene units at 2x.
+        QCOMPARE(label->shape().boundingRect(), QRectF(QPointF(-4, -7.5), QPointF(26, 2.5)));
+        QCOMPARE(label->getClickableRegion().boundingRect(), label->shape().boundingRect());
+        QVERIFY(label->isMouseOver(QPointF(10 + 25, 10 - 7)));
+        QVERIFY(!label->isMouseOver(QPointF(10 + 27, 10)));
+        QVERIFY(!label->isMouseOver(QPointF(10, 10 + 3)));
+        QVERIFY(label->boundingRect().contains(label->shape().boundingRect()));
+    }
 
-    QSignalSpy visibility(item, &CustomGraphicsPixmapItem::visibilityChanged);
-    item->setVisible(!visible);
-    QCOMPARE(visibility.count(), 1);
-}
+    void labelClicksOnPartsReportedByLabel()
+    {
+        ViewFixture fixture;
+        auto* label = new CustomGraphicsLabelItem(QStringLiteral("label"));
+        fixture.scene.addItem(label);
+        label->setText(QStringLiteral("MMMM"));
+        label->setIcon(solidPixmap(16, 16));
+        label->fillBackground(true);
+        QStringList seen;
+        recordClicks(label, seen);
 
-void tst_GraphicsItems::svgItemReportsClicks()
-{
-    QByteArray svg = "<svg xmlns='http://www.w3.org/2000/svg' width='20' height='20'>"
-                     "<rect width='20' height='20' fill='red'/></svg>";
-    QSvgRenderer renderer(svg);
-    QGraphicsScene scene;
-    auto* item = new CustomGraphicsSvgItem(QStringLiteral("svg"));
-    item->setSharedRenderer(&renderer);
-    scene.addItem(item);
-    QSignalSpy left(item, &CustomGraphicsSvgItem::leftClicked);
-    QSignalSpy released(item, &CustomGraphicsSvgItem::mouseReleased);
+        const QPoint onText = fixture.view.mapFromScene(label->getTextBoundingRect().center());
+        QTest::mouseClick(fixture.view.viewport(), Qt::LeftButton, {}, onText);
+        QTest::mouseClick(
+            fixture.view.viewport(), Qt::LeftButton, {}, fixture.view.mapFromScene(-11, -8));
+        QTest::mouseClick(fixture.view.viewport(), Qt::RightButton, {}, onText);
+        // Nothing takes a press beside the label, and QTest says so.
+        QTest::ignoreMessage(
+            QtWarningMsg, "Mouse event \"MousePress\" not accepted by receiving widget");
+        QTest::mouseClick(
+            fixture.view.viewport(), Qt::LeftButton, {}, fixture.view.mapFromScene(-60, 0));
+        QCOMPARE(seen, (QStringList {"left", "left", "right"}));
 
-    pressThroughScene(scene, QPointF(10, 10));
-    sendMouse(
-        scene, QEvent::GraphicsSceneMouseRelease, QPointF(10, 10), Qt::LeftButton, Qt::NoButton);
-    QCOMPARE(left.count(), 1);
-    QCOMPARE(released.count(), 1);
-}
+        // Hiding tells the scene the area the label covered.
+        QSignalSpy changed(&fixture.scene, &QGraphicsScene::changed);
+        label->setVisible(false);
+        QVERIFY(!label->isVisible());
+        QCOMPARE(changed.count(), 1);
+        QCOMPARE(changed.at(0).at(0).value<QList<QRectF>>(), QList<QRectF> {label->boundingRect()});
+    }
 
-void tst_GraphicsItems::pointDraggerProposesWithoutMoving()
-{
-    ViewFixture fixture;
-    auto* parent = new QGraphicsRectItem(QRectF(0, 0, 1, 1));
-    parent->setPos(100, 0);
-    fixture.scene.addItem(parent);
-    auto* handle = new CustomGraphicsPointDraggerItem(QStringLiteral("handle"), parent);
-    handle->setPos(10, 10);
+    void labelRendersBoxAndTextWhereLaidOut()
+    {
+        ViewFixture fixture(3.0);
+        auto* label = new CustomGraphicsLabelItem(QStringLiteral("label"));
+        fixture.scene.addItem(label);
+        label->setText(QStringLiteral("HHHH"));
+        label->fillBackground(true);
+        label->setBackgroundBrush(QBrush(Qt::blue));
+        label->setBackgroundOutlinePen(Qt::NoPen);
+        const QImage image = fixture.render();
 
-    QStringList seen;
-    QList<QPointF> proposals;
-    connect(handle, &CustomGraphicsPointDraggerItem::dragStarted, this, [&] { seen << "started"; });
-    connect(handle, &CustomGraphicsPointDraggerItem::positionChangeRequested, this,
-        [&](const QPointF& p) {
-            seen << "proposed";
-            proposals << p;
-        });
-    connect(
-        handle, &CustomGraphicsPointDraggerItem::dragFinished, this, [&] { seen << "finished"; });
+        // The label ignores the zoom: its box is laid out in pixels around the origin's pixel.
+        const QPoint origin = fixture.origin();
+        const QRect box
+            = label->getBackground()->getRect().normalized().toRect().translated(origin);
+        const QRgb blue = qRgb(0, 0, 255);
+        QCOMPARE(image.pixel(box.left() + 1, box.bottom() - 1), blue);
+        QCOMPARE(image.pixel(box.right() - 1, box.top() + 1), blue);
+        QVERIFY(image.pixel(box.left() - 2, box.center().y()) != blue);
+        QVERIFY(image.pixel(box.right() + 2, box.center().y()) != blue);
+        QVERIFY(image.pixel(box.center().x(), box.top() - 2) != blue);
 
-    // Grabbed 2 units right of its centre; the offset is kept.
-    QVERIFY(pressThroughScene(fixture.scene, QPointF(112, 10)));
-    sendMouse(fixture.scene, QEvent::GraphicsSceneMouseMove, QPointF(132, 40), Qt::NoButton,
-        Qt::LeftButton);
-    sendMouse(fixture.scene, QEvent::GraphicsSceneMouseRelease, QPointF(132, 40), Qt::LeftButton,
-        Qt::NoButton);
+        // Yellow glyphs lie inside the text's rectangle above the baseline, none outside it.
+        const QRect text = label->getTextBoundingRect().toAlignedRect().translated(origin);
+        int inside = 0;
+        int outside = 0;
+        for (int y = 0; y < image.height(); ++y) {
+            for (int x = 0; x < image.width(); ++x) {
+                if (isYellow(image.pixel(x, y)))
+                    ++(text.adjusted(-1, -1, 1, 1).contains(x, y) ? inside : outside);
+            }
+        }
+        QVERIFY(inside > 20);
+        QCOMPARE(outside, 0);
+    }
 
-    QCOMPARE(seen, (QStringList {"started", "proposed", "finished"}));
-    QCOMPARE(proposals.first(), QPointF(30, 40));
-    QCOMPARE(handle->pos(), QPointF(10, 10));
+    void labelPaintsHitsAndHoversInEitherScene_data()
+    {
+        QTest::addColumn<bool>("library");
+        QTest::newRow("stock scene, BSP index") << false;
+        QTest::newRow("library scene, no index") << true;
+    }
 
-    // A press beside the handle starts nothing.
-    seen.clear();
-    QVERIFY(!pressThroughScene(fixture.scene, QPointF(150, 10)));
-    QVERIFY(seen.isEmpty());
-}
+    void labelPaintsHitsAndHoversInEitherScene()
+    {
+        QFETCH(bool, library);
+        ViewFixture fixture(1.0, library ? new GraphicsSceneExtra : nullptr);
+        QGraphicsScene* scene = &fixture.scene;
+        QCOMPARE(scene->itemIndexMethod(),
+            library ? QGraphicsScene::NoIndex : QGraphicsScene::BspTreeIndex);
+        auto* label = new CustomGraphicsLabelItem(QStringLiteral("label"));
+        label->setText(QStringLiteral("HHHH"));
+        label->fillBackground(true);
+        label->setBackgroundBrush(QBrush(Qt::blue));
+        label->setBackgroundOutlinePen(Qt::NoPen);
+        label->setAcceptHoverEvents(true);
+        scene->addItem(label);
+        label->setPos(40, 30);
 
-void tst_GraphicsItems::pointDraggerHitKeepsScreenSize()
-{
-    ViewFixture fixture(4.0);
-    auto* handle = new CustomGraphicsPointDraggerItem(QStringLiteral("handle"), nullptr, 6.0f);
-    handle->setBrush(Qt::red);
-    handle->setPen(Qt::NoPen);
-    fixture.scene.addItem(handle);
-    // Six pixels at 4x zoom are 1.5 scene units.
-    QVERIFY(handle->isMouseOver(QPointF(1.4, 0)));
-    QVERIFY(!handle->isMouseOver(QPointF(1.6, 0)));
+        // Before any hit test the bounds are the box as laid out: it runs upwards from the
+        // baseline.
+        const QRectF box = label->getBackground()->getRect();
+        QVERIFY(box.height() < 0);
+        QCOMPARE(label->boundingRect(), box);
 
-    const int span = spanThroughOrigin(fixture, qRgb(255, 0, 0));
-    QVERIFY2(qAbs(span - 12) <= 1, qPrintable(QString::number(span)));
-}
+        // Left of the text, inside the box: only the box paints there.
+        const QPointF inBoxHere(box.left() + 2, -2);
+        const QPointF inBox = label->mapToScene(inBoxHere);
+        QCOMPARE(fixture.render().pixel(fixture.view.mapFromScene(inBox)), qRgb(0, 0, 255));
+        QVERIFY(scene->items(inBox).contains(label));
+        QVERIFY(!scene->items(label->mapToScene(QPointF(box.left() - 4, -2))).contains(label));
+
+        fixture.view.show();
+        QVERIFY(QTest::qWaitForWindowExposed(&fixture.view));
+        QSignalSpy entered(label, &CustomGraphicsItem::mouseHoverEnter);
+        QSignalSpy left(label, &CustomGraphicsItem::mouseHoverLeave);
+        const auto moveTo = [&](const QPointF& p) {
+            QTest::mouseMove(
+                fixture.view.viewport(), fixture.view.mapFromScene(label->mapToScene(p)));
+        };
+        moveTo(QPointF(-100, -2));
+        QCOMPARE(entered.count(), 0);
+        moveTo(inBoxHere);
+        QCOMPARE(entered.count(), 1);
+        moveTo(QPointF(0, 40));
+        QCOMPARE(left.count(), 1);
+    }
+
+    // Line set
+
+    void closedPolygons_data()
+    {
+        QTest::addColumn<Lines>("lines");
+        QTest::addColumn<Loops>("expected");
+
+        const Lines sq = polygonLines(square);
+        const Lines tri = polygonLines(triangle);
+        QTest::newRow("empty") << Lines() << Loops();
+        QTest::newRow("square in order") << sq << Loops {square};
+        QTest::newRow("square shuffled and flipped")
+            << Lines {sq[2], reversed({sq[0]})[0], sq[3], reversed({sq[1]})[0]} << Loops {square};
+        QTest::newRow("two loops interleaved") << Lines {sq[0], tri[1], sq[1], sq[2], tri[0], sq[3],
+            tri[2]} << Loops {square, triangle};
+        QTest::newRow("open chain") << Lines {QLineF(0, 0, 10, 0), QLineF(10, 0, 10, 10),
+            QLineF(10, 10, 20, 10)} << Loops();
+        QTest::newRow("loop with dangling tail")
+            << (sq + Lines {QLineF(100, 100, 150, 150), QLineF(150, 150, 160, 200)})
+            << Loops {square};
+        QTest::newRow("loop with a branch off a corner and a separate chain")
+            << (Lines {QLineF(100, 0, 140, -40)} + sq + Lines {QLineF(500, 500, 600, 500)})
+            << Loops {square};
+        // Two triangles sharing one corner: a branching point of four segments.
+        const QList<QPointF> left {{0, 0}, {-50, -50}, {-50, 50}};
+        const QList<QPointF> right {{0, 0}, {50, -50}, {50, 50}};
+        QTest::newRow("figure eight")
+            << (polygonLines(left) + reversed(polygonLines(right))) << Loops {left, right};
+        // End points that differ by far less than the relative tolerance still meet.
+        QTest::newRow("fuzzy end points") << Lines {QLineF(0, 0, 1e6, 0),
+            QLineF(1e6 * (1 + 1e-14), 0, 1e6, 1e6), QLineF(1e6, 1e6 * (1 - 1e-14), 0, 0)}
+                                          << Loops {{{0, 0}, {1e6, 0}, {1e6, 1e6}}};
+        QTest::newRow("end points too far apart")
+            << Lines {QLineF(0, 0, 100, 0), QLineF(100.001, 0, 100, 100), QLineF(100, 100, 0, 0)}
+            << Loops();
+        QTest::newRow("duplicate segment is one edge")
+            << (tri + Lines {tri[0]}) << Loops {triangle};
+    }
+
+    void closedPolygons()
+    {
+        QFETCH(Lines, lines);
+        QFETCH(Loops, expected);
+        const QPainterPath path = CustomGraphicsLineSetItem::createPathWithClosedPolygons(lines);
+        QCOMPARE(path.isEmpty(), expected.isEmpty());
+        QCOMPARE(loopsOf(path), normalised(expected));
+    }
+
+    void closedOutlinePoints()
+    {
+        const Lines sq = polygonLines(square);
+        const std::pair<Lines, int> cases[]
+            = {{sq, 4}, {{sq[0], sq[2], reversed({sq[3]})[0], reversed({sq[1]})[0]}, 4},
+                {polygonLines({{0, 0}, {10, -5}, {20, 0}, {15, 10}, {5, 10}}), 5}};
+        for (const auto& [lines, count] : cases) {
+            const QList<QPointF> outline
+                = CustomGraphicsLineSetItem::getPointsForClosedPolygonFromLines(lines);
+            QCOMPARE(outline.size(), count);
+            QCOMPARE(outline.first(), lines.first().p1());
+            QCOMPARE(outline.at(1), lines.first().p2());
+            // Every consecutive pair of the outline (closing pair included) is one of the lines.
+            for (qsizetype i = 0; i < outline.size(); ++i) {
+                const QLineF edge(outline[i], outline[(i + 1) % outline.size()]);
+                QVERIFY(lines.contains(edge) || lines.contains(QLineF(edge.p2(), edge.p1())));
+            }
+        }
+    }
+
+    void lineSetModes()
+    {
+        const Lines sq = polygonLines(square);
+        const Lines chain {QLineF(0, 0, 100, 0), QLineF(100, 0, 100, 100)};
+        // Lines, fill colour, closed, hit inside, hit on the edge.
+        const std::tuple<Lines, QColor, bool, bool, bool> cases[]
+            = {{{}, Qt::red, false, false, false}, {sq, QColor(), false, false, true},
+                {sq, Qt::red, true, true, true}, {chain, Qt::red, false, false, true}};
+        for (const auto& [lines, fill, closed, hitInside, hitOnEdge] : cases) {
+            QGraphicsScene scene;
+            auto* item = new CustomGraphicsLineSetItem(QStringLiteral("lines"));
+            scene.addItem(item);
+            QVERIFY(item->isUsingStroker());
+            item->setPen(QPen(Qt::black, 4));
+            item->setFillColor(fill);
+            item->setLineSet(lines);
+            QCOMPARE(item->getLineSet(), lines);
+            QCOMPARE(item->isClosed(), closed);
+            QCOMPARE(item->isUsingStroker(), !closed);
+            QCOMPARE(item->getPainterPath().isEmpty(), lines.isEmpty());
+            QCOMPARE(item->isMouseOver(QPointF(50, 50)), hitInside);
+            QCOMPARE(item->isMouseOver(QPointF(99, 50)), hitOnEdge);
+            if (!closed && !lines.isEmpty()) {
+                // Loose segments: one sub-path each, in list order.
+                QCOMPARE(item->getPainterPath().toSubpathPolygons().size(), lines.size());
+                QCOMPARE(item->getPainterPath().elementAt(0), lines.first().p1());
+            }
+        }
+    }
+
+    void lineSetFillRebuildAndClear()
+    {
+        CustomGraphicsLineSetItem item(QStringLiteral("lines"));
+        item.setLineSet(polygonLines(square));
+        const QPainterPath loose = item.getPainterPath();
+        // The fill colour alone does not rebuild the path; the next line set does.
+        item.setFillColor(Qt::green);
+        QVERIFY(!item.isClosed());
+        QCOMPARE(item.getPainterPath(), loose);
+        item.setLineSet(item.getLineSet());
+        QVERIFY(item.isClosed());
+
+        CustomGraphicsLineSetItem closed(QStringLiteral("closed"));
+        closed.setClosedLineSet(reversed(polygonLines(square)));
+        QVERIFY(closed.isClosed());
+        QVERIFY(!closed.isUsingStroker());
+        QVERIFY(closed.isMouseOver(QPointF(50, 50)));
+        QCOMPARE(closed.getPainterPath().elementCount(), 4);
+        closed.clearLineSet();
+        QVERIFY(closed.getLineSet().isEmpty());
+        QVERIFY(closed.getPainterPath().isEmpty());
+        QVERIFY(!closed.isClosed());
+        QVERIFY(!closed.isMouseOver(QPointF(50, 50)));
+    }
+
+    void lineSetRendersFilledLoopAndLooseSegments()
+    {
+        QGraphicsScene scene(-50, -50, 400, 200);
+        auto* filled = new CustomGraphicsLineSetItem(QStringLiteral("filled"));
+        filled->setPen(QPen(Qt::black, 2));
+        filled->setFillColor(Qt::red);
+        filled->setLineSet(polygonLines(square));
+        auto* loose = new CustomGraphicsLineSetItem(QStringLiteral("loose"));
+        loose->setPen(QPen(Qt::black, 2));
+        loose->setLineSet(polygonLines(triangle));
+        scene.addItem(filled);
+        scene.addItem(loose);
+
+        QImage image(400, 200, QImage::Format_ARGB32);
+        image.fill(Qt::white);
+        QPainter painter(&image);
+        scene.render(&painter, QRectF(0, 0, 400, 200), QRectF(-50, -50, 400, 200));
+        painter.end();
+        const auto at = [&](qreal x, qreal y) { return image.pixel(int(x + 50), int(y + 50)); };
+        QCOMPARE(at(50, 50), qRgb(255, 0, 0));
+        // The fill is laid over the outline: only the outer half of the pen stays black.
+        QCOMPARE(at(-1, 50), qRgb(0, 0, 0));
+        QCOMPARE(at(250, 40), qRgb(255, 255, 255)); // inside the unfilled triangle
+        QCOMPARE(at(250, 0), qRgb(0, 0, 0));
+    }
+
+    // Text
+
+    void textTypingReportsChanges()
+    {
+        QGraphicsScene scene;
+        auto* item = new CustomGraphicsTextItem;
+        scene.addItem(item);
+        StyleManager& style = StyleManager::manager();
+        QCOMPARE(item->font().family(),
+            style.getFontFamilyForQFont(QStringLiteral("@MEASUREMENT_LABEL_FONT")));
+        QCOMPARE(item->font().pixelSize(),
+            style.getFontSize(QStringLiteral("@MEASUREMENT_LABEL_FONT_SIZE_3D")));
+        item->setEditing(true);
+        QCOMPARE(item->textInteractionFlags(), Qt::TextEditable);
+        QSignalSpy changed(item, &CustomGraphicsTextItem::textChanged);
+
+        typeText(scene, item, QStringLiteral("ab"));
+        QCOMPARE(item->toPlainText(), QStringLiteral("ab"));
+        QCOMPARE(changed.count(), 2);
+        QCOMPARE(changed.at(0).at(0).toString(), QStringLiteral("a"));
+        QCOMPARE(changed.at(1).at(0).toString(), QStringLiteral("ab"));
+
+        // Return and Enter are taken but never break the line.
+        QVERIFY(sendKey(scene, item, Qt::Key_Return, QStringLiteral("\r")));
+        QVERIFY(sendKey(scene, item, Qt::Key_Enter, QStringLiteral("\r")));
+        QCOMPARE(item->toPlainText(), QStringLiteral("ab"));
+        QCOMPARE(changed.count(), 2);
+
+        // Typing needs editing switched on by the owner.
+        item->setEditing(false);
+        QVERIFY(!item->isSelected());
+        QVERIFY(!item->textCursor().hasSelection());
+        typeText(scene, item, QStringLiteral("c"));
+        QCOMPARE(item->toPlainText(), QStringLiteral("ab"));
+    }
+
+    void textLengthLimitedAndPastedBreaksBecomeBlanks()
+    {
+        QGraphicsScene scene;
+        auto* item = new CustomGraphicsTextItem;
+        scene.addItem(item);
+        item->setPlainText(QString(255, QLatin1Char('x')));
+        item->setEditing(true);
+        moveCursorToEnd(item);
+        typeText(scene, item, QStringLiteral("y"));
+        QCOMPARE(item->toPlainText().size(), 256);
+        // Full: further letters are refused but still taken.
+        QVERIFY(sendKey(scene, item, Qt::Key_Z, QStringLiteral("z")));
+        QCOMPARE(item->toPlainText().size(), 256);
+        QVERIFY(!item->toPlainText().contains(QLatin1Char('z')));
+        moveCursorToEnd(item);
+        sendKey(scene, item, Qt::Key_Backspace);
+        QCOMPARE(item->toPlainText().size(), 255);
+
+        item->setPlainText(QString());
+        QSignalSpy changed(item, &CustomGraphicsTextItem::textChanged);
+        QGuiApplication::clipboard()->setText(QStringLiteral("one\ntwo\r\nthree"));
+        sendKey(scene, item, Qt::Key_V, QString(), Qt::ControlModifier);
+        QCOMPARE(item->toPlainText(), QStringLiteral("one two three"));
+        QCOMPARE(changed.last().at(0).toString(), QStringLiteral("one two three"));
+        QCOMPARE(item->document()->blockCount(), 1);
+
+        item->setPlainText(QString());
+        QGuiApplication::clipboard()->setText(QString(300, QLatin1Char('q')));
+        sendKey(scene, item, Qt::Key_V, QString(), Qt::ControlModifier);
+        QCOMPARE(item->toPlainText(), QString(256, QLatin1Char('q')));
+    }
+
+    void textEmptyItemShowsCaretUntilFirstChange()
+    {
+        ViewFixture fixture;
+        auto* item = new CustomGraphicsTextItem;
+        fixture.scene.addItem(item);
+        const QRect caret = pixelBox(fixture.render(), isYellow);
+        QVERIFY(!caret.isEmpty());
+        QVERIFY(caret.width() <= 2);
+        QVERIFY(caret.height() >= 10);
+        QVERIFY(qAbs(caret.left() - fixture.view.mapFromScene(item->pos()).x()) <= 1);
+
+        item->setEditing(true);
+        typeText(fixture.scene, item, QStringLiteral("a"));
+        QVERIFY(pixelBox(fixture.render(), isYellow).width() > 2);
+        moveCursorToEnd(item);
+        sendKey(fixture.scene, item, Qt::Key_Backspace);
+        QVERIFY(item->toPlainText().isEmpty());
+        item->setEditing(false);
+        QVERIFY(pixelBox(fixture.render(), isYellow).isEmpty());
+    }
+
+    void textPressUnderMouse()
+    {
+        // Button, under the mouse, on the item, editing before, reported, editing after.
+        const std::tuple<Qt::MouseButton, bool, bool, bool, QStringList, bool> cases[]
+            = {{Qt::LeftButton, true, true, false, {"left"}, false},
+                {Qt::LeftButton, true, true, true, {"left"}, true},
+                {Qt::LeftButton, false, true, true, {}, false},
+                {Qt::RightButton, true, true, true, {"right"}, false},
+                {Qt::MiddleButton, true, true, true, {}, false},
+                {Qt::RightButton, true, false, true, {}, true}};
+        for (const auto& [button, underMouse, onItem, editingBefore, expected, editingAfter] :
+            cases) {
+            QStringList seen;
+            ViewFixture fixture;
+            auto* item = new CustomGraphicsTextItem;
+            fixture.scene.addItem(item);
+            item->setPlainText(QStringLiteral("note"));
+            item->setEditing(editingBefore);
+            recordClicks(item, seen);
+
+            const QPointF onText = item->mapToScene(item->shape().boundingRect().center());
+            QGraphicsSceneMouseEvent press(QEvent::GraphicsSceneMousePress);
+            fill(press, onItem ? onText : QPointF(-100, -100), button);
+            item->mousePressEventUnderMouse(&press, underMouse);
+            QCOMPARE(seen, expected);
+            QCOMPARE(item->isEditing(), editingAfter);
+            if (!expected.isEmpty())
+                QVERIFY(press.isAccepted());
+            // A hidden item is never hit.
+            item->setVisible(false);
+            seen.clear();
+            item->mousePressEventUnderMouse(&press, underMouse);
+            QVERIFY(seen.isEmpty());
+        }
+    }
+
+    void textShapeFollowsZoomAndMovesReportedOnlyWhileEditing()
+    {
+        ViewFixture fixture(2.0);
+        auto* item = new CustomGraphicsTextItem;
+        fixture.scene.addItem(item);
+        item->setPlainText(QStringLiteral("annotation"));
+        QCOMPARE(item->shape().boundingRect().size(), item->boundingRect().size() / 2.0);
+
+        QSignalSpy moved(item, &CustomGraphicsTextItem::mouseMoved);
+        QSignalSpy released(item, &CustomGraphicsTextItem::mouseReleased);
+        QGraphicsSceneMouseEvent move(QEvent::GraphicsSceneMouseMove);
+        QGraphicsSceneMouseEvent release(QEvent::GraphicsSceneMouseRelease);
+        item->mouseMoveEvent(&move);
+        QCOMPARE(moved.count(), 0);
+        item->setEditing(true);
+        item->mouseMoveEvent(&move);
+        QCOMPARE(moved.count(), 1);
+        item->mouseReleaseEvent(&release);
+        QCOMPARE(released.count(), 1);
+    }
+
+    void simpleTextCentring()
+    {
+        // Centred, zoom-agnostic, zoom.
+        const std::tuple<bool, bool, qreal> cases[]
+            = {{true, false, 1.0}, {true, true, 3.0}, {false, false, 1.0}};
+        for (const auto& [centered, agnostic, zoom] : cases) {
+            ViewFixture fixture(zoom);
+            // No descenders: the glyphs' box ends on the baseline.
+            auto* item = new CustomGraphicsSimpleTextItem(
+                QStringLiteral("simple"), nullptr, QStringLiteral("HEX"), centered);
+            QCOMPARE(item->getFont().pixelSize(), 1);
+            QFont font;
+            font.setPixelSize(40);
+            item->setFont(font);
+            item->setPen(Qt::NoPen);
+            item->setBrush(Qt::black);
+            item->setUseZoomAgnostic(agnostic);
+            fixture.scene.addItem(item);
+
+            const QRect glyphs = pixelBox(fixture.render(), [](QRgb p) { return qGray(p) < 100; });
+            const QPoint origin = fixture.origin();
+            // Drawn at 40 pixels whatever the zoom when zoom-agnostic.
+            QVERIFY2(qAbs(glyphs.height() - 29) <= 3, qPrintable(QString::number(glyphs.height())));
+            if (centered) {
+                // Shifted by half the glyphs' box, which starts at the first glyph's left bearing
+                // and ends on the baseline: the box's centre lands that bearing right of the
+                // position.
+                const QRectF bounds = item->getPainterPath().boundingRect();
+                const QPoint expected = origin + QPointF(bounds.left(), bounds.bottom()).toPoint();
+                QVERIFY(qAbs(glyphs.center().x() - expected.x()) <= 1);
+                QVERIFY(qAbs(glyphs.center().y() - expected.y()) <= 1);
+                QVERIFY(bounds.left() < 5);
+            } else {
+                QVERIFY(qAbs(glyphs.left() - origin.x()) <= 4);
+                QVERIFY(qAbs(glyphs.bottom() - origin.y()) <= 1);
+            }
+        }
+    }
+
+    void outlineTextChildrenAndRendering()
+    {
+        CustomGraphicsOutlineTextItem plain(
+            QStringLiteral("plain"), nullptr, QStringLiteral("a"), false);
+        QCOMPARE(plain.getCustomChildItems().size(), 1);
+        QCOMPARE(plain.getCustomChildItems().first()->objectName(), QStringLiteral("plain_text"));
+
+        ViewFixture fixture(2.0);
+        auto* item = new CustomGraphicsOutlineTextItem(
+            QStringLiteral("outlined"), nullptr, QStringLiteral("HHH"), true);
+        QStringList names;
+        for (CustomGraphicsItem* child : item->getCustomChildItems())
+            names << child->objectName();
+        names.sort();
+        QCOMPARE(names, (QStringList {"outlined_outline", "outlined_text"}));
+        QFont font;
+        font.setPixelSize(30);
+        item->setFont(font);
+        item->setTextColor(Qt::yellow);
+        item->setOutlineTextColor(Qt::blue);
+        item->setOutlineWidth(3);
+        fixture.scene.addItem(item);
+
+        const QImage image = fixture.render();
+        const QRect text = pixelBox(image, isYellow);
+        const QRect ring = pixelBox(image, [](QRgb p) { return qBlue(p) > 200 && qRed(p) < 60; });
+        QVERIFY(!text.isEmpty());
+        // The ring surrounds the glyphs.
+        QVERIFY(ring.contains(text));
+        QVERIFY(ring.width() > text.width());
+
+        // The text's box: advance wide, ascent above and descent below the baseline.
+        const QFontMetricsF metrics(font);
+        QCOMPARE(item->textBoundingRect(),
+            QRectF(0, -metrics.ascent(), metrics.horizontalAdvance(QStringLiteral("HHH")),
+                metrics.ascent() + metrics.descent()));
+    }
+};
 
 QTEST_MAIN(tst_GraphicsItems)
 #include "tst_graphicsitems.moc"
