@@ -1,87 +1,156 @@
-#include <guicore/action/Action.h>
-#include <guicore/action/ActionHandler.h>
+#include <guicore/action/ActionGroup.h>
+#include <guicore/action/ActionList.h>
+#include <guicore/action/ActionManager.h>
+#include <guicore/action/ActionStopper.h>
+#include <guicore/action/CustomAction.h>
 #include <guicore/action/EmptyActionHandler.h>
+#include <guicore/action/MultiAction.h>
+#include <guicore/action/MultiActionHandler.h>
+#include <guicore/action/SimpleActionHandlerInterface.h>
+#include <guicore/action/SingleAction.h>
+#include <guicore/solution/SolutionManager.h>
 
 #include <objectmodel/StringConversions.h>
 
 #include <QAction>
+#include <QApplication>
+#include <QMouseEvent>
+#include <QPointer>
 #include <QSignalSpy>
+#include <QStyleHints>
 #include <QTest>
+#include <QWidget>
+
+#include <memory>
+#include <vector>
 
 namespace {
 
-// Accepts or refuses every start and records its calls into the shared log.
-class RecordingHandler : public ActionHandler
+// A concrete handler that logs its runs, into the test's log when given one; it can refuse a
+// start and stop another action from inside its own stop.
+class Probe : public ActionHandler
 {
 public:
-    RecordingHandler(QStringList* log, bool accept)
-        : m_log(log)
-        , m_accept(accept)
+    explicit Probe(QStringList* sink = nullptr)
+        : log(sink ? *sink : own)
     {
     }
-
     bool startHandler(Action* action) override
     {
-        if (!m_accept) {
-            m_log->append(QStringLiteral("refused"));
-            return false;
-        }
-        return ActionHandler::startHandler(action);
+        if (refuse)
+            log.append(QStringLiteral("refused"));
+        return !refuse && ActionHandler::startHandler(action);
     }
-
-    int stops = 0;
+    using ActionHandler::clearParameters, ActionHandler::containsParameter,
+        ActionHandler::getCurrentParameters, ActionHandler::getParameter, ActionHandler::isActive,
+        ActionHandler::isCanceled, ActionHandler::removeParameter, ActionHandler::setCanceled;
+    QStringList own;
+    QStringList& log;
+    bool refuse = false;
+    QPointer<Action> alsoStop;
 
 protected:
-    void start() override { m_log->append(QStringLiteral("start")); }
+    void start() override { log.append("start " + getCurrentAction()->getID()); }
     void stop() override
     {
-        ++stops;
-        m_log->append(QStringLiteral("stop"));
+        log.append("stop " + getCurrentAction()->getID());
+        if (alsoStop)
+            alsoStop->stop();
     }
-
-private:
-    QStringList* m_log;
-    bool m_accept;
 };
 
-// An application action whose own availability rule enables it.
+// Counts the availability refreshes it is given.
 class CountingAction : public Action
 {
 public:
     using Action::Action;
     void updateState() override
     {
-        ++updateStateCalls;
+        ++updates;
         Action::updateState();
     }
-    int updateStateCalls = 0;
+    int updates = 0;
 };
 
-// A checkable action driven by a recording handler.
+// Opens up the protected building blocks the application's own multi-actions use.
+class BuildingMultiAction : public MultiAction
+{
+public:
+    using MultiAction::insertAction, MultiAction::MultiAction,
+        MultiAction::syncEnabledStateWithChildren;
+};
+
+class CountingReceiver : public SimpleActionHandlerInterface
+{
+public:
+    using SimpleActionHandlerInterface::SimpleActionHandlerInterface;
+    void handleTriggered() override { ++calls; }
+    int calls = 0;
+};
+
+class KeyAndMouseRecorder : public QWidget
+{
+public:
+    void keyPressEvent(QKeyEvent* event) override { escapes += event->key() == Qt::Key_Escape; }
+    void mouseReleaseEvent(QMouseEvent* event) override
+    {
+        rightReleases += event->button() == Qt::RightButton;
+    }
+    int escapes = 0;
+    int rightReleases = 0;
+};
+
+void sendMouse(QWidget* widget, QEvent::Type type, Qt::MouseButton button, QPoint at)
+{
+    const Qt::MouseButtons held = type == QEvent::MouseButtonRelease ? Qt::NoButton : button;
+    QMouseEvent event(type, QPointF(at), QPointF(widget->mapToGlobal(at)),
+        type == QEvent::MouseMove ? Qt::NoButton : button, held, Qt::NoModifier);
+    QApplication::sendEvent(widget, &event);
+}
+
+// A checkable action "a" served by a probe that logs into the test's log.
 struct Rig
 {
-    Rig(QStringList* log, bool accept, bool checkable = true)
-        : handler(log, accept)
+    Rig(QStringList* log, bool refuse = false, bool checkable = true)
+        : handler(log)
     {
+        handler.refuse = refuse;
         action.setCheckable(checkable);
         action.setActionHandler(&handler);
     }
-    RecordingHandler handler;
+    Probe handler;
     Action action {QStringLiteral("a")};
 };
 
+// Logs the action's own signals into the test's log.
 void record(Action* action, QStringList* log)
 {
-    QObject::connect(action, &Action::triggered, action, [log](bool checked) {
-        log->append(
-            checked ? QStringLiteral("triggered(true)") : QStringLiteral("triggered(false)"));
-    });
-    QObject::connect(
-        action, &Action::handled, action, [log] { log->append(QStringLiteral("handled")); });
-    QObject::connect(action, &Action::disabled, action,
-        [log](bool d) { log->append(QStringLiteral("disabled(%1)").arg(d ? "true" : "false")); });
-    QObject::connect(action, &Action::enabled, action,
-        [log](bool e) { log->append(QStringLiteral("enabled(%1)").arg(e ? "true" : "false")); });
+    const auto note = [log](const char* what, bool on) {
+        log->append(QString::fromLatin1(what) + (on ? "(true)" : "(false)"));
+    };
+    QObject::connect(action, &Action::triggered, action, [=](bool on) { note("triggered", on); });
+    QObject::connect(action, &Action::handled, action, [log] { log->append("handled"); });
+    QObject::connect(action, &Action::disabled, action, [=](bool on) { note("disabled", on); });
+    QObject::connect(action, &Action::enabled, action, [=](bool on) { note("enabled", on); });
+}
+
+// One argument of each recorded emission; an action shows as its id.
+QStringList args(const QSignalSpy& spy, int index = 0)
+{
+    QStringList out;
+    for (const QList<QVariant>& call : spy) {
+        auto* action = call.at(index).value<Action*>();
+        out.append(action ? action->getID() : call.at(index).toString());
+    }
+    return out;
+}
+
+void attach(ActionHandler* handler, std::initializer_list<Action*> actions)
+{
+    for (Action* action : actions) {
+        action->setCheckable(true);
+        action->setActionHandler(handler);
+    }
 }
 
 } // namespace
@@ -90,360 +159,757 @@ class tst_Action : public QObject
 {
     Q_OBJECT
 
-private Q_SLOTS:
-    void init();
-    void construction();
-    void startSequence_data();
-    void startSequence();
-    void stopSequence();
-    void disabledBlocksStartAndToggleButNotTrigger();
-    void repeatedStartAndIdleStopAreSilent();
-    void triggerFollowsCheckedState_data();
-    void triggerFollowsCheckedState();
-    void setDisabledEmitsDisabledThenEnabledOnce();
-    void nameFillsEmptyTooltipSilently();
-    void tooltipSignalsAndShortcutSuffix();
-    void disableOthersDefaultsToNotCheckable();
-    void updateKeepsActionDisabledWhileBlocked();
-    void qactionsFollowTheAction();
-    void qactionDrivesTheAction();
-
-private:
+    std::unique_ptr<SolutionManager> m_solutions;
+    std::unique_ptr<action::ActionManager> m_manager;
+    std::vector<std::unique_ptr<ActionHandler>> m_handlers;
+    std::vector<std::unique_ptr<CountingAction>> m_actions;
     QStringList m_log;
-};
 
-void tst_Action::init()
-{
-    QTest::failOnWarning(QRegularExpression(".*"));
-    m_log.clear();
-}
+    // A registered action with a handler of its own: a handler serves one run at a time.
+    CountingAction* tool(const QString& id, bool checkable = true)
+    {
+        m_handlers.push_back(std::make_unique<EmptyActionHandler>());
+        m_actions.push_back(std::make_unique<CountingAction>(id));
+        CountingAction* action = m_actions.back().get();
+        action->setCheckable(checkable);
+        action->setActionHandler(m_handlers.back().get());
+        m_solutions->addAction(action);
+        return action;
+    }
 
-void tst_Action::construction()
-{
-    Action unnamed;
-    QCOMPARE(unnamed.getID(), QStringLiteral("undefined_action"));
-    QCOMPARE(unnamed.getType(), QStringLiteral("Action"));
-    QVERIFY(unnamed.stopOnViewSwitch());
-    QVERIFY(unnamed.mustBeDisabled());
-    QVERIFY(!unnamed.mustBeStopped());
-}
+    QStringList activeIds() const
+    {
+        QStringList ids;
+        for (const auto& action : m_actions) {
+            if (action && action->isActive())
+                ids.append(action->getID());
+        }
+        ids.sort();
+        return ids;
+    }
 
-void tst_Action::startSequence_data()
-{
-    QTest::addColumn<bool>("checkable");
-    QTest::addColumn<int>("explicitDisableOthers"); // -1 unset, 0 false, 1 true
-    QTest::addColumn<bool>("accept");
-    QTest::addColumn<QStringList>("expected");
-    QTest::addColumn<bool>("activeAfter");
+    void recordManager()
+    {
+        connect(m_manager.get(), &action::ActionManager::actionStarted, this,
+            [this](Action* a) { m_log.append("started " + a->getID()); });
+        connect(m_manager.get(), &action::ActionManager::actionStopped, this,
+            [this](Action* a) { m_log.append("stopped " + a->getID()); });
+        connect(m_manager.get(), &action::ActionManager::actionTriggeredSignal, this,
+            [this](bool on, Action* a) { m_log.append((on ? "on " : "off ") + a->getID()); });
+    }
 
-    QTest::newRow("checkable, accepted")
-        << true << -1 << true << QStringList {"triggered(true)", "start", "handled"} << true;
-    QTest::newRow("checkable, refused: handled still emitted")
-        << true << -1 << false
-        << QStringList {"triggered(true)", "refused", "handled", "triggered(false)"} << false;
-    QTest::newRow("checkable with explicit choice: no handled")
-        << true << 0 << true << QStringList {"triggered(true)", "start"} << true;
-    QTest::newRow("one-shot, accepted")
-        << false << -1 << true << QStringList {"triggered(true)", "start"} << true;
-    QTest::newRow("one-shot, refused")
-        << false << -1 << false << QStringList {"triggered(true)", "refused", "triggered(false)"}
-        << false;
-}
+private Q_SLOTS:
+    void init()
+    {
+        QTest::failOnWarning(QRegularExpression(".*"));
+        m_solutions = std::make_unique<SolutionManager>();
+        m_manager = std::make_unique<action::ActionManager>();
+        m_manager->setSolutionManager(m_solutions.get());
+        m_log.clear();
+    }
 
-void tst_Action::startSequence()
-{
-    QFETCH(bool, checkable);
-    QFETCH(int, explicitDisableOthers);
-    QFETCH(bool, accept);
-    QFETCH(QStringList, expected);
-    QFETCH(bool, activeAfter);
+    void cleanup()
+    {
+        m_actions.clear();
+        m_handlers.clear();
+        m_manager.reset();
+        m_solutions.reset();
+    }
 
-    Rig rig(&m_log, accept, checkable);
-    Action& action = rig.action;
-    if (explicitDisableOthers >= 0)
-        action.disableOtherActionsOnStart(explicitDisableOthers == 1);
-    action.setCancelled(true);
-    record(&action, &m_log);
+    void defaultsAndKinds()
+    {
+        Action plain;
+        const SingleAction single;
+        const CustomAction custom;
+        const MultiAction multi;
+        QStringList kinds;
+        for (const Action* kind :
+            std::initializer_list<const Action*> {&plain, &single, &custom, &multi})
+            kinds.append(kind->getID() + ' ' + kind->getType());
+        QCOMPARE(kinds,
+            (QStringList {"undefined_action Action", "undefined_single_action SingleAction",
+                "undefined_custom_action CustomAction", "undefined_multi_action MultiAction"}));
+        QCOMPARE((QList<bool> {plain.stopOnViewSwitch(), plain.mustBeDisabled(),
+                     plain.mustBeStopped(), plain.allowClose()}),
+            (QList<bool> {true, true, false, true}));
 
-    action.start(false);
-    QCOMPARE(m_log, expected);
-    QCOMPARE(action.isActive(), activeAfter);
-    QVERIFY(!action.isCancelled());
-}
+        // Disabling the others follows "not checkable" until chosen explicitly.
+        QList<bool> disablesOthers {plain.shouldDisableOtherActionsOnStart()};
+        plain.setCheckable(true);
+        disablesOthers.append(plain.shouldDisableOtherActionsOnStart());
+        plain.disableOtherActionsOnStart(true);
+        disablesOthers.append(plain.shouldDisableOtherActionsOnStart());
+        plain.setCheckable(false);
+        plain.disableOtherActionsOnStart(false);
+        disablesOthers.append(plain.shouldDisableOtherActionsOnStart());
+        QCOMPARE(disablesOthers, (QList<bool> {true, false, true, false}));
+    }
 
-void tst_Action::stopSequence()
-{
-    Rig rig(&m_log, true);
-    Action& action = rig.action;
-    action.disableOtherActionsOnStart(false);
-    record(&action, &m_log);
-    action.start(false);
-    m_log.clear();
+    void startSequence()
+    {
+        // handled() comes for a checkable action without an explicit choice, even when refused.
+        const struct
+        {
+            bool checkable, explicitChoice, refuse;
+            QStringList expected;
+        } cases[] = {{true, false, false, {"triggered(true)", "start a", "handled"}},
+            {true, false, true, {"triggered(true)", "refused", "handled", "triggered(false)"}},
+            {true, true, false, {"triggered(true)", "start a"}},
+            {false, false, false, {"triggered(true)", "start a"}},
+            {false, false, true, {"triggered(true)", "refused", "triggered(false)"}}};
+        for (const auto& c : cases) {
+            m_log.clear();
+            Rig rig(&m_log, c.refuse, c.checkable);
+            if (c.explicitChoice)
+                rig.action.disableOtherActionsOnStart(false);
+            rig.action.setCancelled(true);
+            record(&rig.action, &m_log);
+            rig.action.start(false);
+            QCOMPARE(m_log, c.expected);
+            QCOMPARE(rig.action.isActive(), !c.refuse);
+            QVERIFY(!rig.action.isCancelled());
+        }
+    }
 
-    action.stop();
-    QCOMPARE(m_log, (QStringList {"stop", "triggered(false)"}));
-    QVERIFY(!action.isActive());
-
-    m_log.clear();
-    action.toggle();
-    action.toggle();
-    QCOMPARE(m_log, (QStringList {"triggered(true)", "start", "stop", "triggered(false)"}));
-}
-
-void tst_Action::disabledBlocksStartAndToggleButNotTrigger()
-{
-    Rig rig(&m_log, true);
-    Action& action = rig.action;
-    action.setDisabled(true);
-
-    action.start(false);
-    action.toggle();
-    QVERIFY(!action.isActive());
-    QVERIFY(m_log.isEmpty());
-
-    action.start(true);
-    QVERIFY(action.isActive());
-    action.stop();
-
-    // Kept on purpose: the QAction path does not look at the disabled flag.
-    action.trigger(true);
-    QVERIFY(action.isActive());
-
-    // Disabled blocks starting, never stopping.
-    action.toggle();
-    QVERIFY(action.isActive());
-    action.stop();
-    QVERIFY(!action.isActive());
-}
-
-void tst_Action::repeatedStartAndIdleStopAreSilent()
-{
-    Rig rig(&m_log, true);
-    Action& action = rig.action;
-
-    action.stop();
-    QCOMPARE(rig.handler.stops, 0);
-
-    action.start(false);
-    QSignalSpy triggered(&action, &Action::triggered);
-    QSignalSpy handled(&action, &Action::handled);
-    action.start(false);
-    action.start(true);
-    action.trigger(true);
-    QCOMPARE(triggered.count(), 0);
-    QCOMPARE(handled.count(), 0);
-    QCOMPARE(m_log.count(QStringLiteral("start")), 1);
-}
-
-void tst_Action::triggerFollowsCheckedState_data()
-{
-    QTest::addColumn<bool>("checkable");
-    QTest::addColumn<bool>("startActive");
-    QTest::addColumn<bool>("checked");
-    QTest::addColumn<bool>("activeAfter");
-
-    QTest::newRow("checkable, unchecked while active stops") << true << true << false << false;
-    QTest::newRow("checkable, unchecked while idle does nothing")
-        << true << false << false << false;
-    QTest::newRow("checkable, checked while idle starts") << true << false << true << true;
-    QTest::newRow("checkable, checked while active stays") << true << true << true << true;
-    QTest::newRow("command, unchecked starts") << false << false << false << true;
-    QTest::newRow("command, while active stays") << false << true << false << true;
-}
-
-void tst_Action::triggerFollowsCheckedState()
-{
-    QFETCH(bool, checkable);
-    QFETCH(bool, startActive);
-    QFETCH(bool, checked);
-    QFETCH(bool, activeAfter);
-
-    Rig rig(&m_log, true, checkable);
-    Action& action = rig.action;
-    if (startActive)
+    void stopToggleAndRepeats()
+    {
+        Rig rig(&m_log);
+        Action& action = rig.action;
+        action.stop();
         action.start(false);
-    QVERIFY(action.isActive() == startActive);
+        record(&action, &m_log);
+        // Starting a running action again, in any way, is silent; so is stopping an idle one.
+        action.start(false);
+        action.start(true);
+        action.trigger(true);
+        action.stop();
+        QVERIFY(!action.isActive());
+        action.stop();
+        action.toggle();
+        action.toggle();
+        QCOMPARE(m_log,
+            (QStringList {"start a", "stop a", "triggered(false)", "triggered(true)", "start a",
+                "handled", "stop a", "triggered(false)"}));
+    }
 
-    action.trigger(checked);
-    QCOMPARE(action.isActive(), activeAfter);
-}
-
-void tst_Action::setDisabledEmitsDisabledThenEnabledOnce()
-{
-    Action action(QStringLiteral("a"));
-    record(&action, &m_log);
-
-    action.setDisabled(true);
-    action.setDisabled(true);
-    QCOMPARE(m_log, (QStringList {"disabled(true)", "enabled(false)"}));
-    QVERIFY(action.isDisabled());
-
-    m_log.clear();
-    action.setEnabled(true);
-    action.setEnabled(true);
-    QCOMPARE(m_log, (QStringList {"disabled(false)", "enabled(true)"}));
-    QVERIFY(action.isEnabled());
-}
-
-void tst_Action::nameFillsEmptyTooltipSilently()
-{
-    Action action(QStringLiteral("a"));
-    QSignalSpy names(&action, &Action::nameChanged);
-    QSignalSpy tooltips(&action, &Action::tooltipChanged);
-
-    action.setName(QStringLiteral("Angle"));
-    QCOMPARE(action.getTooltip(), QStringLiteral("Angle"));
-    QCOMPARE(names.count(), 1);
-    QCOMPARE(names.at(0).at(0).toString(), QStringLiteral("Angle"));
-    QCOMPARE(tooltips.count(), 0);
-
-    action.setName(QStringLiteral("Angle"));
-    QCOMPARE(names.count(), 1);
-
-    // Once the tooltip has text, a new name leaves it alone.
-    action.setName(QStringLiteral("Angle 2"));
-    QCOMPARE(action.getTooltip(), QStringLiteral("Angle"));
-}
-
-void tst_Action::tooltipSignalsAndShortcutSuffix()
-{
-    Action action(QStringLiteral("a"));
-    QSignalSpy tooltips(&action, &Action::tooltipChanged);
-    const QList<QKeySequence> shortcuts {QKeySequence(Qt::CTRL | Qt::Key_M)};
-    const QString suffix = StringConversions::qkeySequencesToAppendableString(shortcuts);
-    QVERIFY(!suffix.isEmpty());
-
-    action.setShortcuts(shortcuts);
-    QCOMPARE(tooltips.takeFirst().at(0).toString(), suffix);
-
-    // The change signal carries the bare text; the getter appends the shortcuts.
-    action.setTooltip(QStringLiteral("Measure"));
-    QCOMPARE(tooltips.takeFirst().at(0).toString(), QStringLiteral("Measure"));
-    QCOMPARE(action.getTooltip(), QStringLiteral("Measure") + suffix);
-    action.setTooltip(QStringLiteral("Measure"));
-    QCOMPARE(tooltips.count(), 0);
-
-    const QKeySequence other(Qt::Key_F5);
-    action.setShortcutSequence(other);
-    QCOMPARE(action.getShortcuts(), QList<QKeySequence> {other});
-    const QString otherTooltip
-        = QStringLiteral("Measure") + StringConversions::qkeySequencesToAppendableString({other});
-    QCOMPARE(tooltips.takeFirst().at(0).toString(), otherTooltip);
-
-    action.setShowShortcutInTooltip(false);
-    QCOMPARE(tooltips.takeFirst().at(0).toString(), QStringLiteral("Measure"));
-    QCOMPARE(action.getTooltip(), QStringLiteral("Measure"));
-    action.setShowShortcutInTooltip(false);
-    action.setShortcuts(shortcuts);
-    QCOMPARE(tooltips.count(), 0);
-}
-
-void tst_Action::disableOthersDefaultsToNotCheckable()
-{
-    Action action(QStringLiteral("a"));
-    QVERIFY(action.shouldDisableOtherActionsOnStart());
-    action.setCheckable(true);
-    QVERIFY(!action.shouldDisableOtherActionsOnStart());
-    action.disableOtherActionsOnStart(true);
-    QVERIFY(action.shouldDisableOtherActionsOnStart());
-    action.setCheckable(false);
-    action.disableOtherActionsOnStart(false);
-    QVERIFY(!action.shouldDisableOtherActionsOnStart());
-}
-
-void tst_Action::updateKeepsActionDisabledWhileBlocked()
-{
-    CountingAction action(QStringLiteral("a"));
-    Action blocker(QStringLiteral("b"));
-    action.addBlockingAction(&blocker);
-    action.setDisabled(true);
-
-    action.update();
-    QCOMPARE(action.updateStateCalls, 1);
-    QVERIFY(action.isEnabled());
-
-    // A state change of the blocker updates the dependent action by itself.
-    blocker.setActionState(Action::Blocking);
-    QCOMPARE(action.updateStateCalls, 2);
-    QVERIFY(action.isDisabled());
-
-    blocker.setActionState(Action::NoState);
-    QCOMPARE(action.updateStateCalls, 3);
-    QVERIFY(action.isEnabled());
-
-    // A blocker deleted first is forgotten.
+    void disabledBlocksStartAndToggleButNotTrigger()
     {
-        Action shortLived(QStringLiteral("c"));
-        action.addBlockingAction(&shortLived);
-        shortLived.setActionState(Action::Blocking);
+        Rig rig(&m_log);
+        Action& action = rig.action;
+        record(&action, &m_log);
+        action.setDisabled(true);
+        action.setDisabled(true);
         QVERIFY(action.isDisabled());
+        action.start(false);
+        action.toggle();
+        action.start(true);
+        action.stop();
+        // Kept on purpose: the QAction path does not look at the disabled flag.
+        action.trigger(true);
+        // Toggling is blocked both ways; stop() never is.
+        action.toggle();
+        QVERIFY(action.isActive());
+        action.stop();
+        action.setEnabled(true);
+        action.setEnabled(true);
+        QVERIFY(action.isEnabled());
+        QCOMPARE(m_log,
+            (QStringList {"disabled(true)", "enabled(false)", "triggered(true)", "start a",
+                "handled", "stop a", "triggered(false)", "triggered(true)", "start a", "handled",
+                "stop a", "triggered(false)", "disabled(false)", "enabled(true)"}));
     }
-    action.update();
-    QVERIFY(action.isEnabled());
-}
 
-void tst_Action::qactionsFollowTheAction()
-{
-    EmptyActionHandler handler;
-    Action action(QStringLiteral("measure"), QStringLiteral("Measure"), QString(), QIcon());
-    action.setCheckable(true);
-    action.setActionHandler(&handler);
-
-    QAction* first = action.getQAction();
-    QAction* second = action.getQAction();
-    QVERIFY(first != second);
-    QCOMPARE(first->parent(), &action);
-    QCOMPARE(first->objectName(), QStringLiteral("measure"));
-    QVERIFY(first->isCheckable());
-    QVERIFY(!first->isChecked());
-
-    action.setName(QStringLiteral("Distance"));
-    QCOMPARE(first->text(), QStringLiteral("Distance"));
-    QCOMPARE(second->text(), QStringLiteral("Distance"));
-    action.setTooltip(QStringLiteral("Measures a distance"));
-    QCOMPARE(second->toolTip(), QStringLiteral("Measures a distance"));
-
-    action.start(false);
-    QVERIFY(first->isChecked());
-    QVERIFY(second->isChecked());
-    action.stop();
-    QVERIFY(!first->isChecked());
-
-    action.setDisabled(true);
-    QVERIFY(!first->isEnabled());
-    QVERIFY(!action.getQAction()->isEnabled());
-}
-
-void tst_Action::qactionDrivesTheAction()
-{
-    // A checkable action follows the QAction's check box, and a refusing handler unchecks it.
+    void triggerFollowsCheckedState()
     {
-        Rig refusing(&m_log, false);
-        QAction* qaction = refusing.action.getQAction();
-        qaction->trigger();
-        QCOMPARE(m_log, QStringList {"refused"});
-        QVERIFY(!refusing.action.isActive());
-        QVERIFY(!qaction->isChecked());
+        // checkable, active before, checked
+        const bool cases[][3] = {{true, true, false}, {true, false, false}, {true, false, true},
+            {true, true, true}, {false, false, false}, {false, true, false}};
+        QList<bool> activeAfter;
+        for (const auto& [checkable, active, checked] : cases) {
+            Rig rig(&m_log, false, checkable);
+            if (active)
+                rig.action.start(false);
+            rig.action.trigger(checked);
+            activeAfter.append(rig.action.isActive());
+        }
+        QCOMPARE(activeAfter, (QList<bool> {false, false, true, true, true, true}));
     }
+
+    void nameTooltipAndShortcuts()
     {
-        Rig accepting(&m_log, true);
-        QAction* qaction = accepting.action.getQAction();
-        qaction->trigger();
-        QVERIFY(accepting.action.isActive());
-        qaction->trigger();
-        QVERIFY(!accepting.action.isActive());
+        Action action(QStringLiteral("a"));
+        QSignalSpy names(&action, &Action::nameChanged);
+        QSignalSpy tooltips(&action, &Action::tooltipChanged);
+        action.setName(QStringLiteral("Angle"));
+        action.setName(QStringLiteral("Angle"));
+        action.setName(QStringLiteral("Distance"));
+        // The first name filled the empty tooltip, silently.
+        QCOMPARE(action.getTooltip(), QStringLiteral("Angle"));
+
+        const QList<QKeySequence> ctrlM {QKeySequence(Qt::CTRL | Qt::Key_M)};
+        const QKeySequence f5(Qt::Key_F5);
+        const QString suffix = StringConversions::qkeySequencesToAppendableString(ctrlM);
+        const QString f5Suffix = StringConversions::qkeySequencesToAppendableString({f5});
+        QVERIFY(!suffix.isEmpty() && suffix != f5Suffix);
+        action.setShortcuts(ctrlM);
+        action.setTooltip(QStringLiteral("Tip"));
+        action.setTooltip(QStringLiteral("Tip"));
+        QCOMPARE(action.getTooltip(), QStringLiteral("Tip") + suffix);
+        action.setShortcutSequence(f5);
+        QCOMPARE(action.getShortcuts(), QList<QKeySequence> {f5});
+        action.setShowShortcutInTooltip(false);
+        action.setShowShortcutInTooltip(false);
+        QCOMPARE(action.getTooltip(), QStringLiteral("Tip"));
+        action.setShortcuts(ctrlM);
+        action.setShortcutSequence(f5);
+        QCOMPARE(args(names), (QStringList {"Angle", "Distance"}));
+        // A text change announces the bare text; shortcut changes announce the full tooltip.
+        QCOMPARE(args(tooltips), (QStringList {"Angle" + suffix, "Tip", "Tip" + f5Suffix, "Tip"}));
     }
-    // A one-shot command runs and ends inside one trigger.
+
+    void updateKeepsActionDisabledWhileBlocked()
+    {
+        CountingAction action(QStringLiteral("a"));
+        Action blocker(QStringLiteral("b"));
+        action.addBlockingAction(nullptr);
+        action.addBlockingAction(&blocker);
+        action.setDisabled(true);
+        action.update();
+        QList<bool> enabled {action.isEnabled()};
+        // A state change of the blocker updates the dependent action by itself.
+        blocker.setActionState(Action::Blocking);
+        enabled.append(action.isEnabled());
+        blocker.setActionState(Action::NoState);
+        enabled.append(action.isEnabled());
+        {
+            Action shortLived(QStringLiteral("c"));
+            action.addBlockingAction(&shortLived);
+            shortLived.setActionState(Action::Blocking);
+            enabled.append(action.isEnabled());
+        }
+        // A blocker deleted first is forgotten.
+        action.update();
+        enabled.append(action.isEnabled());
+        QCOMPARE(enabled, (QList<bool> {true, false, true, false, true}));
+        QCOMPARE(action.updates, 5);
+    }
+
+    void qactionsFollowTheAction()
     {
         EmptyActionHandler handler;
+        Action action(QStringLiteral("measure"), QStringLiteral("Measure"), QString(), QIcon());
+        action.setCheckable(true);
+        action.setActionHandler(&handler);
+        QAction* first = action.getQAction();
+        QAction* second = action.getQAction();
+        QVERIFY(first != second);
+        QCOMPARE(first->parent(), &action);
+        QCOMPARE(first->objectName(), QStringLiteral("measure"));
+        QVERIFY(first->isCheckable() && !first->isChecked());
+        action.setName(QStringLiteral("Distance"));
+        action.setTooltip(QStringLiteral("Measures a distance"));
+        QCOMPARE(second->text(), QStringLiteral("Distance"));
+        QCOMPARE(second->toolTip(), QStringLiteral("Measures a distance"));
+
+        action.start(false);
+        QVERIFY(first->isChecked() && second->isChecked());
+        // Unchecking a QAction stops the action; checking it starts the action again.
+        first->trigger();
+        QVERIFY(!action.isActive() && !second->isChecked());
+        first->trigger();
+        QVERIFY(action.isActive());
+        action.setDisabled(true);
+        QVERIFY(!first->isEnabled());
+        QAction* late = action.getQAction();
+        QVERIFY(late->isChecked() && !late->isEnabled());
+
+        // A refusing handler unchecks the QAction again; a one-shot command ends in one trigger.
+        Rig refusing(&m_log, true);
+        QAction* refused = refusing.action.getQAction();
+        refused->trigger();
+        QCOMPARE(m_log, QStringList {"refused"});
+        QVERIFY(!refusing.action.isActive() && !refused->isChecked());
         Action command(QStringLiteral("c"));
-        command.setActionHandler(&handler);
+        EmptyActionHandler commandHandler;
+        command.setActionHandler(&commandHandler);
         QSignalSpy triggered(&command, &Action::triggered);
         command.getQAction()->trigger();
-        QCOMPARE(triggered.count(), 2);
-        QVERIFY(!command.isActive());
+        QCOMPARE(args(triggered), (QStringList {"true", "false"}));
     }
-}
+
+    void busyHandlerRefusesSecondAction()
+    {
+        Probe handler;
+        Action first(QStringLiteral("first"));
+        Action second(QStringLiteral("second"));
+        attach(&handler, {&first, &second});
+        first.start(false);
+        QSignalSpy secondTriggered(&second, &Action::triggered);
+        QTest::ignoreMessage(
+            QtDebugMsg, "ActionHandler::startHandler : there is still an action that is busy");
+        second.start(false);
+        QCOMPARE(args(secondTriggered), (QStringList {"true", "false"}));
+        QVERIFY(!second.isActive());
+        QVERIFY(first.isActive() && handler.isActive());
+        // Stopping an idle handler is a harmless no-op.
+        first.stop();
+        QVERIFY(handler.stopHandler(&first));
+        QCOMPARE(handler.log, (QStringList {"start first", "stop first"}));
+        QVERIFY(handler.allowClose() && first.allowClose());
+    }
+
+    void runIsCanceledUntilCompletedAndParametersAreCopied()
+    {
+        Probe handler;
+        Action action(QStringLiteral("a"));
+        attach(&handler, {&action});
+        action.setParameter(QStringLiteral("mode"), 1);
+        action.start(false);
+        QVERIFY(handler.isCanceled());
+        QVERIFY(handler.containsParameter(QStringLiteral("mode")));
+        handler.removeParameter(QStringLiteral("mode"));
+        QVERIFY(!handler.getParameter(QStringLiteral("mode")).isValid());
+        handler.clearParameters();
+        QVERIFY(handler.getCurrentParameters().isEmpty());
+        QCOMPARE(action.getParameter(QStringLiteral("mode")), QVariant(1));
+        handler.setCanceled(false);
+
+        // Values set during the run reach the copy taken at stop; a completed run does not carry
+        // over to the next.
+        action.setParameter(QStringLiteral("result"), 42);
+        action.stop();
+        QCOMPARE(handler.getCurrentParameters(),
+            (QVariantMap {{QStringLiteral("mode"), 1}, {QStringLiteral("result"), 42}}));
+        action.start(false);
+        QVERIFY(handler.isCanceled());
+    }
+
+    void escapeAndRightClickStopWatchedActionOnly()
+    {
+        KeyAndMouseRecorder widget;
+        widget.resize(300, 300);
+        widget.show();
+        QVERIFY(QTest::qWaitForWindowExposed(&widget));
+        Action* watched = tool("watched");
+        watched->enableStopWithEventFilter();
+        Action* plain = tool("plain");
+
+        watched->start(false);
+        QTest::keyClick(&widget, Qt::Key_A);
+        QVERIFY(watched->isActive());
+        QTest::keyClick(&widget, Qt::Key_Escape);
+        QVERIFY(!watched->isActive());
+        QCOMPARE(widget.escapes, 0);
+        // A running action that does not ask for the filter leaves Escape alone.
+        plain->start(false);
+        QTest::keyClick(&widget, Qt::Key_Escape);
+        QVERIFY(plain->isActive());
+        QCOMPARE(widget.escapes, 1);
+
+        watched->start(false);
+        const QPoint at(50, 50);
+        sendMouse(&widget, QEvent::MouseButtonPress, Qt::RightButton, at);
+        sendMouse(&widget, QEvent::MouseButtonRelease, Qt::RightButton, at);
+        // The release itself still reaches the widget; the stop waits for the event loop.
+        QCOMPARE(widget.rightReleases, 1);
+        QVERIFY(watched->isActive());
+        QTRY_VERIFY(!watched->isActive());
+
+        // Neither a left click nor a right drag stops it.
+        watched->start(false);
+        const int far = QGuiApplication::styleHints()->startDragDistance() * 4 + 10;
+        const QPoint to = at + QPoint(far, far);
+        sendMouse(&widget, QEvent::MouseButtonPress, Qt::LeftButton, at);
+        sendMouse(&widget, QEvent::MouseButtonRelease, Qt::LeftButton, at);
+        sendMouse(&widget, QEvent::MouseButtonPress, Qt::RightButton, at);
+        sendMouse(&widget, QEvent::MouseMove, Qt::RightButton, (at + to) / 2);
+        sendMouse(&widget, QEvent::MouseMove, Qt::RightButton, to);
+        sendMouse(&widget, QEvent::MouseButtonRelease, Qt::RightButton, to);
+        QCoreApplication::processEvents();
+        QCoreApplication::processEvents();
+        QVERIFY(watched->isActive());
+    }
+
+    void multiHandlerDispatchesByIdAndOwnsHandlers()
+    {
+        QPointer<ActionHandler> replaced = new Probe;
+        auto* forA = new Probe;
+        auto* forB = new Probe;
+        QPointer<ActionHandler> owned = forB;
+        {
+            MultiActionHandler multi;
+            multi.addActionHandler(QStringLiteral("a"), replaced);
+            multi.addActionHandler(QStringLiteral("a"), forA);
+            multi.addActionHandler(QStringLiteral("b"), forB);
+            QVERIFY(replaced.isNull());
+            Action a(QStringLiteral("a"));
+            Action b(QStringLiteral("b"));
+            Action unknown(QStringLiteral("unknown"));
+            attach(&multi, {&a, &b, &unknown});
+            a.start(false);
+            a.stop();
+            b.start(false);
+            QCOMPARE(forA->log, (QStringList {"start a", "stop a"}));
+            QCOMPARE(forB->log, QStringList {"start b"});
+            QVERIFY(b.isActive());
+            b.stop();
+            // An action without a handler of its own is stopped at once.
+            QSignalSpy triggered(&unknown, &Action::triggered);
+            unknown.start(false);
+            QCOMPARE(args(triggered), (QStringList {"true", "false"}));
+        }
+        QVERIFY(owned.isNull());
+    }
+
+    void simpleInterfaceFollowsQAction()
+    {
+        auto* qaction = new QAction(QStringLiteral("Print"));
+        QPointer<CountingReceiver> receiver = new CountingReceiver(qaction);
+        QCOMPARE(receiver->parent(), qaction);
+        qaction->trigger();
+        qaction->trigger();
+        QCOMPARE(receiver->calls, 2);
+        delete qaction;
+        QVERIFY(receiver.isNull());
+        QCOMPARE(CountingReceiver(nullptr).parent(), nullptr);
+    }
+
+    void multiActionDisablesDescendants()
+    {
+        for (const bool sync : {true, false}) {
+            BuildingMultiAction top(QStringLiteral("top"));
+            MultiAction nested(QStringLiteral("nested"));
+            Action child(QStringLiteral("child"));
+            Action grandchild(QStringLiteral("grandchild"));
+            top.syncEnabledStateWithChildren(sync);
+            top.addAction(&child);
+            top.addAction(&nested);
+            nested.addAction(&grandchild);
+            top.setDisabled(true);
+            QCOMPARE((QList<bool> {top.isDisabled(), child.isDisabled(), nested.isDisabled(),
+                         grandchild.isDisabled()}),
+                (QList<bool> {true, sync, sync, sync}));
+            top.setEnabled(true);
+            QVERIFY(child.isEnabled() && grandchild.isEnabled());
+        }
+    }
+
+    void multiActionRegistersAndForgetsChildren()
+    {
+        auto* multi = new BuildingMultiAction(QStringLiteral("multi"));
+        multi->setSolutionManager(m_solutions.get());
+        auto* doomed = new Action(QStringLiteral("doomed"));
+        Action first(QStringLiteral("first"));
+        Action second(QStringLiteral("second"));
+        Action stranger(QStringLiteral("stranger"));
+        QSignalSpy added(multi, &MultiAction::actionAdded);
+        QSignalSpy removed(multi, &MultiAction::actionRemoved);
+        multi->addAction(&first);
+        multi->addAction(doomed);
+        // Inserting registers but announces nothing.
+        multi->insertAction(&second, 0);
+        QCOMPARE(args(added), (QStringList {"first", "doomed"}));
+        QCOMPARE(m_solutions->getAllActions().keys(), (QStringList {"doomed", "first", "second"}));
+
+        delete doomed;
+        QCOMPARE(multi->getActions(), (QList<Action*> {&second, &first}));
+        QVERIFY(multi->hasActions());
+        QVERIFY(!m_solutions->hasAction(QStringLiteral("doomed")));
+        // Removing a stranger still announces it; the destructor removes and unregisters the rest.
+        multi->removeAction(&stranger);
+        QCOMPARE(multi->getActions().size(), 2);
+        delete multi;
+        QCOMPARE(args(removed), (QStringList {"stranger", "second", "first"}));
+        QCOMPARE(m_solutions->getActionsCount(), 0);
+    }
+
+    void groupStopsOtherCheckableMembers()
+    {
+        ActionGroup group;
+        Action command(QStringLiteral("command"));
+        group.addAction(&command);
+        QCOMPARE(command.getActionGroup(), nullptr);
+        QVERIFY(group.canToggleAction(&command));
+
+        QStringList order;
+        for (const char* id : {"a", "b", "c"}) {
+            Action* member = tool(id);
+            connect(member, &Action::triggered, this,
+                [&order, member](bool on) { order.append(member->getID() + (on ? "+" : "-")); });
+            group.addAction(member);
+        }
+        Action* a = m_actions[0].get();
+        Action* b = m_actions[1].get();
+        QCOMPARE(a->getActionGroup(), &group);
+        a->start(false);
+        QVERIFY(!group.canToggleAction(a));
+        QVERIFY(group.canToggleAction(b));
+        // Exclusivity comes after the fact: the newcomer runs, the others are stopped; stopping a
+        // member starts nobody.
+        b->start(false);
+        QCOMPARE(activeIds(), QStringList {"b"});
+        b->stop();
+        QCOMPARE(order, (QStringList {"a+", "b+", "a-", "b-"}));
+        QCOMPARE(activeIds(), QStringList());
+
+        m_actions.back().reset();
+        QCOMPARE(group.getActions(), (QList<Action*> {a, b}));
+    }
+
+    void listFollowsMembers()
+    {
+        ActionList list(QStringLiteral("list"), QStringLiteral("List"), nullptr);
+        QVERIFY(!list.isEnabled());
+        QCOMPARE(list.getDefaultListType(), ActionList::BUTTON_LIST);
+        QSignalSpy changed(&list, &ActionList::enabledChanged);
+        Action a(QStringLiteral("a"));
+        Action b(QStringLiteral("b"));
+        list.addAction(nullptr);
+        list.addAction(&a);
+        QVERIFY(list.isEnabled());
+        // The default action joins the list once; a null one changes nothing.
+        list.setDefaultAction(&b);
+        list.setDefaultAction(&b);
+        list.setDefaultAction(nullptr);
+        QCOMPARE(list.getDefaultAction(), &b);
+        QCOMPARE(list.getActions(), (QList<Action*> {&a, &b}));
+
+        // Enabled while any member is.
+        QList<bool> enabled;
+        for (Action* member : {&a, &b, &b}) {
+            member->setDisabled(!member->isDisabled());
+            enabled.append(list.isEnabled());
+        }
+        QCOMPARE(enabled, (QList<bool> {true, false, true}));
+        QCOMPARE(changed.count(), 3);
+        {
+            Action shortLived(QStringLiteral("s"));
+            list.setDefaultAction(&shortLived);
+        }
+        QCOMPARE(list.getActions(), (QList<Action*> {&a, &b}));
+        QCOMPARE(list.getDefaultAction(), nullptr);
+    }
+
+    void stopperStopsAtScopeEnd()
+    {
+        Action* action = tool("tool");
+        action->start(false);
+        QSignalSpy triggered(action, &Action::triggered);
+        {
+            ActionStopper stopper(action);
+            ActionStopper copy(nullptr);
+            copy = stopper;
+            QVERIFY(action->isActive());
+        }
+        QCOMPARE(args(triggered), QStringList {"false"});
+        // An action deleted before its stopper is left alone.
+        auto* gone = new Action(QStringLiteral("gone"));
+        ActionStopper late(gone);
+        delete gone;
+    }
+
+    void managerFollowsStartsAndStops()
+    {
+        Action* a = tool("a");
+        Action* b = tool("b");
+        m_solutions->addAction(a); // registered twice, tracked once
+        recordManager();
+        a->start(false);
+        b->start(false);
+        QCOMPARE(m_manager->getCurrentAction(), b);
+        QCOMPARE(m_manager->getActiveActionsCount(), 2);
+        b->stop();
+        QCOMPARE(m_manager->getCurrentAction(), a);
+        a->stop();
+        QCOMPARE(m_manager->getCurrentAction(), nullptr);
+        QCOMPARE(m_manager->getActiveActionsCount(), 0);
+
+        // A one-shot command passes through without disturbing the running action.
+        a->start(false);
+        Action* command = tool("command", false);
+        command->disableOtherActionsOnStart(false);
+        command->start(false);
+        QCOMPARE(m_log,
+            (QStringList {"started a", "on a", "started b", "on b", "stopped b", "off b",
+                "stopped a", "off a", "started a", "on a", "started command", "on command",
+                "stopped command", "off command"}));
+        QCOMPARE(m_manager->getActiveActionsCount(), 1);
+        QCOMPARE(m_manager->getCurrentAction(), a);
+    }
+
+    void exclusiveActionDisablesOthers()
+    {
+        CountingAction* other = tool("a_other");
+        tool("b_spared")->setMustBeDisabled(false);
+        CountingAction* exclusive = tool("c_exclusive");
+        exclusive->disableOtherActionsOnStart(true);
+        exclusive->start(false);
+        QCOMPARE((QList<bool> {
+                     other->isDisabled(), m_actions[1]->isDisabled(), exclusive->isDisabled()}),
+            (QList<bool> {true, false, false}));
+
+        // While it runs, refreshes change nothing; its stop refreshes everybody.
+        m_manager->updateActions();
+        m_manager->objectsChanged();
+        QCOMPARE(other->updates, 0);
+        exclusive->stop();
+        QCOMPARE(other->updates, 1);
+        QVERIFY(other->isEnabled());
+
+        // handled() refreshes; an explicit choice about the others means no handled().
+        tool("checkable")->start(false);
+        QCOMPARE(other->updates, 2);
+        CountingAction* explicitChoice = tool("explicit");
+        explicitChoice->disableOtherActionsOnStart(false);
+        explicitChoice->start(false);
+        QCOMPARE(other->updates, 2);
+    }
+
+    void queueStartsFrontWhenEnabled()
+    {
+        Action* running = tool("running");
+        running->start(false);
+        Action* queued = tool("queued");
+        m_manager->queueAction(*queued, {{"p", 1}, {"q", "x"}});
+        QCOMPARE(activeIds(), (QStringList {"queued", "running"}));
+        QVERIFY(!m_manager->hasActionsInQueue());
+        QCOMPARE(queued->getParameters(), (QVariantMap {{"p", 1}, {"q", "x"}}));
+        running->stop();
+        queued->stop();
+
+        // Blocked by the gate's state, first stays disabled through every refresh and holds
+        // second back behind it.
+        Action* gate = tool("gate");
+        Action* first = tool("first");
+        first->addBlockingAction(gate);
+        gate->setActionState(Action::Blocking);
+        m_manager->queueAction(*first, {});
+        m_manager->queueAction(*tool("second"), {});
+        QVERIFY(m_manager->hasActionsInQueue());
+        running->start(false);
+        running->stop();
+        QCOMPARE(activeIds(), QStringList());
+        // Enabling alone starts nothing; the next stop of any action does.
+        gate->setActionState(Action::NoState);
+        QVERIFY(first->isEnabled());
+        running->start(false);
+        QCOMPARE(activeIds(), QStringList {"running"});
+        running->stop();
+        QCOMPARE(activeIds(), (QStringList {"first", "second"}));
+        QVERIFY(!m_manager->hasActionsInQueue());
+        QCOMPARE(m_manager->getCurrentAction()->getID(), QStringLiteral("second"));
+    }
+
+    void stopActiveMustBeStopped()
+    {
+        // a, b, c must be stopped, d must not; c is current.
+        const std::tuple<bool, QStringList, QStringList> cases[] = {{false, {}, {"c", "d"}},
+            {true, {}, {"d"}}, {true, {"a"}, {"a", "d"}}, {true, {"A"}, {"d"}}};
+        for (const auto& [stopCurrent, exceptions, stillActive] : cases) {
+            cleanup();
+            init();
+            for (const char* id : {"a", "b", "d", "c"}) {
+                Action* action = tool(id);
+                action->setMustBeStopped(QString(id) != "d");
+                action->start(false);
+            }
+            m_manager->stopActiveMustBeStoppedActions(stopCurrent, exceptions);
+            QCOMPARE(activeIds(), stillActive);
+        }
+    }
+
+    void stopPassVisitsEachActionOnce()
+    {
+        // a's stop also stops c; a pass over the live list would then skip b.
+        Probe chain;
+        for (const char* id : {"a", "b", "c", "current"})
+            tool(id)->setMustBeStopped(true);
+        m_actions[0]->setActionHandler(&chain);
+        chain.alsoStop = m_actions[2].get();
+        for (const auto& action : m_actions)
+            action->start(false);
+        recordManager();
+        m_manager->stopActiveMustBeStoppedActions(false, {});
+        QCOMPARE(activeIds(), QStringList {"current"});
+        QCOMPARE(m_log.filter("stopped"), (QStringList {"stopped c", "stopped a", "stopped b"}));
+    }
+
+    void enableUpdatesNest()
+    {
+        CountingAction* action = tool("a");
+        m_manager->setEnableUpdates(false);
+        m_manager->setEnableUpdates(false);
+        m_manager->setEnableUpdates(true);
+        m_manager->updateActions();
+        QCOMPARE(action->updates, 0);
+        QVERIFY(!m_manager->getEnableUpdates());
+        m_manager->setEnableUpdates(true);
+        QVERIFY(m_manager->getEnableUpdates());
+        QCOMPARE(action->updates, 1);
+
+        // Surplus enables are banked: one disable after two enables leaves updates on.
+        m_manager->setEnableUpdates(true);
+        m_manager->setEnableUpdates(true);
+        m_manager->setEnableUpdates(false);
+        m_manager->objectsDeleted();
+        QCOMPARE(action->updates, 2);
+    }
+
+    void resetActionsIsSilentAndWizardNotices()
+    {
+        Action* a = tool("a");
+        Action* b = tool("b");
+        a->setActionState(Action::Blocking);
+        b->setActionState(static_cast<Action::ActionState>(7));
+        QSignalSpy changed(a, &Action::actionStateChanged);
+        m_manager->resetActions();
+        QCOMPARE(a->getActionState(), Action::NoState);
+        QCOMPARE(b->getActionState(), Action::NoState);
+        QCOMPARE(changed.count(), 0);
+        a->setActionState(Action::Blocking);
+        QCOMPARE(changed.count(), 1);
+
+        // The started notice carries the current action, not the argument.
+        a->start(false);
+        auto* wizard = reinterpret_cast<WizardCore*>(quintptr(0x10));
+        QSignalSpy started(m_manager.get(), &action::ActionManager::wizardActionStartedSignal);
+        QSignalSpy stopped(m_manager.get(), &action::ActionManager::wizardActionStoppedSignal);
+        m_manager->wizardActionStarted(wizard, b);
+        m_manager->wizardActionStopped(wizard, b);
+        QCOMPARE(args(started, 1), QStringList {"a"});
+        QCOMPARE(args(stopped, 1), QStringList {"b"});
+    }
+
+    void deletedActionIsForgotten()
+    {
+        for (const char* id : {"a", "b", "doomed"})
+            tool(id)->start(false);
+        m_actions.back().reset();
+        QCOMPARE(m_manager->getCurrentAction()->getID(), QStringLiteral("b"));
+        recordManager();
+        m_manager->stopAllActiveActions();
+        QCOMPARE(m_log.filter("stopped"), (QStringList {"stopped a", "stopped b"}));
+        QCOMPARE(m_manager->getActiveActionsCount(), 0);
+    }
+
+    void worksWithoutSolutionManager()
+    {
+        action::ActionManager lone;
+        QCOMPARE(lone.getSolutionManager(), nullptr);
+        lone.disableAllActions();
+        lone.resetActions();
+        lone.updateActions();
+        // An action the manager never saw start still reports its stop, without actionStopped().
+        Rig rig(&m_log);
+        rig.action.start(false);
+        lone.actionAdded(&rig.action);
+        QSignalSpy stopped(&lone, &action::ActionManager::actionStopped);
+        QSignalSpy triggered(&lone, &action::ActionManager::actionTriggeredSignal);
+        rig.action.stop();
+        QCOMPARE(stopped.count(), 0);
+        QCOMPARE(args(triggered), QStringList {"false"});
+    }
+};
 
 QTEST_MAIN(tst_Action)
 #include "tst_action.moc"
