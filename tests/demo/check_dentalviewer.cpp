@@ -11,13 +11,15 @@
 //   check_dentalviewer image FILE [--measurement-pixels MIN] [--measurement-run MIN]
 //       [--label-fits DUMP NAME] [--contrast DUMP PREFIX MIN] [--selection-stronger DUMP]
 //       [--no-dragger-in DUMP NAME]
-// Reslices, the numbering and label positions are read from the dumped ui state tree; what is
-// drawn (labels, the chart's teeth) from the dump's window-coordinate boxes, which an image
-// check scales by the dump's device pixel ratio. A NOTE's "\n" stands for a line break.
-// Prints every failed expectation and exits with 1 when there was one.
+// Every option may be given more than once. Reslices, the numbering and label positions are read
+// from the dumped ui state tree; what is drawn (labels, the chart's teeth) from the dump's
+// window-coordinate boxes, which an image check scales by the dump's device pixel ratio. A NOTE's
+// or a TEXT's "\n" stands for a line break.
+// Prints every failed expectation with what was found instead, and exits with 1 when there was one.
 
 #include <QColor>
 #include <QCoreApplication>
+#include <QDebug>
 #include <QFile>
 #include <QImage>
 #include <QJsonArray>
@@ -31,706 +33,460 @@
 #include <cmath>
 #include <cstdio>
 #include <functional>
+#include <tuple>
 
 namespace {
 
 int failures = 0;
+QString checking; // the option under check with its values, or the file
 
-void expect(bool condition, const QString& what)
+// Counts a failure unless `condition` holds, printing what was found instead.
+template <typename... Found> void expect(bool condition, const Found&... found)
 {
-    if (!condition) {
+    if (condition)
+        return;
+    ++failures;
+    QString text;
+    QDebug debug(&text);
+    ((debug << found), ...);
+    std::fprintf(stderr, "FAIL: %s: found %s\n", qPrintable(checking), qPrintable(text.trimmed()));
+}
+
+// Calls `check` with the `count` values of each occurrence of the option.
+void each(const QStringList& args, const QString& option, int count,
+    const std::function<void(const QStringList&)>& check)
+{
+    for (int i = args.indexOf(option); i >= 0 && i + count < args.size();
+         i = args.indexOf(option, i + 1)) {
+        checking = args.mid(i, count + 1).join(' ');
+        check(args.mid(i + 1, count));
+    }
+}
+
+QJsonValue readDump(const QString& fileName)
+{
+    QFile file(fileName);
+    const QJsonObject dump = file.open(QIODevice::ReadOnly)
+        ? QJsonDocument::fromJson(file.readAll()).object()
+        : QJsonObject();
+    if (dump.isEmpty()) {
         ++failures;
-        std::fprintf(stderr, "FAIL: %s\n", qPrintable(what));
+        std::fprintf(stderr, "FAIL: %s holds no JSON object\n", qPrintable(fileName));
     }
-}
-
-QString option(const QStringList& args, const QString& name)
-{
-    const int index = args.indexOf(name);
-    return index >= 0 && index + 1 < args.size() ? args.at(index + 1) : QString();
-}
-
-void collectStrings(const QJsonValue& value, QSet<QString>& strings)
-{
-    if (value.isString()) {
-        strings.insert(value.toString());
-    } else if (value.isArray()) {
-        for (const QJsonValue& item : value.toArray())
-            collectStrings(item, strings);
-    } else if (value.isObject()) {
-        const QJsonObject object = value.toObject();
-        for (auto it = object.begin(); it != object.end(); ++it) {
-            strings.insert(it.key());
-            collectStrings(it.value(), strings);
-        }
-    }
-}
-
-QJsonObject properties(const QJsonObject& node, const QString& level)
-{
-    return node.value(QStringLiteral("properties")).toObject().value(level).toObject();
-}
-
-QJsonArray children(const QJsonObject& node)
-{
-    return node.value(QStringLiteral("children")).toArray();
+    return dump;
 }
 
 // The state tree's nodes of the given type, depth first.
-void collectNodes(const QJsonObject& node, const QString& type, QList<QJsonObject>& found)
+void collectNodes(const QJsonValue& node, const QString& type, QList<QJsonValue>& found)
 {
-    if (node.value(QStringLiteral("type")).toString() == type)
+    if (node["type"].toString() == type)
         found.append(node);
-    for (const QJsonValue& child : children(node))
-        collectNodes(child.toObject(), type, found);
+    for (const QJsonValue& child : node["children"].toArray())
+        collectNodes(child, type, found);
 }
 
-// The view node of the given view below the root, or an empty object.
-QJsonObject viewNode(const QJsonObject& root, const QString& viewId)
+// The children of the state tree's node of the given view, below the root.
+QJsonArray viewChildren(const QJsonValue& root, const QString& viewId)
 {
-    for (const QJsonValue& child : children(root)) {
-        const QJsonObject node = child.toObject();
-        if (node.value(QStringLiteral("type")).toString() == QLatin1String("ViewNode")
-            && properties(node, QStringLiteral("ViewNode")).value(QStringLiteral("viewId"))
-                == viewId)
-            return node;
+    for (const QJsonValue& node : root["children"].toArray()) {
+        if (node["type"].toString() == "ViewNode"
+            && node["properties"]["ViewNode"]["viewId"].toString() == viewId)
+            return node["children"].toArray();
     }
-    return QJsonObject();
+    return {};
 }
 
-// A cross-section's position along the arch (0..1) as its reslice viewer node records it; NaN
-// when the tree has no such node.
-double reslicePosition(const QJsonObject& root, const QString& viewId)
+// The zoom box the view's 2-D viewer node records; invalid when there is none.
+QRectF zoomBox(const QJsonValue& root, const QString& viewId)
 {
-    for (const QJsonValue& child : children(viewNode(root, viewId))) {
-        const QJsonObject node = child.toObject();
-        if (node.value(QStringLiteral("type")).toString()
-            != QLatin1String("CrossSectionalResliceViewerNode"))
-            continue;
-        const QJsonObject own = properties(node, QStringLiteral("CrossSectionalResliceViewerNode"));
-        const double slices = own.value(QStringLiteral("numberOfSlices")).toDouble();
-        if (slices >= 2)
-            return own.value(QStringLiteral("sliderIndex")).toDouble() / (slices - 1);
+    for (const QJsonValue& node : viewChildren(root, viewId)) {
+        const QJsonArray box = node["properties"]["Viewer2DNode"]["zoomBox"].toArray();
+        if (box.size() == 4)
+            return QRectF(
+                box[0].toDouble(), box[1].toDouble(), box[2].toDouble(), box[3].toDouble());
     }
-    return std::nan("");
+    return {};
 }
 
-// Each occurrence of an option with the `count` values that follow it.
-QList<QStringList> occurrences(const QStringList& args, const QString& name, int count)
+QRectF rectOf(const QJsonValue& box)
 {
-    QList<QStringList> found;
-    for (int i = args.indexOf(name); i >= 0 && i + count < args.size();
-         i = args.indexOf(name, i + 1))
-        found.append(args.mid(i + 1, count));
-    return found;
+    return QRectF(box["x"].toDouble(), box["y"].toDouble(), box["width"].toDouble(),
+        box["height"].toDouble());
 }
 
-QRectF rectOf(const QJsonValue& value)
+// The drawn item of that name (a label, a chart tooth), undefined when there is none.
+QJsonValue drawnItem(const QJsonValue& dump, const QString& name)
 {
-    const QJsonObject box = value.toObject();
-    return QRectF(box.value(QStringLiteral("x")).toDouble(),
-        box.value(QStringLiteral("y")).toDouble(), box.value(QStringLiteral("width")).toDouble(),
-        box.value(QStringLiteral("height")).toDouble());
-}
-
-// The drawn item of that name (a label, a chart tooth), or an empty object.
-QJsonObject drawnItem(const QJsonObject& dump, const QString& name)
-{
-    for (const QJsonValue& item : dump.value(QStringLiteral("drawn")).toArray()) {
-        if (item.toObject().value(QStringLiteral("name")).toString() == name)
-            return item.toObject();
+    for (const QJsonValue& item : dump["drawn"].toArray()) {
+        if (item["name"].toString() == name)
+            return item;
     }
-    return QJsonObject();
+    return QJsonValue::Undefined;
 }
 
-// A drawn item's box in the pixels of a screenshot of the window.
-QRect pixelBox(const QJsonObject& dump, const QJsonObject& item)
+QRectF drawnBox(const QJsonValue& dump, const QString& name)
 {
-    const double ratio = dump.value(QStringLiteral("devicePixelRatio")).toDouble(1.0);
-    const QRectF box = rectOf(item.value(QStringLiteral("box")));
+    return rectOf(drawnItem(dump, name)["box"]);
+}
+
+// A box of the dump in the pixels of a screenshot of the window.
+QRect pixelBox(const QJsonValue& dump, const QRectF& box)
+{
+    const double ratio = dump["devicePixelRatio"].toDouble(1.0);
     return QRectF(box.topLeft() * ratio, box.size() * ratio).toAlignedRect();
-}
-
-double luminance(const QColor& color)
-{
-    auto channel = [](double value) {
-        return value <= 0.03928 ? value / 12.92 : std::pow((value + 0.055) / 1.055, 2.4);
-    };
-    return 0.2126 * channel(color.redF()) + 0.7152 * channel(color.greenF())
-        + 0.0722 * channel(color.blueF());
 }
 
 double contrast(const QColor& a, const QColor& b)
 {
+    const auto luminance = [](const QColor& color) {
+        const auto channel = [](double value) {
+            return value <= 0.03928 ? value / 12.92 : std::pow((value + 0.055) / 1.055, 2.4);
+        };
+        return 0.2126 * channel(color.redF()) + 0.7152 * channel(color.greenF())
+            + 0.0722 * channel(color.blueF());
+    };
     const double la = luminance(a);
     const double lb = luminance(b);
     return (std::max(la, lb) + 0.05) / (std::min(la, lb) + 0.05);
 }
 
+// Label text and the measured line are the only saturated yellow in the viewer.
 bool isLabelText(QRgb pixel)
 {
     return qRed(pixel) > 200 && qGreen(pixel) > 200 && qBlue(pixel) < 90;
 }
 
-// Pixels of the image inside `area` (clipped to the image) for which `test` holds.
-int countPixels(const QImage& image, const QRect& area, const std::function<bool(QRgb)>& test)
+// The pixels of the image inside `area` (clipped to the image) for which `test` holds.
+QList<QRgb> pixels(
+    const QImage& image, const QRect& area,
+    const std::function<bool(QRgb)>& test = [](QRgb) { return true; })
 {
-    int count = 0;
+    QList<QRgb> found;
     const QRect clipped = area.intersected(image.rect());
     for (int y = clipped.top(); y <= clipped.bottom(); ++y) {
-        for (int x = clipped.left(); x <= clipped.right(); ++x)
-            count += test(image.pixel(x, y)) ? 1 : 0;
+        for (int x = clipped.left(); x <= clipped.right(); ++x) {
+            if (test(image.pixel(x, y)))
+                found.append(image.pixel(x, y));
+        }
     }
-    return count;
-}
-
-QJsonObject readDump(const QString& fileName)
-{
-    QFile file(fileName);
-    expect(file.open(QIODevice::ReadOnly), fileName + QStringLiteral(" can be read"));
-    const QJsonObject dump = QJsonDocument::fromJson(file.readAll()).object();
-    expect(!dump.isEmpty(), fileName + QStringLiteral(" holds a JSON object"));
-    return dump;
-}
-
-QJsonObject stateRoot(const QJsonObject& dump)
-{
-    return dump.value(QStringLiteral("state")).toObject().value(QStringLiteral("root")).toObject();
-}
-
-// The zoom box the view's 2-D viewer node records; invalid when there is none.
-QRectF zoomBox(const QJsonObject& root, const QString& viewId)
-{
-    for (const QJsonValue& child : children(viewNode(root, viewId))) {
-        const QJsonArray box = properties(child.toObject(), QStringLiteral("Viewer2DNode"))
-                                   .value(QStringLiteral("zoomBox"))
-                                   .toArray();
-        if (box.size() == 4)
-            return QRectF(box.at(0).toDouble(), box.at(1).toDouble(), box.at(2).toDouble(),
-                box.at(3).toDouble());
-    }
-    return QRectF();
-}
-
-QString describe(const QRectF& box)
-{
-    return QStringLiteral("(%1, %2, %3 x %4)")
-        .arg(box.x(), 0, 'f', 1)
-        .arg(box.y(), 0, 'f', 1)
-        .arg(box.width(), 0, 'f', 1)
-        .arg(box.height(), 0, 'f', 1);
-}
-
-void checkZoom(const QJsonObject& root, const QStringList& args)
-{
-    // --zoomed-in VIEW W H: the view shows less than the whole W x H image in both directions,
-    // which a fitted view never does.
-    const int zoomed = args.indexOf(QStringLiteral("--zoomed-in"));
-    if (zoomed >= 0 && zoomed + 3 < args.size()) {
-        const QRectF box = zoomBox(root, args.at(zoomed + 1));
-        expect(box.isValid() && box.width() < args.at(zoomed + 2).toDouble() * 0.95
-                && box.height() < args.at(zoomed + 3).toDouble() * 0.95,
-            QStringLiteral("%1 zoomed in, found the zoom box %2")
-                .arg(args.at(zoomed + 1), describe(box)));
-    }
-    // --fitted VIEW W H: the whole image is in view, and it fills one direction.
-    const int fitted = args.indexOf(QStringLiteral("--fitted"));
-    if (fitted >= 0 && fitted + 3 < args.size()) {
-        const QRectF box = zoomBox(root, args.at(fitted + 1));
-        const QRectF image(0, 0, args.at(fitted + 2).toDouble(), args.at(fitted + 3).toDouble());
-        const bool fills
-            = box.width() < image.width() * 1.05 || box.height() < image.height() * 1.05;
-        expect(box.isValid() && box.adjusted(-1, -1, 1, 1).contains(image) && fills,
-            QStringLiteral("%1 fitted to its image, found the zoom box %2")
-                .arg(args.at(fitted + 1), describe(box)));
-    }
-    // --panned-from FILE VIEW DX DY: the zoom box of another dump, of the same size, moved by
-    // DX DY scene units (to 3 % of its size).
-    const int panned = args.indexOf(QStringLiteral("--panned-from"));
-    if (panned >= 0 && panned + 4 < args.size()) {
-        const QRectF before
-            = zoomBox(stateRoot(readDump(args.at(panned + 1))), args.at(panned + 2));
-        const QRectF box = zoomBox(root, args.at(panned + 2));
-        const QPointF shift(args.at(panned + 3).toDouble(), args.at(panned + 4).toDouble());
-        const double tolerance = before.width() * 0.03;
-        expect(before.isValid() && box.isValid()
-                && QLineF(box.center(), before.center() + shift).length() < tolerance
-                && std::abs(box.width() - before.width()) < tolerance,
-            QStringLiteral("%1 panned from %2 by (%3, %4), found %5")
-                .arg(args.at(panned + 2), describe(before))
-                .arg(shift.x())
-                .arg(shift.y())
-                .arg(describe(box)));
-    }
-    // --zoom-like FILE VIEW: the same zoom box as in another dump, to 3 % of its size.
-    const int like = args.indexOf(QStringLiteral("--zoom-like"));
-    if (like >= 0 && like + 2 < args.size()) {
-        const QRectF wanted = zoomBox(stateRoot(readDump(args.at(like + 1))), args.at(like + 2));
-        const QRectF box = zoomBox(root, args.at(like + 2));
-        const double tolerance = wanted.width() * 0.03;
-        expect(wanted.isValid() && box.isValid()
-                && QLineF(box.center(), wanted.center()).length() < tolerance
-                && std::abs(box.width() - wanted.width()) < tolerance,
-            QStringLiteral("%1 zoomed to %2 as before, found %3")
-                .arg(args.at(like + 2), describe(wanted), describe(box)));
-    }
+    return found;
 }
 
 void checkDump(const QString& fileName, const QStringList& args)
 {
-    const QJsonObject dump = readDump(fileName);
-
-    const QJsonArray measurements = dump.value(QStringLiteral("document"))
-                                        .toObject()
-                                        .value(QStringLiteral("measurements"))
-                                        .toArray();
-    QList<QJsonObject> lengths, areas, texts;
-    for (const QJsonValue& value : measurements) {
-        const QJsonObject measurement = value.toObject();
-        const QString kind = measurement.value(QStringLiteral("kind")).toString();
-        if (kind == QLatin1String("length"))
-            lengths.append(measurement);
-        else if (kind == QLatin1String("area"))
-            areas.append(measurement);
-        else if (kind == QLatin1String("text"))
-            texts.append(measurement);
+    const QJsonValue dump = readDump(fileName);
+    const QJsonValue root = dump["state"]["root"];
+    const QJsonArray measurements = dump["document"]["measurements"].toArray();
+    QHash<QString, QStringList> texts; // the measurements' texts by kind
+    checking = fileName;
+    for (const QJsonValue& measurement : measurements) {
+        const QString text = measurement["text"].toString();
+        texts[measurement["kind"].toString()].append(text);
+        if (measurement["kind"].toString() == "area")
+            expect(text.endsWith(" mm²") && text.section(' ', 0, 0).toDouble() > 0
+                    && measurement["points"].toArray().size() >= 3,
+                "an area", text, "of corners", measurement["points"]);
     }
 
-    const QString lengthCount = option(args, QStringLiteral("--lengths"));
-    if (!lengthCount.isEmpty())
-        expect(lengths.size() == lengthCount.toInt(),
-            QStringLiteral("%1 length measurement(s), found %2")
-                .arg(lengthCount)
-                .arg(lengths.size()));
-
-    const QString areaCount = option(args, QStringLiteral("--areas"));
-    if (!areaCount.isEmpty())
-        expect(areas.size() == areaCount.toInt(),
-            QStringLiteral("%1 area measurement(s), found %2").arg(areaCount).arg(areas.size()));
-    for (const QJsonObject& area : areas) {
-        const QString text = area.value(QStringLiteral("text")).toString();
-        expect(text.endsWith(QStringLiteral(" mm²"))
-                && text.section(QLatin1Char(' '), 0, 0).toDouble() > 0,
-            QStringLiteral("an area labelled in mm², not \"%1\"").arg(text));
-        expect(area.value(QStringLiteral("points")).toArray().size() >= 3,
-            QStringLiteral("a closed area has at least three corners"));
+    // --lengths, --areas, --notes N: how many the document holds of each kind.
+    for (const auto& [option, kind] : {std::pair {"--lengths", "length"},
+             std::pair {"--areas", "area"}, std::pair {"--notes", "text"}}) {
+        each(args, option, 1, [&, kind = kind](const QStringList& v) {
+            expect(texts.value(kind).size() == v[0].toInt(), texts.value(kind));
+        });
     }
+    each(args, "--length-mm", 1, [&](const QStringList& v) {
+        const QStringList lengths = texts.value("length");
+        expect(std::any_of(lengths.begin(), lengths.end(),
+                   [&](const QString& text) {
+                       return text.endsWith(" mm")
+                           && std::abs(text.section(' ', 0, 0).toDouble() - v[0].toDouble()) < 0.15;
+                   }),
+            lengths);
+    });
+    // --text and --note TEXT: a note of the document reads that, word for word.
+    const auto hasNote = [&](const QStringList& v) {
+        expect(texts.value("text").contains(QString(v[0]).replace("\\n", "\n")), texts["text"]);
+    };
+    each(args, "--text", 1, hasNote);
+    each(args, "--note", 1, hasNote);
 
-    const QString lengthMm = option(args, QStringLiteral("--length-mm"));
-    if (!lengthMm.isEmpty()) {
-        bool found = false;
-        for (const QJsonObject& length : lengths) {
-            const QString text = length.value(QStringLiteral("text")).toString();
-            const double shown = text.section(QLatin1Char(' '), 0, 0).toDouble();
-            found = found
-                || (text.endsWith(QLatin1String(" mm"))
-                    && std::abs(shown - lengthMm.toDouble()) < 0.15);
-        }
-        expect(found, QStringLiteral("a length labelled %1 mm").arg(lengthMm));
+    // What the window shows: a text of the dump, whole or (the hint in the status bar, a problem
+    // shown above the views, what it reports about the saved state it read) in part.
+    for (const auto& [option, field, whole] : {std::tuple {"--view", "currentViewOrSubView", true},
+             std::tuple {"--notation", "notation", true},
+             std::tuple {"--selected-tooth", "selectedTooth", true},
+             std::tuple {"--window-color", "windowColor", true},
+             std::tuple {"--status-bar", "statusBar", false},
+             std::tuple {"--problem", "problem", false},
+             std::tuple {"--status", "statusMessage", false}}) {
+        each(args, option, 1, [&, field = field, whole = whole](const QStringList& v) {
+            const QString shown = dump[field].toString();
+            expect(whole ? shown == v[0] : shown.contains(v[0]), shown);
+        });
     }
-
-    const QString text = option(args, QStringLiteral("--text"));
-    if (!text.isEmpty()) {
-        bool found = false;
-        for (const QJsonObject& note : texts)
-            found = found || note.value(QStringLiteral("text")).toString() == text;
-        expect(found, QStringLiteral("a text annotation reading \"%1\"").arg(text));
-    }
-
-    // --notes N and --note TEXT: the notes of the document, and one of them word for word.
-    const QString noteCount = option(args, QStringLiteral("--notes"));
-    if (!noteCount.isEmpty())
-        expect(texts.size() == noteCount.toInt(),
-            QStringLiteral("%1 note(s), found %2").arg(noteCount).arg(texts.size()));
-    for (const QStringList& note : occurrences(args, QStringLiteral("--note"), 1)) {
-        const QString wanted
-            = QString(note.first()).replace(QStringLiteral("\\n"), QStringLiteral("\n"));
-        QStringList seen;
-        for (const QJsonObject& text : texts)
-            seen.append(text.value(QStringLiteral("text")).toString());
-        expect(seen.contains(wanted),
-            QStringLiteral("a note reading \"%1\", found \"%2\"")
-                .arg(wanted, seen.join(QStringLiteral("\", \""))));
-    }
-
-    // What the person is told: the status bar's hint, and a problem shown above the views.
-    for (const char* key : {"status-bar", "problem"}) {
-        const QString wanted = option(args, QStringLiteral("--") + QLatin1String(key));
-        const QString field = QString::fromLatin1(key) == QLatin1String("problem")
-            ? QStringLiteral("problem")
-            : QStringLiteral("statusBar");
-        if (!wanted.isEmpty())
-            expect(dump.value(field).toString().contains(wanted),
-                QStringLiteral("%1 says \"%2\", found \"%3\"")
-                    .arg(QLatin1String(key), wanted, dump.value(field).toString()));
-    }
+    // The tool left running, none when --running is not given.
+    const int running = args.indexOf("--running");
+    checking = running >= 0 ? args.mid(running, 2).join(' ') : QStringLiteral("no tool running");
+    expect(dump["runningAction"].toString() == (running >= 0 ? args.value(running + 1) : ""),
+        dump["runningAction"]);
 
     // --disabled ID TEXT: the tool is disabled and its tooltip says why.
-    for (const QStringList& disabled : occurrences(args, QStringLiteral("--disabled"), 2)) {
-        const QJsonObject action
-            = dump.value(QStringLiteral("actions")).toObject().value(disabled[0]).toObject();
-        expect(!action.isEmpty() && !action.value(QStringLiteral("enabled")).toBool()
-                && action.value(QStringLiteral("tooltip")).toString().contains(disabled[1]),
-            QStringLiteral("%1 disabled, saying \"%2\"; found enabled %3, \"%4\"")
-                .arg(disabled[0], disabled[1])
-                .arg(action.value(QStringLiteral("enabled")).toBool())
-                .arg(action.value(QStringLiteral("tooltip")).toString()));
-    }
-
+    each(args, "--disabled", 2, [&](const QStringList& v) {
+        const QJsonValue action = dump["actions"][v[0]];
+        expect(action.isObject() && !action["enabled"].toBool()
+                && action["tooltip"].toString().contains(v[1]),
+            action);
+    });
     // Drawn items: present or absent, and inside the viewer's viewport.
-    for (const QStringList& name : occurrences(args, QStringLiteral("--drawn"), 1))
-        expect(!drawnItem(dump, name[0]).isEmpty(), QStringLiteral("%1 drawn").arg(name[0]));
-    for (const QStringList& name : occurrences(args, QStringLiteral("--not-drawn"), 1))
-        expect(drawnItem(dump, name[0]).isEmpty(), QStringLiteral("%1 not drawn").arg(name[0]));
-    const QRectF viewport = rectOf(dump.value(QStringLiteral("viewport")));
-    for (const QStringList& name : occurrences(args, QStringLiteral("--inside-viewport"), 1)) {
-        const QRectF box = rectOf(drawnItem(dump, name[0]).value(QStringLiteral("box")));
-        expect(!box.isEmpty() && viewport.adjusted(-0.5, -0.5, 0.5, 0.5).contains(box),
-            QStringLiteral("%1 %2 inside the viewport %3")
-                .arg(name[0], describe(box), describe(viewport)));
+    for (const bool drawn : {true, false}) {
+        each(args, drawn ? "--drawn" : "--not-drawn", 1, [&, drawn](const QStringList& v) {
+            expect(drawnItem(dump, v[0]).isUndefined() != drawn, drawnItem(dump, v[0]));
+        });
     }
+    each(args, "--inside-viewport", 1, [&](const QStringList& v) {
+        const QRectF box = drawnBox(dump, v[0]);
+        const QRectF viewport = rectOf(dump["viewport"]);
+        expect(!box.isEmpty() && viewport.adjusted(-0.5, -0.5, 0.5, 0.5).contains(box), box,
+            "in the viewport", viewport);
+    });
 
-    // The window: on the screen, of a size, in a palette.
-    const QRectF window = rectOf(dump.value(QStringLiteral("window")));
-    if (args.contains(QStringLiteral("--fits-screen"))) {
-        const QRectF screen = rectOf(dump.value(QStringLiteral("screen")));
-        expect(!window.isEmpty() && screen.contains(window),
-            QStringLiteral("window %1 fits the screen %2").arg(describe(window), describe(screen)));
-    }
-    for (const QStringList& size : occurrences(args, QStringLiteral("--window-size"), 2)) {
-        const QJsonArray found = dump.value(QStringLiteral("windowSize")).toArray();
-        expect(found.at(0).toInt() == size[0].toInt() && found.at(1).toInt() == size[1].toInt(),
-            QStringLiteral("a window of %1 x %2, found %3 x %4")
-                .arg(size[0], size[1])
-                .arg(found.at(0).toInt())
-                .arg(found.at(1).toInt()));
-    }
-    const QString windowColor = option(args, QStringLiteral("--window-color"));
-    if (!windowColor.isEmpty())
-        expect(dump.value(QStringLiteral("windowColor")).toString() == windowColor,
-            QStringLiteral("window colour %1, found %2")
-                .arg(windowColor, dump.value(QStringLiteral("windowColor")).toString()));
+    // The window: on the screen, and of a size.
+    each(args, "--fits-screen", 0, [&](const QStringList&) {
+        const QRectF window = rectOf(dump["window"]);
+        const QRectF screen = rectOf(dump["screen"]);
+        expect(!window.isEmpty() && screen.contains(window), window, "on the screen", screen);
+    });
+    each(args, "--window-size", 2, [&](const QStringList& v) {
+        const QJsonArray size = dump["windowSize"].toArray();
+        expect(size[0].toInt() == v[0].toInt() && size[1].toInt() == v[1].toInt(), size);
+    });
 
     // --buttons-like FILE: the chart's buttons stand where they stood in the other dump.
-    const QString buttonsLike = option(args, QStringLiteral("--buttons-like"));
-    if (!buttonsLike.isEmpty()) {
-        const QJsonObject before
-            = readDump(buttonsLike).value(QStringLiteral("chartButtons")).toObject();
-        const QJsonObject now = dump.value(QStringLiteral("chartButtons")).toObject();
-        for (const QString& button : {QStringLiteral("previousTooth"), QStringLiteral("nextTooth")})
-            expect(before.contains(button) && now.contains(button)
-                    && std::abs(before.value(button).toDouble() - now.value(button).toDouble())
-                        < 1.0,
-                QStringLiteral("%1 stays at x %2, found %3")
-                    .arg(button)
-                    .arg(before.value(button).toDouble())
-                    .arg(now.value(button).toDouble()));
-    }
-
+    each(args, "--buttons-like", 1, [&](const QStringList& v) {
+        const QJsonValue before = readDump(v[0])["chartButtons"];
+        for (const char* button : {"previousTooth", "nextTooth"}) {
+            const QJsonValue was = before[button], is = dump["chartButtons"][button];
+            expect(was.isDouble() && is.isDouble() && std::abs(was.toDouble() - is.toDouble()) < 1,
+                button, "at", is, "before at", was);
+        }
+    });
     // --chart-layout: every tooth number centred on its tooth, above the upper teeth and below
     // the lower ones.
-    if (args.contains(QStringLiteral("--chart-layout"))) {
+    each(args, "--chart-layout", 0, [&](const QStringList&) {
         for (int t = 1; t <= 32; ++t) {
-            const QRectF tooth = rectOf(drawnItem(dump, QStringLiteral("chartTooth%1").arg(t))
-                                            .value(QStringLiteral("box")));
-            const QRectF label = rectOf(drawnItem(dump, QStringLiteral("chartLabel%1").arg(t))
-                                            .value(QStringLiteral("box")));
-            const bool placed
-                = t <= 16 ? label.bottom() <= tooth.top() : label.top() >= tooth.bottom();
+            const QRectF tooth = drawnBox(dump, QStringLiteral("chartTooth%1").arg(t));
+            const QRectF label = drawnBox(dump, QStringLiteral("chartLabel%1").arg(t));
             expect(!tooth.isEmpty() && !label.isEmpty()
-                    && std::abs(label.center().x() - tooth.center().x()) <= 2.0 && placed,
-                QStringLiteral("number of tooth %1 %2 centred %3 its tooth %4")
-                    .arg(t)
-                    .arg(describe(label),
-                        t <= 16 ? QStringLiteral("above") : QStringLiteral("below"),
-                        describe(tooth)));
+                    && std::abs(label.center().x() - tooth.center().x()) <= 2.0
+                    && (t <= 16 ? label.bottom() <= tooth.top() : label.top() >= tooth.bottom()),
+                "the number of tooth", t, "at", label, "the tooth at", tooth);
         }
-    }
-
+    });
     // --shortcut NAME KEYS: the open shortcut list has that line.
-    for (const QStringList& shortcut : occurrences(args, QStringLiteral("--shortcut"), 2)) {
-        const QString keys
-            = dump.value(QStringLiteral("shortcuts")).toObject().value(shortcut[0]).toString();
-        expect(keys == shortcut[1],
-            QStringLiteral("shortcut of %1 listed as %2, found \"%3\"")
-                .arg(shortcut[0], shortcut[1], keys));
-    }
+    each(args, "--shortcut", 2, [&](const QStringList& v) {
+        expect(dump["shortcuts"][v[0]].toString() == v[1], dump["shortcuts"][v[0]]);
+    });
 
-    const QJsonObject root = stateRoot(dump);
-    checkZoom(root, args);
+    // --zoomed-in VIEW W H: the view shows less than the whole W x H image in both directions,
+    // which a fitted view never does.
+    each(args, "--zoomed-in", 3, [&](const QStringList& v) {
+        const QRectF box = zoomBox(root, v[0]);
+        expect(box.isValid() && box.width() < v[1].toDouble() * 0.95
+                && box.height() < v[2].toDouble() * 0.95,
+            box);
+    });
+    // --fitted VIEW W H: the whole image is in view, and it fills one direction.
+    each(args, "--fitted", 3, [&](const QStringList& v) {
+        const QRectF box = zoomBox(root, v[0]);
+        const QRectF image(0, 0, v[1].toDouble(), v[2].toDouble());
+        expect(box.isValid() && box.adjusted(-1, -1, 1, 1).contains(image)
+                && (box.width() < image.width() * 1.05 || box.height() < image.height() * 1.05),
+            box);
+    });
+    // --zoom-like FILE VIEW and --panned-from FILE VIEW DX DY: the zoom box of another dump, of
+    // the same size, moved by DX DY scene units (not at all for --zoom-like), to 3 % of its size.
+    const auto zoomedAsIn = [&](const QStringList& v) {
+        const QRectF before = zoomBox(readDump(v[0])["state"]["root"], v[1]);
+        const QRectF box = zoomBox(root, v[1]);
+        const QPointF shift(v.value(2).toDouble(), v.value(3).toDouble());
+        const double tolerance = before.width() * 0.03;
+        expect(before.isValid() && box.isValid()
+                && QLineF(box.center(), before.center() + shift).length() < tolerance
+                && std::abs(box.width() - before.width()) < tolerance,
+            box, "before", before);
+    };
+    each(args, "--zoom-like", 2, zoomedAsIn);
+    each(args, "--panned-from", 4, zoomedAsIn);
 
     // --active-sub-view MULTI SUB: the multi view's node names its chosen sub view.
-    const int active = args.indexOf(QStringLiteral("--active-sub-view"));
-    if (active >= 0 && active + 2 < args.size()) {
+    each(args, "--active-sub-view", 2, [&](const QStringList& v) {
         QStringList found;
-        for (const QJsonValue& child : children(viewNode(root, args.at(active + 1)))) {
-            const QJsonObject node = child.toObject();
-            if (node.value(QStringLiteral("type")).toString() == QLatin1String("ViewNode"))
-                found.append(properties(node, QStringLiteral("ViewNode"))
-                                 .value(QStringLiteral("viewId"))
-                                 .toString());
+        for (const QJsonValue& node : viewChildren(root, v[0])) {
+            if (node["type"].toString() == "ViewNode")
+                found.append(node["properties"]["ViewNode"]["viewId"].toString());
         }
-        expect(found == QStringList {args.at(active + 2)},
-            QStringLiteral("%1 records %2 as its sub view, found \"%3\"")
-                .arg(args.at(active + 1), args.at(active + 2), found.join(QLatin1Char(','))));
-    }
-
-    // --reslice ID POSITION, repeatable: the cross-section's position along the arch, to two
-    // hundredths.
-    for (int i = args.indexOf(QStringLiteral("--reslice")); i >= 0 && i + 2 < args.size();
-         i = args.indexOf(QStringLiteral("--reslice"), i + 1)) {
-        const double position = reslicePosition(root, args.at(i + 1));
-        expect(std::abs(position - args.at(i + 2).toDouble()) < 0.02,
-            QStringLiteral("%1 resliced at %2 in the state tree, found %3")
-                .arg(args.at(i + 1), args.at(i + 2))
-                .arg(position));
-    }
-
-    // The numbering on screen, and as the tooth chart's numbering node in the state tree.
-    const QString notation = option(args, QStringLiteral("--notation"));
-    if (!notation.isEmpty()) {
-        expect(dump.value(QStringLiteral("notation")).toString() == notation,
-            QStringLiteral("notation %1 on screen").arg(notation));
-        QList<QJsonObject> numberings;
-        collectNodes(viewNode(root, QStringLiteral("Tooth chart")),
-            QStringLiteral("ToothNumberingNode"), numberings);
+        expect(found == QStringList {v[1]}, found);
+    });
+    // --reslice ID POSITION: the cross-section's position along the arch (0..1), to two
+    // hundredths, as its reslice viewer node records it.
+    each(args, "--reslice", 2, [&](const QStringList& v) {
+        double position = std::nan("");
+        for (const QJsonValue& node : viewChildren(root, v[0])) {
+            const QJsonValue own = node["properties"]["CrossSectionalResliceViewerNode"];
+            const double slices = own["numberOfSlices"].toDouble();
+            if (node["type"].toString() == "CrossSectionalResliceViewerNode" && slices >= 2)
+                position = own["sliderIndex"].toDouble() / (slices - 1);
+        }
+        expect(std::abs(position - v[1].toDouble()) < 0.02, position);
+    });
+    // --notation N: also the tooth chart's numbering node in the state tree.
+    each(args, "--notation", 1, [&](const QStringList& v) {
+        QList<QJsonValue> numberings;
+        collectNodes(QJsonObject {{"children", viewChildren(root, "Tooth chart")}},
+            "ToothNumberingNode", numberings);
         expect(numberings.size() == 1
-                && properties(numberings.first(), QStringLiteral("ToothNumberingNode"))
-                        .value(QStringLiteral("notation"))
-                        .toString()
-                    == notation,
-            QStringLiteral("the tooth chart's node records notation %1").arg(notation));
-    }
-
+                && numberings[0]["properties"]["ToothNumberingNode"]["notation"] == v[0],
+            numberings);
+    });
     // --label-offset X Y: some measurement's label sits there, relative to its last point.
-    const int offset = args.indexOf(QStringLiteral("--label-offset"));
-    if (offset >= 0 && offset + 2 < args.size()) {
-        const QPointF wanted(args.at(offset + 1).toDouble(), args.at(offset + 2).toDouble());
-        QList<QJsonObject> nodes;
-        collectNodes(root, QStringLiteral("Measurement2DNode"), nodes);
-        QStringList seen;
-        bool found = false;
-        for (const QJsonObject& node : nodes) {
-            const QJsonArray xy = properties(node, QStringLiteral("Measurement2DNode"))
-                                      .value(QStringLiteral("labelRelativePositions"))
-                                      .toArray()
-                                      .at(0)
-                                      .toArray();
-            const QPointF at(xy.at(0).toDouble(), xy.at(1).toDouble());
-            seen.append(QStringLiteral("(%1, %2)").arg(at.x()).arg(at.y()));
-            // The script's positions reach the viewer as whole viewport pixels.
-            found = found || QLineF(at, wanted).length() < 2.0;
+    each(args, "--label-offset", 2, [&](const QStringList& v) {
+        QList<QJsonValue> nodes;
+        collectNodes(root, "Measurement2DNode", nodes);
+        QList<QPointF> offsets;
+        for (const QJsonValue& node : nodes) {
+            const QJsonArray xy
+                = node["properties"]["Measurement2DNode"]["labelRelativePositions"][0].toArray();
+            offsets.append(QPointF(xy[0].toDouble(), xy[1].toDouble()));
         }
-        expect(found,
-            QStringLiteral("a measurement label at (%1, %2) in the state tree, found %3")
-                .arg(wanted.x())
-                .arg(wanted.y())
-                .arg(seen.join(QStringLiteral(", "))));
-    }
-
+        // The script's positions reach the viewer as whole viewport pixels.
+        expect(std::any_of(offsets.begin(), offsets.end(),
+                   [&](const QPointF& at) {
+                       return QLineF(at, QPointF(v[0].toDouble(), v[1].toDouble())).length() < 2;
+                   }),
+            offsets);
+    });
     // --label-size PIXELS: every measurement label is drawn at that pixel size.
-    const QString labelSize = option(args, QStringLiteral("--label-size"));
-    if (!labelSize.isEmpty()) {
-        const QJsonArray labels = dump.value(QStringLiteral("labels")).toArray();
-        expect(!labels.isEmpty(), QStringLiteral("measurement labels are drawn"));
+    each(args, "--label-size", 1, [&](const QStringList& v) {
+        const QJsonArray labels = dump["labels"].toArray();
+        expect(!labels.isEmpty(), "no measurement label drawn");
         for (const QJsonValue& label : labels)
-            expect(label.toObject().value(QStringLiteral("pixelSize")).toInt() == labelSize.toInt(),
-                QStringLiteral("label %1 at %2 pixels, found %3")
-                    .arg(label.toObject().value(QStringLiteral("name")).toString(), labelSize)
-                    .arg(label.toObject().value(QStringLiteral("pixelSize")).toInt()));
-    }
-
-    const QString tooth = option(args, QStringLiteral("--selected-tooth"));
-    if (!tooth.isEmpty())
-        expect(dump.value(QStringLiteral("selectedTooth")).toString() == tooth,
-            QStringLiteral("tooth %1 selected in the chart, found \"%2\"")
-                .arg(tooth, dump.value(QStringLiteral("selectedTooth")).toString()));
-
-    // --status TEXT, repeatable: what the window reports about the saved state it read.
-    for (const QStringList& status : occurrences(args, QStringLiteral("--status"), 1))
-        expect(dump.value(QStringLiteral("statusMessage")).toString().contains(status[0]),
-            QStringLiteral("the window reports \"%1\", found \"%2\"")
-                .arg(status[0], dump.value(QStringLiteral("statusMessage")).toString()));
-
-    const QString view = option(args, QStringLiteral("--view"));
-    if (!view.isEmpty())
-        expect(dump.value(QStringLiteral("currentViewOrSubView")).toString() == view,
-            QStringLiteral("current view %1").arg(view));
-
-    const QString running = option(args, QStringLiteral("--running"));
-    expect(dump.value(QStringLiteral("runningAction")).toString() == running,
-        running.isEmpty() ? QStringLiteral("no tool left running")
-                          : QStringLiteral("%1 running").arg(running));
+            expect(label["pixelSize"].toInt() == v[0].toInt(), label);
+    });
 
     // The state tree names every view and refers to every measurement of the document.
-    QSet<QString> strings;
-    collectStrings(dump.value(QStringLiteral("state")), strings);
+    checking = fileName + " state tree";
+    const QString tree = QJsonDocument(dump["state"].toObject()).toJson();
     for (const char* id : {"Panoramic", "Cross-section A", "Cross-section B", "Tooth chart"})
-        expect(strings.contains(QString::fromLatin1(id)),
-            QStringLiteral("state tree has a node for %1").arg(QString::fromLatin1(id)));
-    for (const QJsonValue& value : measurements) {
-        const QString id = value.toObject().value(QStringLiteral("id")).toString();
-        expect(strings.contains(id), QStringLiteral("state tree refers to measurement %1").arg(id));
-    }
+        expect(tree.contains(QStringLiteral("\"%1\"").arg(id)), "no node for", id);
+    for (const QJsonValue& measurement : measurements)
+        expect(tree.contains("\"" + measurement["id"].toString() + "\""), "no", measurement["id"]);
 }
 
 void checkImage(const QString& fileName, const QStringList& args)
 {
     const QImage image = QImage(fileName).convertToFormat(QImage::Format_RGB32);
-    expect(!image.isNull(), fileName + QStringLiteral(" is an image"));
-    if (image.isNull())
-        return;
-    QSet<QRgb> colours;
+    checking = fileName;
+    // Not blank: many colours, and greys that vary.
+    const QList<QRgb> all = pixels(image, image.rect());
     double sum = 0, sumSquares = 0;
-    qint64 measurementPixels = 0;
-    // Columns where a band of three rows holds a yellowish pixel, band by band: a measured line
-    // is one long unbroken run, the glyphs of a label are short ones with gaps between them.
-    // Yellowish also takes the line's antialiased edge, blended with the grey image.
-    auto yellowish = [](QRgb pixel) {
-        const int low = std::min(qRed(pixel), qGreen(pixel));
-        return low > 120 && qBlue(pixel) < low / 2 && std::abs(qRed(pixel) - qGreen(pixel)) < 40;
-    };
-    int longestRun = 0;
-    for (int y = 0; y + 2 < image.height(); ++y) {
-        int run = 0;
-        for (int x = 0; x < image.width(); ++x) {
-            bool hit = false;
-            for (int row = y; row < y + 3 && !hit; ++row)
-                hit = yellowish(reinterpret_cast<const QRgb*>(image.constScanLine(row))[x]);
-            run = hit ? run + 1 : 0;
-            longestRun = std::max(longestRun, run);
-        }
+    for (const QRgb pixel : all) {
+        sum += qGray(pixel);
+        sumSquares += double(qGray(pixel)) * qGray(pixel);
     }
-    for (int y = 0; y < image.height(); ++y) {
-        const auto* line = reinterpret_cast<const QRgb*>(image.constScanLine(y));
-        for (int x = 0; x < image.width(); ++x) {
-            const QRgb pixel = line[x];
-            if (colours.size() < 4096)
-                colours.insert(pixel);
-            const int grey = qGray(pixel);
-            sum += grey;
-            sumSquares += double(grey) * grey;
-            // The measurement line and its label are the only saturated yellow in the viewer.
-            if (qRed(pixel) > 200 && qGreen(pixel) > 200 && qBlue(pixel) < 90)
-                ++measurementPixels;
-        }
-    }
-    const double count = double(image.width()) * image.height();
-    const double deviation
-        = std::sqrt(std::max(0.0, sumSquares / count - std::pow(sum / count, 2)));
-    expect(colours.size() > 64 && deviation > 8.0,
-        QStringLiteral("%1 is not blank (%2 colours, deviation %3)")
-            .arg(fileName)
-            .arg(colours.size())
-            .arg(deviation, 0, 'f', 1));
+    const double mean = sum / std::max<qsizetype>(all.size(), 1);
+    const double deviation = std::sqrt(std::max(0.0, sumSquares / all.size() - mean * mean));
+    const qsizetype colours = QSet<QRgb>(all.begin(), all.end()).size();
+    expect(colours > 64 && deviation > 8.0, colours, "colours, a deviation of", deviation);
 
     // --label-fits DUMP NAME: the label's text lies inside its box: text pixels in it, none in
     // the strips just right of it and above it, where a text that outgrew its box would run.
-    for (const QStringList& fit : occurrences(args, QStringLiteral("--label-fits"), 2)) {
-        const QJsonObject dump = readDump(fit[0]);
-        const QRect box = pixelBox(dump, drawnItem(dump, fit[1]));
-        const int inside = countPixels(image, box, isLabelText);
-        const int right = countPixels(
-            image, QRect(box.right() + 1, box.top() - 4, 40, box.height() + 4), isLabelText);
-        const int above = countPixels(
-            image, QRect(box.left(), box.top() - 30, box.width() + 40, 30), isLabelText);
-        expect(!box.isEmpty() && inside > 20 && right == 0 && above == 0,
-            QStringLiteral("%1: the text of %2 inside its box (%3 text pixels in it, %4 right of "
-                           "it, %5 above it)")
-                .arg(fileName, fit[1])
-                .arg(inside)
-                .arg(right)
-                .arg(above));
-    }
+    each(args, "--label-fits", 2, [&](const QStringList& v) {
+        const QJsonValue dump = readDump(v[0]);
+        const QRect box = pixelBox(dump, drawnBox(dump, v[1]));
+        const auto text
+            = [&](const QRect& area) { return pixels(image, area, isLabelText).size(); };
+        const auto inside = text(box);
+        const auto right = text(QRect(box.right() + 1, box.top() - 4, 40, box.height() + 4));
+        const auto above = text(QRect(box.left(), box.top() - 30, box.width() + 40, 30));
+        expect(!box.isEmpty() && inside > 20 && right == 0 && above == 0, inside,
+            "text pixels in the box,", right, "right of it,", above, "above it");
+    });
     // --contrast DUMP PREFIX MIN: every drawn label whose name starts with PREFIX shows its
     // text colour, at a contrast of at least MIN against the median colour of its box.
-    for (const QStringList& check : occurrences(args, QStringLiteral("--contrast"), 3)) {
-        const QJsonObject dump = readDump(check[0]);
+    each(args, "--contrast", 3, [&](const QStringList& v) {
+        const QJsonValue dump = readDump(v[0]);
         int labels = 0;
-        for (const QJsonValue& value : dump.value(QStringLiteral("drawn")).toArray()) {
-            const QJsonObject item = value.toObject();
-            if (!item.value(QStringLiteral("name")).toString().startsWith(check[1]))
+        for (const QJsonValue& item : dump["drawn"].toArray()) {
+            if (!item["name"].toString().startsWith(v[1]))
                 continue;
             ++labels;
-            const QColor text(item.value(QStringLiteral("color")).toString());
-            const QRect box = pixelBox(dump, item).intersected(image.rect());
-            QList<QRgb> pixels;
-            for (int y = box.top(); y <= box.bottom(); ++y) {
-                for (int x = box.left(); x <= box.right(); ++x)
-                    pixels.append(image.pixel(x, y));
-            }
+            const QColor text(item["color"].toString());
+            const QRect box = pixelBox(dump, rectOf(item["box"]));
+            QList<QRgb> inBox = pixels(image, box);
             std::sort(
-                pixels.begin(), pixels.end(), [](QRgb a, QRgb b) { return qGray(a) < qGray(b); });
-            const QColor backdrop = pixels.isEmpty() ? text : QColor(pixels.at(pixels.size() / 2));
-            const int shown = countPixels(image, box, [&text](QRgb p) {
+                inBox.begin(), inBox.end(), [](QRgb a, QRgb b) { return qGray(a) < qGray(b); });
+            const QColor backdrop = inBox.isEmpty() ? text : QColor(inBox.at(inBox.size() / 2));
+            const auto shown = pixels(image, box, [&text](QRgb p) {
                 return std::abs(qRed(p) - text.red()) + std::abs(qGreen(p) - text.green())
                     + std::abs(qBlue(p) - text.blue())
                     < 60;
-            });
-            expect(shown >= 5 && contrast(text, backdrop) >= check[2].toDouble(),
-                QStringLiteral(
-                    "%1: %2 in %3 on %4, contrast %5 (at least %6 wanted), %7 text pixels")
-                    .arg(fileName, item.value(QStringLiteral("name")).toString(), text.name(),
-                        backdrop.name())
-                    .arg(contrast(text, backdrop), 0, 'f', 2)
-                    .arg(check[2])
-                    .arg(shown));
+            }).size();
+            expect(shown >= 5 && contrast(text, backdrop) >= v[2].toDouble(), item["name"], text,
+                "on", backdrop, "contrast", contrast(text, backdrop), shown, "text pixels");
         }
-        expect(labels > 0, QStringLiteral("%1: labels named %2* drawn").arg(fileName, check[1]));
-    }
+        expect(labels > 0, "no such label drawn");
+    });
     // --selection-stronger DUMP: the selected tooth stands out from a plain one more than the
     // tooth under the mouse does.
-    for (const QStringList& check : occurrences(args, QStringLiteral("--selection-stronger"), 1)) {
-        const QJsonObject dump = readDump(check[0]);
-        QColor selected, hovered, plain;
-        for (const QJsonValue& value : dump.value(QStringLiteral("drawn")).toArray()) {
-            const QJsonObject item = value.toObject();
-            if (!item.value(QStringLiteral("name"))
-                     .toString()
-                     .startsWith(QLatin1String("chartTooth")))
-                continue;
-            const QColor centre(image.pixel(pixelBox(dump, item).center()));
-            if (item.value(QStringLiteral("selected")).toBool())
-                selected = centre;
-            else if (item.value(QStringLiteral("hovered")).toBool())
-                hovered = centre;
-            else
-                plain = centre;
+    each(args, "--selection-stronger", 1, [&](const QStringList& v) {
+        const QJsonValue dump = readDump(v[0]);
+        QColor centres[3]; // selected, hovered, plain
+        for (const QJsonValue& item : dump["drawn"].toArray()) {
+            const int kind = item["selected"].toBool() ? 0 : item["hovered"].toBool() ? 1 : 2;
+            if (item["name"].toString().startsWith("chartTooth"))
+                centres[kind] = image.pixel(pixelBox(dump, rectOf(item["box"])).center());
         }
+        const auto& [selected, hovered, plain] = centres;
         expect(selected.isValid() && hovered.isValid() && plain.isValid()
                 && contrast(selected, plain) >= 1.5
                 && contrast(selected, plain) > contrast(hovered, plain),
-            QStringLiteral("%1: the selected tooth (%2) stands out from a plain one (%3) more than "
-                           "the hovered one (%4)")
-                .arg(fileName, selected.name(), plain.name(), hovered.name()));
-    }
+            "selected", selected, "hovered", hovered, "plain", plain);
+    });
     // --no-dragger-in DUMP NAME: no line of a dragger shows through the box.
-    for (const QStringList& check : occurrences(args, QStringLiteral("--no-dragger-in"), 2)) {
-        const QJsonObject dump = readDump(check[0]);
-        const QRect box = pixelBox(dump, drawnItem(dump, check[1]));
-        const int bright = countPixels(
-            image, box, [](QRgb p) { return qRed(p) < 100 && qGreen(p) > 150 && qBlue(p) > 200; });
-        expect(!box.isEmpty() && bright == 0,
-            QStringLiteral("%1: no dragger line through %2 (%3 pixels)")
-                .arg(fileName, check[1])
-                .arg(bright));
-    }
+    each(args, "--no-dragger-in", 2, [&](const QStringList& v) {
+        const QJsonValue dump = readDump(v[0]);
+        const QRect box = pixelBox(dump, drawnBox(dump, v[1]));
+        const auto bright = pixels(image, box, [](QRgb p) {
+            return qRed(p) < 100 && qGreen(p) > 150 && qBlue(p) > 200;
+        }).size();
+        expect(!box.isEmpty() && bright == 0, bright, "dragger pixels");
+    });
 
-    const QString minimum = option(args, QStringLiteral("--measurement-pixels"));
-    if (!minimum.isEmpty())
-        expect(measurementPixels >= minimum.toLongLong(),
-            QStringLiteral("%1 shows the measurement (%2 line pixels, at least %3 wanted)")
-                .arg(fileName)
-                .arg(measurementPixels)
-                .arg(minimum));
-    const QString minimumRun = option(args, QStringLiteral("--measurement-run"));
-    if (!minimumRun.isEmpty())
-        expect(longestRun >= minimumRun.toInt(),
-            QStringLiteral("%1 shows a measured line (longest yellow run %2 pixels, at least %3 "
-                           "wanted)")
-                .arg(fileName)
-                .arg(longestRun)
-                .arg(minimumRun));
+    // --measurement-pixels MIN: the measurement's line and label show.
+    each(args, "--measurement-pixels", 1, [&](const QStringList& v) {
+        const auto count = pixels(image, image.rect(), isLabelText).size();
+        expect(count >= v[0].toInt(), count, "pixels");
+    });
+    // --measurement-run MIN: columns where a band of three rows holds a yellowish pixel, band by
+    // band: a measured line is one long unbroken run, the glyphs of a label are short ones with
+    // gaps between them. Yellowish also takes the line's antialiased edge, blended with the grey.
+    each(args, "--measurement-run", 1, [&](const QStringList& v) {
+        const auto yellowish = [&image](int x, int y) {
+            const QRgb pixel = image.pixel(x, y);
+            const int low = std::min(qRed(pixel), qGreen(pixel));
+            return low > 120 && qBlue(pixel) < low / 2
+                && std::abs(qRed(pixel) - qGreen(pixel)) < 40;
+        };
+        int longest = 0;
+        for (int y = 0; y + 2 < image.height(); ++y) {
+            for (int x = 0, run = 0; x < image.width(); ++x) {
+                run = yellowish(x, y) || yellowish(x, y + 1) || yellowish(x, y + 2) ? run + 1 : 0;
+                longest = std::max(longest, run);
+            }
+        }
+        expect(longest >= v[0].toInt(), "a longest run of", longest, "pixels");
+    });
 }
 
 } // namespace
@@ -739,17 +495,12 @@ int main(int argc, char* argv[])
 {
     QCoreApplication app(argc, argv);
     const QStringList args = app.arguments();
-    if (args.size() < 3) {
+    if (args.size() < 3 || (args[1] != "dump" && args[1] != "image")) {
         std::fprintf(stderr, "usage: %s dump|image FILE [options]\n", argv[0]);
         return 2;
     }
-    if (args.at(1) == QLatin1String("dump"))
-        checkDump(args.at(2), args);
-    else if (args.at(1) == QLatin1String("image"))
-        checkImage(args.at(2), args);
-    else
-        return 2;
+    (args[1] == "dump" ? checkDump : checkImage)(args[2], args);
     if (failures == 0)
-        std::printf("ok: %s\n", qPrintable(args.at(2)));
+        std::printf("ok: %s\n", qPrintable(args[2]));
     return failures == 0 ? 0 : 1;
 }
