@@ -10,7 +10,6 @@
 #include <guicore/ui/Clipping3DNode.h>
 #include <guicore/ui/CrossSectionalResliceViewerNode.h>
 #include <guicore/ui/CtDataViewer3DNode.h>
-#include <guicore/ui/DataObjectNode.h>
 #include <guicore/ui/DentalScanComparisonOptionsNode.h>
 #include <guicore/ui/DentalScanViewer3DNode.h>
 #include <guicore/ui/DiagnosisNode.h>
@@ -23,17 +22,12 @@
 #include <guicore/ui/PanoramicResliceViewerNode.h>
 #include <guicore/ui/PatientNode.h>
 #include <guicore/ui/PeriapicalViewNode.h>
-#include <guicore/ui/ResliceViewerNode.h>
 #include <guicore/ui/RootCanalViewer2DNode.h>
 #include <guicore/ui/SnappedResliceNode.h>
 #include <guicore/ui/SplitterNode.h>
 #include <guicore/ui/ViewNode.h>
-#include <guicore/ui/Viewer2DNode.h>
-#include <guicore/ui/Viewer3DNode.h>
-#include <guicore/ui/ViewerNode.h>
 
 #include <QRegularExpression>
-#include <QStringList>
 #include <QTest>
 
 #include <functional>

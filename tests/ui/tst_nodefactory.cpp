@@ -227,62 +227,37 @@ private Q_SLOTS:
             readBack->getLoadingVersions().value("AnnotationViewerNode"), QVersionNumber(2, 1));
     }
 
-    void refusesBadRegistrations_data()
+    void refusesBadRegistrations()
     {
-        QTest::addColumn<QString>("typeId");
-        QTest::addColumn<QString>("base");
-        QTest::addColumn<QString>("madeType");
-        QTest::addColumn<QString>("warning");
         const QString taken = "NodeFactory : the node kind \"%1\" is already registered.";
         const QString wrongKind = "NodeFactory : the creator of \"%1\" does not make nodes of that "
                                   "kind derived from \"%2\".";
-        QTest::newRow("empty id") << ""
-                                  << "Node"
-                                  << ""
-                                  << "NodeFactory : a node kind needs a type id and a creator.";
-        QTest::newRow("built-in id") << "ViewerNode"
-                                     << "Node"
-                                     << "ViewerNode" << taken.arg("ViewerNode");
-        QTest::newRow("registered id")
-            << "AnnotationViewerNode"
-            << "Viewer2DNode"
-            << "AnnotationViewerNode" << taken.arg("AnnotationViewerNode");
-        QTest::newRow("placeholder id") << "Node"
-                                        << "Node"
-                                        << "" << taken.arg("Node");
-        QTest::newRow("unknown base")
-            << "Other"
-            << "Missing"
-            << "Viewer2DNode"
-            << "NodeFactory : the base \"Missing\" of the node kind \"Other\" is not registered.";
-        QTest::newRow("creator makes another kind")
-            << "Other"
-            << "Node"
-            << "Viewer2DNode" << wrongKind.arg("Other", "Node");
-        QTest::newRow("kind not on its base")
-            << "OrphanNode"
-            << "Viewer2DNode"
-            << "OrphanNode" << wrongKind.arg("OrphanNode", "Viewer2DNode");
-    }
-
-    void refusesBadRegistrations()
-    {
-        QFETCH(QString, typeId);
-        QFETCH(QString, base);
-        QFETCH(QString, madeType);
-        QFETCH(QString, warning);
-        QTest::ignoreMessage(QtWarningMsg, qPrintable(warning));
-        const auto creator = [madeType]() -> std::unique_ptr<ui::Node> {
-            if (madeType == OrphanNode::getClassTypeId())
-                return std::make_unique<OrphanNode>();
-            return ui::NodeFactory::createSpecificNode(madeType);
-        };
-        QVERIFY(!ui::NodeFactory::registerNodeKind(typeId, base, creator));
-        // The kinds known before are unchanged.
-        QVERIFY(!ui::NodeFactory::getNodeKindTypeIds().contains("Other"));
-        QVERIFY(!ui::NodeFactory::getNodeKindTypeIds().contains("OrphanNode"));
-        QVERIFY(dynamic_cast<AnnotationViewerNode*>(
-            ui::NodeFactory::createSpecificNode("AnnotationViewerNode").get()));
+        // Type id, base, the kind the creator makes, the warning.
+        const std::tuple<QString, QString, QString, QString> cases[] {
+            {"", "Node", "", "NodeFactory : a node kind needs a type id and a creator."},
+            {"ViewerNode", "Node", "ViewerNode", taken.arg("ViewerNode")},
+            {"AnnotationViewerNode", "Viewer2DNode", "AnnotationViewerNode",
+                taken.arg("AnnotationViewerNode")},
+            {"Node", "Node", "", taken.arg("Node")},
+            {"Other", "Missing", "Viewer2DNode",
+                "NodeFactory : the base \"Missing\" of the node kind \"Other\" is not registered."},
+            {"Other", "Node", "Viewer2DNode", wrongKind.arg("Other", "Node")},
+            {"OrphanNode", "Viewer2DNode", "OrphanNode",
+                wrongKind.arg("OrphanNode", "Viewer2DNode")}};
+        for (const auto& [typeId, base, madeType, warning] : cases) {
+            QTest::ignoreMessage(QtWarningMsg, qPrintable(warning));
+            const auto creator = [madeType = madeType]() -> std::unique_ptr<ui::Node> {
+                if (madeType == OrphanNode::getClassTypeId())
+                    return std::make_unique<OrphanNode>();
+                return ui::NodeFactory::createSpecificNode(madeType);
+            };
+            QVERIFY(!ui::NodeFactory::registerNodeKind(typeId, base, creator));
+            // The kinds known before are unchanged.
+            QVERIFY(!ui::NodeFactory::getNodeKindTypeIds().contains("Other"));
+            QVERIFY(!ui::NodeFactory::getNodeKindTypeIds().contains("OrphanNode"));
+            QVERIFY(dynamic_cast<AnnotationViewerNode*>(
+                ui::NodeFactory::createSpecificNode("AnnotationViewerNode").get()));
+        }
     }
 
     void unregisteredKindReadsAsPlaceholderAndWritesBackUnchanged()

@@ -121,10 +121,6 @@ private Q_SLOTS:
         QVERIFY(read);
         QVERIFY(read->isEqual(patient));
         QVERIFY(!read->isAlteredRecursively());
-        const auto* bookmark
-            = dynamic_cast<const ui::BookmarkNode*>(read->getNodes().front()->getNodes().back());
-        QVERIFY(bookmark);
-        QVERIFY(bookmark->isDependantOn("uuid-5"));
 
         // Written again, the text is the same: nothing is lost or invented on the way.
         QCOMPARE(ui::NodeSerializer::write(*read), ui::NodeSerializer::write(patient));
@@ -137,34 +133,6 @@ private Q_SLOTS:
         expected.setViewerIndex(3);
         QVERIFY(older->isEqual(expected));
         QCOMPARE(older->getLoadingVersions().value("Viewer3DNode"), QVersionNumber(1, 0));
-    }
-
-    void unknownKindsAreKeptWithTheirChildren()
-    {
-        QJsonObject future = nodeJson("HolographicViewerNode",
-            QJsonArray {withProperty("LayoutTileNode", "layoutTileId", "t1")});
-        future.insert("properties",
-            QJsonObject {{"HolographicViewerNode", QJsonObject {{"hologramDepth", 12}}}});
-        QTemporaryDir dir;
-        QFile file(dir.filePath("future.json"));
-        QVERIFY(file.open(QIODevice::WriteOnly));
-        file.write(document(nodeJson("ViewNode", QJsonArray {future})));
-        file.close();
-
-        const std::unique_ptr<ui::Node> read = ui::NodeSerializer::readFile(file.fileName());
-        QVERIFY(read);
-        const ui::Node* placeholder = read->getNodes().front();
-        QCOMPARE(placeholder->getTypeId(), QString("Node"));
-        QCOMPARE(placeholder->getNodes().size(), size_t(1));
-        QCOMPARE(static_cast<const ui::LayoutTileNode*>(placeholder->getNodes().front())
-                     ->getLayoutTileId(),
-            QString("t1"));
-
-        // Written back, the unknown node keeps its type, versions and properties.
-        const QJsonObject rewritten
-            = QJsonDocument::fromJson(ui::NodeSerializer::write(*read)).object();
-        QCOMPARE(rewritten.value("root").toObject().value("children").toArray().first().toObject(),
-            future);
     }
 
     void malformedInputGivesNoTree_data()

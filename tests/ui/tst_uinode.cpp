@@ -54,23 +54,16 @@ private Q_SLOTS:
         const samples::Change& change = samples::allChanges().at(size_t(changeIndex));
 
         const std::unique_ptr<ui::Node> pristine = ui::NodeFactory::createSpecificNode(typeId);
-        pristine->addNode(std::make_unique<ui::LayoutTileNode>());
         std::unique_ptr<ui::Node> node = ui::NodeFactory::createSpecificNode(typeId);
-        node->addNode(std::make_unique<ui::LayoutTileNode>());
-        QVERIFY(node->isEqual(*pristine));
-        node->clearAlteredRecursively();
-
         QVERIFY(change.apply(*node));
         QVERIFY(node->isAltered());
         // A property left out of the comparison would make the changed node equal a default one.
         QVERIFY(!node->isEqual(*pristine));
         QVERIFY(!pristine->isEqual(*node));
 
-        // Copies carry the property (but not the children) and start unaltered.
+        // Copies carry the property and start unaltered.
         const std::unique_ptr<ui::Node> copy = node->clone();
         QVERIFY(!copy->isAltered());
-        QVERIFY(copy->getNodes().empty());
-        copy->addNode(std::make_unique<ui::LayoutTileNode>());
         QVERIFY(copy->isEqual(*node));
 
         // The same value again is no change; dependencies are added, so they always are.
@@ -79,42 +72,24 @@ private Q_SLOTS:
         QCOMPARE(node->isAltered(), change.name == "addDependency");
     }
 
-    void childrenCompareAsMultisets_data()
-    {
-        QTest::addColumn<QStringList>("left");
-        QTest::addColumn<QStringList>("right");
-        QTest::addColumn<bool>("equal");
-        QTest::newRow("same order") << QStringList {"a", "b"} << QStringList {"a", "b"} << true;
-        QTest::newRow("other order")
-            << QStringList {"a", "b", "c"} << QStringList {"c", "a", "b"} << true;
-        QTest::newRow("duplicates against distinct")
-            << QStringList {"a", "a"} << QStringList {"a", "b"} << false;
-        QTest::newRow("distinct against duplicates")
-            << QStringList {"a", "b"} << QStringList {"a", "a"} << false;
-        QTest::newRow("duplicates in other order")
-            << QStringList {"a", "b", "a"} << QStringList {"b", "a", "a"} << true;
-        QTest::newRow("different counts") << QStringList {"a"} << QStringList {"a", "a"} << false;
-        QTest::newRow("both empty") << QStringList {} << QStringList {} << true;
-    }
-
     void childrenCompareAsMultisets()
     {
-        QFETCH(QStringList, left);
-        QFETCH(QStringList, right);
-        QFETCH(bool, equal);
-        const auto l = viewWithTiles(left);
-        const auto r = viewWithTiles(right);
-        QCOMPARE(l->isEqual(*r), equal);
-        QCOMPARE(r->isEqual(*l), equal);
-
-        // Grandchildren take part as well.
-        const auto deepL = std::make_unique<ui::ViewNode>();
-        const auto deepR = std::make_unique<ui::ViewNode>();
-        deepL->addNode(viewWithTiles(left));
-        deepL->addNode(viewWithTiles({"z"}));
-        deepR->addNode(viewWithTiles({"z"}));
-        deepR->addNode(viewWithTiles(right));
-        QCOMPARE(deepL->isEqual(*deepR), equal);
+        const std::tuple<QStringList, QStringList, bool> cases[] {{{"a", "b"}, {"a", "b"}, true},
+            {{"a", "b", "c"}, {"c", "a", "b"}, true}, {{"a", "a"}, {"a", "b"}, false},
+            {{"a", "b"}, {"a", "a"}, false}, {{"a", "b", "a"}, {"b", "a", "a"}, true},
+            {{"a"}, {"a", "a"}, false}, {{}, {}, true}};
+        for (const auto& [left, right, equal] : cases) {
+            QCOMPARE(viewWithTiles(left)->isEqual(*viewWithTiles(right)), equal);
+            QCOMPARE(viewWithTiles(right)->isEqual(*viewWithTiles(left)), equal);
+            // Grandchildren take part as well.
+            ui::ViewNode deepL;
+            ui::ViewNode deepR;
+            deepL.addNode(viewWithTiles(left));
+            deepL.addNode(viewWithTiles({"z"}));
+            deepR.addNode(viewWithTiles({"z"}));
+            deepR.addNode(viewWithTiles(right));
+            QCOMPARE(deepL.isEqual(deepR), equal);
+        }
     }
 
     void wideMixedTreesCompareInAnyOrder()
@@ -177,37 +152,24 @@ private Q_SLOTS:
         QVERIFY(!right.isEqual(left));
     }
 
-    void fuzzyFloatRule_data()
-    {
-        QTest::addColumn<double>("a");
-        QTest::addColumn<double>("b");
-        QTest::addColumn<bool>("equal");
-        QTest::newRow("tiny relative difference") << 0.5 << 0.5 + 1e-15 << true;
-        QTest::newRow("visible difference") << 0.5 << 0.5 + 1e-3 << false;
-        QTest::newRow("large values, relative") << 1e6 << 1e6 + 1e-7 << true;
-        QTest::newRow("large values, beyond relative") << 1e6 << 1e6 + 1e-5 << false;
-        QTest::newRow("zero, within absolute") << 0.0 << 1e-13 << true;
-        QTest::newRow("zero, beyond absolute") << 0.0 << 1e-11 << false;
-        QTest::newRow("small values are not absolute") << 1e-13 << 2e-13 << false;
-        QTest::newRow("opposite signs") << 1.0 << -1.0 << false;
-    }
-
     void fuzzyFloatRule()
     {
-        QFETCH(double, a);
-        QFETCH(double, b);
-        QFETCH(bool, equal);
-        ui::Measurement2DNode first;
-        ui::Measurement2DNode second;
-        first.setLabelRelativePositions({{1.0, a}});
-        second.setLabelRelativePositions({{1.0, b}});
-        QCOMPARE(first.isEqual(second), equal);
-        QCOMPARE(second.isEqual(first), equal);
-
-        // A setter that receives a value fuzzy-equal to the one held makes no change.
-        first.clearAlteredRecursively();
-        first.setLabelRelativePositions({{1.0, b}});
-        QCOMPARE(first.isAltered(), !equal);
+        // Relative for large values, absolute only near zero.
+        const std::tuple<double, double, bool> cases[] {{0.5, 0.5 + 1e-15, true},
+            {0.5, 0.5 + 1e-3, false}, {1e6, 1e6 + 1e-7, true}, {1e6, 1e6 + 1e-5, false},
+            {0.0, 1e-13, true}, {0.0, 1e-11, false}, {1e-13, 2e-13, false}, {1.0, -1.0, false}};
+        for (const auto& [a, b, equal] : cases) {
+            ui::Measurement2DNode first;
+            ui::Measurement2DNode second;
+            first.setLabelRelativePositions({{1.0, a}});
+            second.setLabelRelativePositions({{1.0, b}});
+            QCOMPARE(first.isEqual(second), equal);
+            QCOMPARE(second.isEqual(first), equal);
+            // A setter that receives a value fuzzy-equal to the one held makes no change.
+            first.clearAlteredRecursively();
+            first.setLabelRelativePositions({{1.0, b}});
+            QCOMPARE(first.isAltered(), !equal);
+        }
     }
 
     void comparisonTestsClassFirstAndIgnoresFlags()
@@ -223,13 +185,17 @@ private Q_SLOTS:
         QVERIFY(rootCanal.isEqual(ui::RootCanalViewer2DNode()));
         QVERIFY(!ui::PeriapicalViewNode().isEqual(ui::IntraOralPicturesViewNode()));
 
-        // Neither the altered flags nor the versions read take part.
+        // Neither the altered flags nor the versions read take part; copies keep the latter.
         auto left = viewWithTiles({"a"});
         auto right = viewWithTiles({"a"});
         right->clearAlteredRecursively();
-        right->setLoadingVersions({{"Node", QVersionNumber(0, 9)}});
+        QVERIFY(left->getLoadingVersions().isEmpty());
+        const QMap<QString, QVersionNumber> stored {{"Node", QVersionNumber(0, 9)}};
+        right->setLoadingVersions(stored);
+        QVERIFY(!right->isAlteredRecursively());
         QVERIFY(left->isAlteredRecursively());
         QVERIFY(left->isEqual(*right));
+        QCOMPARE(right->clone()->getLoadingVersions(), stored);
     }
 
     void editingUnderLockStoresWithoutAltering()
@@ -289,12 +255,22 @@ private Q_SLOTS:
         QCOMPARE(parent->getNodes().at(0), firstA);
         QVERIFY(parent->isAltered());
 
-        // A grandchild is not a child.
+        // A grandchild is not a child; its changes show only in the recursive flags.
         auto grand = viewWithTiles({"g"});
-        ui::Node* grandChild = grand->getNodes().front();
+        auto* grandChild = static_cast<ui::LayoutTileNode*>(grand->getNodes().front());
         parent->addNode(std::move(grand));
+        parent->clearAlteredRecursively();
         parent->removeNode(*grandChild);
         QCOMPARE(parent->getNodes().back()->getNodes().size(), size_t(1));
+        QVERIFY(!parent->isAlteredRecursively());
+        grandChild->setLayoutTileId("h");
+        QVERIFY(!parent->isAltered());
+        QVERIFY(!parent->getNodes().back()->isAltered());
+        QVERIFY(parent->isAlteredRecursively());
+        QVERIFY(parent->getNodes().back()->isAlteredRecursively());
+        QVERIFY(parent->clone()->getNodes().empty());
+        parent->clearAlteredRecursively();
+        QVERIFY(!grandChild->isAltered());
 
         const std::vector<ui::Node*> before = parent->getNodes();
         std::vector<std::unique_ptr<ui::Node>> taken = parent->takeNodes();
@@ -303,40 +279,6 @@ private Q_SLOTS:
         for (size_t i = 0; i < taken.size(); ++i)
             QCOMPARE(taken[i].get(), before[i]);
         QVERIFY(parent->takeNodes().empty());
-    }
-
-    void alteredFlagsAreRecursive()
-    {
-        auto root = std::make_unique<ui::ViewNode>();
-        auto child = std::make_unique<ui::ViewerNode>();
-        auto grandChild = std::make_unique<ui::SplitterNode>();
-        ui::SplitterNode* splitter = grandChild.get();
-        child->addNode(std::move(grandChild));
-        ui::ViewerNode* viewer = child.get();
-        root->addNode(std::move(child));
-        root->clearAlteredRecursively();
-        QVERIFY(!root->isAlteredRecursively());
-
-        splitter->setRow(4);
-        QVERIFY(!root->isAltered());
-        QVERIFY(!viewer->isAltered());
-        QVERIFY(root->isAlteredRecursively());
-        QVERIFY(viewer->isAlteredRecursively());
-
-        root->clearAlteredRecursively();
-        QVERIFY(!root->isAlteredRecursively());
-        QVERIFY(!splitter->isAltered());
-    }
-
-    void loadingVersionsAreKeptByCopies()
-    {
-        ui::CtDataViewer3DNode node;
-        QVERIFY(node.getLoadingVersions().isEmpty());
-        const QMap<QString, QVersionNumber> stored {
-            {"Node", QVersionNumber(1, 0)}, {"Viewer3DNode", QVersionNumber(1, 0)}};
-        node.setLoadingVersions(stored);
-        QVERIFY(!node.isAltered());
-        QCOMPARE(node.clone()->getLoadingVersions(), stored);
     }
 
     void measurementLabelsByIndex()
