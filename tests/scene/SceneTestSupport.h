@@ -1,8 +1,8 @@
 #pragma once
 
-// Probe items and event helpers shared by the scene tests: real overlay items that write what
-// reaches them into one shared log and can run an action (which may delete items, themselves
-// included) after the stock handling of an event.
+// Probe items and event helpers for the scene tests: real overlay items that write what reaches
+// them into one shared log and can run an action (which may delete items, themselves included)
+// after the stock handling of an event.
 
 #include <guicore/graphics/items/CustomGraphicsItem.h>
 #include <guicore/graphics/items/HoverableItem.h>
@@ -14,9 +14,21 @@
 #include <QGraphicsSceneMouseEvent>
 #include <QGraphicsSceneWheelEvent>
 #include <QPainterPath>
+#include <QRegularExpression>
 #include <QStringList>
 
 #include <functional>
+
+// Logs, runs the stock handler, then the action. The action may delete this item: it is copied
+// out of the member first and nothing is touched after it.
+#define PROBE_HANDLER(handler, Event, what, action)                                                \
+    void handler(Event* e) override                                                                \
+    {                                                                                              \
+        log->append(objectName() + ':' + (what));                                                  \
+        CustomGraphicsItem::handler(e);                                                            \
+        if (const Action copy = (action))                                                          \
+            copy();                                                                                \
+    }
 
 class ProbeItem : public CustomGraphicsItem
 {
@@ -34,119 +46,44 @@ public:
 
     Action onPress, onMove, onRelease, onHoverEnter, onWheel;
 
-    void mousePressEvent(QGraphicsSceneMouseEvent* event) override
-    {
-        log->append(objectName() + ":press");
-        CustomGraphicsItem::mousePressEvent(event);
-        run(onPress);
-    }
-    void mouseMoveEvent(QGraphicsSceneMouseEvent* event) override
-    {
-        log->append(objectName() + ":move");
-        CustomGraphicsItem::mouseMoveEvent(event);
-        run(onMove);
-    }
-    void mouseReleaseEvent(QGraphicsSceneMouseEvent* event) override
-    {
-        log->append(objectName() + ":release");
-        CustomGraphicsItem::mouseReleaseEvent(event);
-        run(onRelease);
-    }
-    void hoverEnterEvent(QGraphicsSceneHoverEvent* event) override
-    {
-        log->append(objectName() + ":enter");
-        CustomGraphicsItem::hoverEnterEvent(event);
-        run(onHoverEnter);
-    }
-    void hoverMoveEvent(QGraphicsSceneHoverEvent* event) override
-    {
-        log->append(objectName() + ":hover");
-        CustomGraphicsItem::hoverMoveEvent(event);
-    }
-    void hoverLeaveEvent(QGraphicsSceneHoverEvent* event) override
-    {
-        log->append(objectName() + ":leave");
-        CustomGraphicsItem::hoverLeaveEvent(event);
-    }
-    void wheelEvent(QGraphicsSceneWheelEvent* event) override
-    {
-        log->append(objectName() + ":wheel" + QString::number(event->delta()));
-        CustomGraphicsItem::wheelEvent(event);
-        run(onWheel);
-    }
-    void keyPressEvent(QKeyEvent* event) override
-    {
-        log->append(objectName() + ":key");
-        CustomGraphicsItem::keyPressEvent(event);
-    }
-    void keyReleaseEvent(QKeyEvent* event) override
-    {
-        log->append(objectName() + ":keyRelease");
-        CustomGraphicsItem::keyReleaseEvent(event);
-    }
-
-private:
-    // The action may delete this item: copy it out of the member first, touch nothing after.
-    static void run(const Action& action)
-    {
-        if (action) {
-            const Action copy = action;
-            copy();
-        }
-    }
-
-    QStringList* log;
-};
-
-/// A hover-priority item that is a QObject (through CustomGraphicsItem).
-class HoverableProbe : public ProbeItem, public HoverableItem
-{
-public:
-    using ProbeItem::ProbeItem;
-    std::function<void(bool)> onHoverState;
-
-    bool isHoverHit(const QPointF& scenePos) const override
-    {
-        return mapToScene(getPainterPath()).contains(scenePos);
-    }
-    void hoverStateChanged(bool state) override
-    {
-        if (onHoverState) {
-            const auto copy = onHoverState;
-            copy(state);
-        }
-    }
-};
-
-/// A hover-priority item that is no QObject, so the scene can only find it in its item list.
-class PlainHoverable : public QGraphicsRectItem, public HoverableItem
-{
-public:
-    PlainHoverable(const QRectF& rect, QStringList* log, const QString& name)
-        : QGraphicsRectItem(rect)
-        , log(log)
-        , name(name)
-    {
-    }
-    std::function<void(bool)> onHoverState;
-
-    bool isHoverHit(const QPointF& scenePos) const override
-    {
-        return sceneBoundingRect().contains(scenePos);
-    }
-    void hoverStateChanged(bool state) override
-    {
-        log->append(name + (state ? ":hovered" : ":unhovered"));
-        if (onHoverState) {
-            const auto copy = onHoverState;
-            copy(state);
-        }
-    }
+    PROBE_HANDLER(mousePressEvent, QGraphicsSceneMouseEvent, "press", onPress)
+    PROBE_HANDLER(mouseMoveEvent, QGraphicsSceneMouseEvent, "move", onMove)
+    PROBE_HANDLER(mouseReleaseEvent, QGraphicsSceneMouseEvent, "release", onRelease)
+    PROBE_HANDLER(hoverEnterEvent, QGraphicsSceneHoverEvent, "enter", onHoverEnter)
+    PROBE_HANDLER(hoverMoveEvent, QGraphicsSceneHoverEvent, "hover", Action())
+    PROBE_HANDLER(hoverLeaveEvent, QGraphicsSceneHoverEvent, "leave", Action())
+    PROBE_HANDLER(
+        wheelEvent, QGraphicsSceneWheelEvent, "wheel" + QString::number(e->delta()), onWheel)
+    PROBE_HANDLER(keyPressEvent, QKeyEvent, "key", Action())
+    PROBE_HANDLER(keyReleaseEvent, QKeyEvent, "keyRelease", Action())
 
 private:
     QStringList* log;
-    QString name;
 };
+
+/// A hover-priority item that is a QObject (through CustomGraphicsItem), or none, which the scene
+/// can only find in its item list.
+template <typename Base> class Hoverable : public Base, public HoverableItem
+{
+public:
+    using Base::Base;
+    std::function<void(bool)> onHoverState;
+    QStringList* hoverLog = nullptr;
+
+    bool isHoverHit(const QPointF& scenePos) const override
+    {
+        return this->sceneBoundingRect().contains(scenePos);
+    }
+    void hoverStateChanged(bool state) override
+    {
+        if (hoverLog)
+            hoverLog->append(this->data(0).toString() + (state ? ":hovered" : ":unhovered"));
+        if (const auto copy = onHoverState)
+            copy(state);
+    }
+};
+using HoverableProbe = Hoverable<ProbeItem>;
+using PlainHoverable = Hoverable<QGraphicsRectItem>;
 
 inline void sendMouse(QGraphicsScene& scene, QEvent::Type type, const QPointF& pos,
     Qt::MouseButton button, Qt::MouseButtons buttons)
@@ -162,28 +99,12 @@ inline void sendMouse(QGraphicsScene& scene, QEvent::Type type, const QPointF& p
     QCoreApplication::sendEvent(&scene, &event);
 }
 
-inline void press(QGraphicsScene& scene, const QPointF& pos,
-    Qt::MouseButton button = Qt::LeftButton, Qt::MouseButtons held = Qt::NoButton)
+inline void hover(GraphicsSceneExtra& scene, const QPointF& pos, bool leave = false)
 {
-    sendMouse(scene, QEvent::GraphicsSceneMousePress, pos, button, held | button);
-}
-
-inline void move(QGraphicsScene& scene, const QPointF& pos, Qt::MouseButtons held = Qt::LeftButton)
-{
-    sendMouse(scene, QEvent::GraphicsSceneMouseMove, pos, Qt::NoButton, held);
-}
-
-inline void release(QGraphicsScene& scene, const QPointF& pos,
-    Qt::MouseButton button = Qt::LeftButton, Qt::MouseButtons stillHeld = Qt::NoButton)
-{
-    sendMouse(scene, QEvent::GraphicsSceneMouseRelease, pos, button, stillHeld);
-}
-
-inline void hover(GraphicsSceneExtra& scene, const QPointF& pos)
-{
-    QGraphicsSceneHoverEvent event(QEvent::GraphicsSceneHoverMove);
+    QGraphicsSceneHoverEvent event(
+        leave ? QEvent::GraphicsSceneHoverLeave : QEvent::GraphicsSceneHoverMove);
     event.setScenePos(pos);
-    scene.hoverEvent(&event);
+    leave ? scene.hoverLeaveEvent(&event) : scene.hoverEvent(&event);
 }
 
 inline void wheel(QGraphicsScene& scene, const QPointF& pos, int delta,
@@ -195,4 +116,47 @@ inline void wheel(QGraphicsScene& scene, const QPointF& pos, int delta,
     event.setOrientation(orientation);
     event.setAccepted(false);
     QCoreApplication::sendEvent(&scene, &event);
+}
+
+inline Qt::MouseButtons buttonsOf(const QString& letters)
+{
+    Qt::MouseButtons buttons;
+    for (QChar letter : letters) {
+        const int index = QStringLiteral("LRM").indexOf(letter);
+        if (index >= 0)
+            buttons |= Qt::MouseButton(Qt::LeftButton << index);
+    }
+    return buttons;
+}
+
+/// Sends a space-separated script of events and returns what was logged meanwhile, joined by
+/// spaces. A step is a letter, buttons (default "L", "N" for none), then x,y: "p" press and "r"
+/// release of the first button with the others held, "m" move holding the buttons, "d" double
+/// click, "h" hover move, "l" hover leave, "w" wheel turn by a third number.
+inline QString play(GraphicsSceneExtra& scene, QStringList& log, const QString& script)
+{
+    static const QRegularExpression step("^([prmdhlw])([LRMN]*)(-?\\d+),(-?\\d+),?(-?\\d*)$");
+    log.clear();
+    for (const QString& token : script.split(' ', Qt::SkipEmptyParts)) {
+        const QRegularExpressionMatch m = step.match(token);
+        Q_ASSERT(m.hasMatch());
+        const QChar op = m.captured(1).at(0);
+        const QString letters = m.captured(2).isEmpty() ? QStringLiteral("L") : m.captured(2);
+        const Qt::MouseButtons buttons = buttonsOf(letters);
+        const auto first = Qt::MouseButton(int(buttonsOf(letters.left(1))));
+        const QPointF at(m.captured(3).toInt(), m.captured(4).toInt());
+        if (op == 'h' || op == 'l')
+            hover(scene, at, op == 'l');
+        else if (op == 'w')
+            wheel(scene, at, m.captured(5).toInt());
+        else if (op == 'm')
+            sendMouse(scene, QEvent::GraphicsSceneMouseMove, at, Qt::NoButton, buttons);
+        else if (op == 'r')
+            sendMouse(scene, QEvent::GraphicsSceneMouseRelease, at, first, buttons & ~first);
+        else
+            sendMouse(scene,
+                op == 'p' ? QEvent::GraphicsSceneMousePress : QEvent::GraphicsSceneMouseDoubleClick,
+                at, first, buttons);
+    }
+    return log.join(' ');
 }
