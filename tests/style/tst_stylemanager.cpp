@@ -1,9 +1,11 @@
+#include <guicore/style/FontsInitializer.h>
 #include <guicore/style/StyleManager.h>
 #include <guicore/style/StyleManagerDataProvider.h>
 
 #include <QDateTime>
 #include <QFile>
-#include <QMetaMethod>
+#include <QFontDatabase>
+#include <QGuiApplication>
 #include <QRegularExpression>
 #include <QTemporaryDir>
 #include <QTest>
@@ -96,76 +98,60 @@ private Q_SLOTS:
         QCOMPARE(manager.getOptionalColor("@RED"), QColor(255, 0, 0));
     }
 
-    void numericGetters_data()
+    void numericGetters()
     {
-        QTest::addColumn<QString>("getter");
-        QTest::addColumn<QString>("key");
-        QTest::addColumn<QString>("value");
-        QTest::addColumn<double>("expected");
-        QTest::addColumn<QString>("warning");
         const QString badSize = "could not properly convert size value \"%1\" for id \"@X\"";
         const QString bad = "could not properly convert property value \"%1\" for id \"@X\"";
         const QString none = "font property not found for id \"@X\"";
         const QString noLineHeight = "line-height not found for font id \"@X\"";
-        const auto row = [](const char* getter, const char* key, const char* value, double expected,
-                             const QString& warning = {}) {
-            QTest::addRow("%s %s", getter, value) << getter << key << value << expected << warning;
-        };
-        row("size", "@X", "1.5", 1.5);
-        row("size", "@X", "12px", 0.0, badSize.arg("12px"));
-        row("size", "@X", "", 0.0, "size not found for id \"@X\"");
-        row("fontSize", "@X", "13", 13.0);
-        row("fontSize", "@X", "12.5", 0.0, bad.arg("12.5"));
-        row("fontSize", "@X", "", 0.0, none);
-        row("fontWeight", "@X", "600", 600.0);
-        row("fontWeight", "@X", "0x10", 0.0, bad.arg("0x10")); // base 10 only
-        row("bool", "@X", "true", 1.0);
-        row("bool", "@X", "false", 0.0);
-        row("bool", "@X", "TRUE", 0.0, bad.arg("TRUE"));
-        row("bool", "@X", "", 0.0, none);
-        row("lineHeight", "@X-line-height", "1.25", 1.25);
-        row("lineHeight", "@X", "1.5", 0.1, noLineHeight); // reads only its own key
-        row("lineHeight", "@X-line-height", "normal", 0.1,
-            "Invalid line-height format for id \"@X\"");
-    }
-
-    void numericGetters()
-    {
-        QFETCH(QString, getter);
-        QFETCH(QString, key);
-        QFETCH(QString, value);
-        QFETCH(QString, warning);
-        manager.setSizes({{key, value}});
-        manager.setFonts({{key, value}});
-        expectWarning(warning);
         const QHash<QString, std::function<double()>> getters {
             {"size", [&] { return manager.getSize("@X"); }},
             {"fontSize", [&] { return manager.getFontSize("@X"); }},
             {"fontWeight", [&] { return manager.getFontWeight("@X"); }},
             {"bool", [&] { return manager.getFontBoolValue("@X") ? 1.0 : 0.0; }},
             {"lineHeight", [&] { return manager.getLineHeight("@X"); }}};
-        QTEST(getters.value(getter)(), "expected");
-        QCOMPARE(manager.getSizes().value(key), value); // a bad value is kept as it was
+        const std::tuple<const char*, const char*, const char*, double, QString> cases[] = {
+            {"size", "@X", "1.5", 1.5, {}},
+            {"size", "@X", "12px", 0.0, badSize.arg("12px")},
+            {"size", "@X", "", 0.0, "size not found for id \"@X\""},
+            {"fontSize", "@X", "13", 13.0, {}},
+            {"fontSize", "@X", "12.5", 0.0, bad.arg("12.5")},
+            {"fontSize", "@X", "", 0.0, none},
+            {"fontWeight", "@X", "600", 600.0, {}},
+            {"fontWeight", "@X", "0x10", 0.0, bad.arg("0x10")}, // base 10 only
+            {"bool", "@X", "true", 1.0, {}},
+            {"bool", "@X", "false", 0.0, {}},
+            {"bool", "@X", "TRUE", 0.0, bad.arg("TRUE")},
+            {"bool", "@X", "", 0.0, none},
+            {"lineHeight", "@X-line-height", "1.25", 1.25, {}},
+            {"lineHeight", "@X", "1.5", 0.1, noLineHeight}, // reads only its own key
+            {"lineHeight", "@X-line-height", "normal", 0.1,
+                "Invalid line-height format for id \"@X\""},
+        };
+        for (const auto& [getter, key, value, expected, warning] : cases) {
+            manager.setSizes({{key, value}});
+            manager.setFonts({{key, value}});
+            expectWarning(warning);
+            QCOMPARE(getters.value(getter)(), expected);
+            QCOMPARE(manager.getSizes().value(key), value); // a bad value is kept as it was
+        }
     }
 
     void fonts()
     {
-        const struct
-        {
-            const char* value;
-            int pixelSize; // -1: an invalid format
-            const char* family;
-        } complete[] = {{"13 \"DejaVu Sans\"", 13, "DejaVu Sans"}, {"9\t\"Serif\"", 9, "Serif"},
-            {"\"Mono\"", -1, ""}, {"12  \"Mono\"", -1, ""}, {"12 Mono", -1, ""},
-            {"12 \"Mono\" bold", -1, ""}};
-        for (const auto& c : complete) {
-            manager.setFonts({{"@F", c.value}});
-            if (c.pixelSize < 0)
+        // Pixel size -1: an invalid format.
+        const std::tuple<const char*, int, const char*> complete[]
+            = {{"13 \"DejaVu Sans\"", 13, "DejaVu Sans"}, {"9\t\"Serif\"", 9, "Serif"},
+                {"\"Mono\"", -1, ""}, {"12  \"Mono\"", -1, ""}, {"12 Mono", -1, ""},
+                {"12 \"Mono\" bold", -1, ""}};
+        for (const auto& [value, pixelSize, family] : complete) {
+            manager.setFonts({{"@F", value}});
+            if (pixelSize < 0)
                 expectWarning("Invalid font format for id \"@F\"");
             const QFont font = manager.getCompleteFont("@F");
-            QCOMPARE(font, c.pixelSize < 0 ? QFont() : font);
-            QCOMPARE(font.family(), c.pixelSize < 0 ? QFont().family() : c.family);
-            QCOMPARE(font.pixelSize(), c.pixelSize < 0 ? QFont().pixelSize() : c.pixelSize);
+            QCOMPARE(font, pixelSize < 0 ? QFont() : font);
+            QCOMPARE(font.family(), pixelSize < 0 ? QFont().family() : family);
+            QCOMPARE(font.pixelSize(), pixelSize < 0 ? QFont().pixelSize() : pixelSize);
         }
         // An empty digit run passes pixel size 0 on; QFont warns and keeps its default size.
         manager.setFonts({{"@F", " \"Mono\""}});
@@ -241,31 +227,7 @@ private Q_SLOTS:
         QCOMPARE(overriding.getFont("@X"), QString("\"@X\""));
     }
 
-    void singletonLifecycle()
-    {
-        QVERIFY(!StyleManager::hasManager());
-        QTest::ignoreMessage(
-            QtWarningMsg, "Trying to get the StyleManager before calling createManager");
-        StyleManager& lazy = StyleManager::manager(); // loads the default style
-        QCOMPARE(&StyleManager::manager(), &lazy); // warns only once
-        QCOMPARE(lazy.getDateFormat("@SHORT_DATE_FORMAT"), QString("dd.MM.yyyy"));
-
-        QTemporaryDir dir;
-        QVERIFY(dir.isValid());
-        writeFile(dir.filePath("second.txt"), "@WHICH: #020202;\n");
-        QTest::ignoreMessage(
-            QtWarningMsg, "Trying to create the StyleManager twice. This is a flow issue.");
-        StyleManager::createManager(provider({dir.filePath("second.txt")}),
-            CommonDateTimeFormats {"s", "l", "dt", "ldt", "t"});
-        QCOMPARE(StyleManager::manager().getColor("@WHICH"), QColor(2, 2, 2));
-        QCOMPARE(StyleManager::manager().getDateFormat("@TIME_FORMAT"), QString("t"));
-
-        StyleManager::deleteManager();
-        QVERIFY(!StyleManager::hasManager());
-        StyleManager::deleteManager(); // harmless without a manager
-    }
-
-    void providerReadsAfreshEveryCall()
+    void providerReadsAfreshAndManagersAreReplaced()
     {
         QTemporaryDir dir;
         QVERIFY(dir.isValid());
@@ -273,12 +235,27 @@ private Q_SLOTS:
         const QString more = dir.filePath("more.txt");
         writeFile(sizes, "@A: 1;\n@B: 2;\n");
         writeFile(more, "// later files win\n@B: 3;\n");
-        const StyleManagerDataProvider files = provider({}, {sizes, more}, {sizes}, {more});
+        const StyleManagerDataProvider files = provider({more}, {sizes, more}, {sizes}, {more});
         QCOMPARE(files.getDimensions(), (StyleMap {{"@A", "1"}, {"@B", "3"}}));
         QCOMPARE(files.getFonts(), (StyleMap {{"@A", "1"}, {"@B", "2"}}));
         QCOMPARE(files.getFormats(), (StyleMap {{"@B", "3"}}));
-        writeFile(more, "@B: 4;\n@C: 5;\n");
-        QCOMPARE(files.getDimensions(), (StyleMap {{"@A", "1"}, {"@B", "4"}, {"@C", "5"}}));
+        writeFile(more, "@B: 4;\n@C: #020202;\n");
+        QCOMPARE(files.getDimensions(), (StyleMap {{"@A", "1"}, {"@B", "4"}, {"@C", "#020202"}}));
+
+        QVERIFY(!StyleManager::hasManager());
+        QTest::ignoreMessage(
+            QtWarningMsg, "Trying to get the StyleManager before calling createManager");
+        StyleManager& lazy = StyleManager::manager(); // loads the default style
+        QCOMPARE(&StyleManager::manager(), &lazy); // warns only once
+        QCOMPARE(lazy.getDateFormat("@SHORT_DATE_FORMAT"), QString("dd.MM.yyyy"));
+        QTest::ignoreMessage(
+            QtWarningMsg, "Trying to create the StyleManager twice. This is a flow issue.");
+        StyleManager::createManager(files, CommonDateTimeFormats {"s", "l", "dt", "ldt", "t"});
+        QCOMPARE(StyleManager::manager().getColor("@C"), QColor(2, 2, 2));
+        QCOMPARE(StyleManager::manager().getDateFormat("@TIME_FORMAT"), QString("t"));
+        StyleManager::deleteManager();
+        QVERIFY(!StyleManager::hasManager());
+        StyleManager::deleteManager(); // harmless without a manager
     }
 
     void paletteReplacesColorFiles()
@@ -323,20 +300,49 @@ private Q_SLOTS:
 
     void qmlInvokableGetters()
     {
+        // The fifteen getters and formatters QML calls, and nothing else.
         const QMetaObject* meta = &StyleManager::staticMetaObject;
-        const char* const invokable[] = {"getColor(QString)", "getOptionalColor(QString)",
-            "getSize(QString)", "getFontWeight(QString)", "getFontSize(QString)",
-            "getFontBoolValue(QString)", "getCompleteFont(QString)", "getLineHeight(QString)",
-            "getDateFormat(QString)", "formatDateTime(QDateTime)", "formatLongDateTime(QDateTime)",
-            "formatTime(QTime)", "pixelSize(int)", "getFontFamily(QString)", "getFont(QString)"};
-        for (const char* signature : invokable)
-            QVERIFY2(meta->indexOfMethod(signature) >= meta->methodOffset(), signature);
-        QCOMPARE(meta->methodCount() - meta->methodOffset(), int(std::size(invokable)));
+        QCOMPARE(meta->methodCount() - meta->methodOffset(), 15);
         QCOMPARE(meta->propertyCount() - meta->propertyOffset(), 0);
+        QColor color;
+        manager.setColorPalette({{"@RED", "#ff0000"}});
+        QVERIFY(QMetaObject::invokeMethod(
+            &manager, "getColor", Q_RETURN_ARG(QColor, color), Q_ARG(QString, "@RED")));
+        QCOMPARE(color, QColor(Qt::red));
         int size = 0;
         QVERIFY(QMetaObject::invokeMethod(
             &manager, "pixelSize", Q_RETURN_ARG(int, size), Q_ARG(int, 12)));
         QCOMPARE(size, 12);
+    }
+
+    void fontsInitializer()
+    {
+        QGuiApplication::setFont(QFont(QStringLiteral("Initial Family")));
+        manager.setFonts({{"@APP", "\"Quoted Family\""}, {"@EMPTY", ""}});
+        FontsInitializer::setDefaultApplicationFont(manager, "@APP");
+        QCOMPARE(QGuiApplication::font(), QFont("Quoted Family")); // size, weight, style by default
+        expectWarning("font not found for id \"@EMPTY\"");
+        FontsInitializer::setDefaultApplicationFont(manager, "@EMPTY");
+        QCOMPARE(QGuiApplication::font(), QFont("Quoted Family")); // left alone
+
+        // A real binary resource beside the executable: one good font, one broken.
+        const QString rcc
+            = QCoreApplication::applicationDirPath() + "/rcc/fonts/ResourcesSharedFonts.rcc";
+        QVERIFY2(QFile::exists(rcc), qPrintable(rcc));
+        QVERIFY(!QFile::exists(":/fonts/DejaVuSans.ttf"));
+        const auto loadedFamilies = [] { // ids are handed out from 0 upwards
+            QStringList families;
+            for (int id = 0; id < 16; ++id)
+                families += QFontDatabase::applicationFontFamilies(id);
+            return families;
+        };
+        QVERIFY(!loadedFamilies().contains("DejaVu Sans"));
+        manager.setFonts({{"@APP", "\"DejaVu Sans\""}});
+        QTest::ignoreMessage(QtWarningMsg, "Failed loading font :/fonts/Broken.ttf");
+        FontsInitializer::loadFonts(manager, "@APP");
+        QVERIFY(QFile::exists(":/fonts/DejaVuSans.ttf"));
+        QVERIFY(loadedFamilies().contains("DejaVu Sans"));
+        QCOMPARE(QGuiApplication::font().family(), QString("DejaVu Sans"));
     }
 };
 
