@@ -9,14 +9,9 @@ using Range = G::ToothRange;
 
 namespace {
 
-Tooth tooth(int value)
-{
-    return static_cast<Tooth>(value);
-}
-
 Range range(int first, int last)
 {
-    return {tooth(first), tooth(last)};
+    return {Tooth(first), Tooth(last)};
 }
 
 // Hand-written notation tables, in Universal order of the positions 1..32; the deciduous teeth
@@ -57,11 +52,11 @@ private Q_SLOTS:
             QCOMPARE(G::getAllNames(), names);
             for (int i = 0; i < names.size(); ++i) {
                 const bool child = i >= 32;
-                QCOMPARE(G::getName(tooth(position(i)), numbering, child), names.at(i));
-                QCOMPARE(G::getToothIdByName(names.at(i)), tooth(position(i)));
+                QCOMPARE(G::getName(Tooth(position(i)), numbering, child), names.at(i));
+                QCOMPARE(G::getToothIdByName(names.at(i)), Tooth(position(i)));
                 const auto parsed = G::getToothTypeAndDentitionByName(names.at(i));
                 QVERIFY(parsed);
-                QCOMPARE(parsed->first, tooth(position(i)));
+                QCOMPARE(parsed->first, Tooth(position(i)));
                 QCOMPARE(
                     parsed->second, child ? anatomy::Tooth::Deciduous : anatomy::Tooth::Permanent);
             }
@@ -70,23 +65,23 @@ private Q_SLOTS:
 
     void specialTeethAndNumberingSelection()
     {
-        QCOMPARE(G::getName(tooth(0)), QString("?"));
-        QCOMPARE(G::getName(tooth(-1)), QString("-"));
-        QCOMPARE(G::getName(tooth(33)), QString("?"));
-        QCOMPARE(G::getName(tooth(1), true), QString("?")); // a molar has no deciduous tooth
-        QCOMPARE(G::getName(tooth(5), true), QString("54"));
+        QCOMPARE(G::getName(Tooth(0)), QString("?"));
+        QCOMPARE(G::getName(Tooth(-1)), QString("-"));
+        QCOMPARE(G::getName(Tooth(33)), QString("?"));
+        QCOMPARE(G::getName(Tooth(1), true), QString("?")); // a molar has no deciduous tooth
+        QCOMPARE(G::getName(Tooth(5), true), QString("54"));
         QCOMPARE(G::getToothIdByName("99"), ToothChart::UnknownTooth);
         QVERIFY(!G::getToothTypeAndDentitionByName("x"));
-        QCOMPARE(G::getToothIdByName("16", "FDI"), tooth(3));
-        QCOMPARE(G::getToothTypeAndDentitionByName("A", "UNIV")->first, tooth(4));
+        QCOMPARE(G::getToothIdByName("16", "FDI"), Tooth(3));
+        QCOMPARE(G::getToothTypeAndDentitionByName("A", "UNIV")->first, Tooth(4));
 
         G::TOOTH_NUMBERING_SYSTEM = "UNIV";
-        QCOMPARE(G::getName(tooth(3)), QString("3"));
-        QCOMPARE(G::getName(tooth(3), "FDI"), QString("16"));
-        QCOMPARE(G::getName(tooth(3), QString()), QString("16"));
-        QCOMPARE(G::getToothIdByName("3"), tooth(3));
+        QCOMPARE(G::getName(Tooth(3)), QString("3"));
+        QCOMPARE(G::getName(Tooth(3), "FDI"), QString("16"));
+        QCOMPARE(G::getName(Tooth(3), QString()), QString("16"));
+        QCOMPARE(G::getToothIdByName("3"), Tooth(3));
         G::TOOTH_NUMBERING_SYSTEM = "univ"; // only the exact text selects Universal numbering
-        QCOMPARE(G::getName(tooth(3)), QString("16"));
+        QCOMPARE(G::getName(Tooth(3)), QString("16"));
     }
 
     void labels()
@@ -97,10 +92,10 @@ private Q_SLOTS:
             "Left lateral incisor", "Left canine", "Left first premolar", "Left second premolar",
             "Left first molar", "Left second molar", "Left third molar"};
         for (int position = 1; position <= 16; ++position) {
-            QCOMPARE(G::getType(tooth(position)), types.at(position - 1));
-            QCOMPARE(G::getType(tooth(33 - position)), types.at(position - 1));
+            QCOMPARE(G::getType(Tooth(position)), types.at(position - 1));
+            QCOMPARE(G::getType(Tooth(33 - position)), types.at(position - 1));
         }
-        QCOMPARE(G::getType(tooth(0)) + G::getType(tooth(-1)) + G::getType(tooth(33)), QString());
+        QCOMPARE(G::getType(Tooth(0)) + G::getType(Tooth(-1)) + G::getType(Tooth(33)), QString());
 
         QCOMPARE(G::archDisplayName(ToothChart::Upper), QString("upper jaw"));
         QCOMPARE(G::archDisplayName(ToothChart::Lower), QString("lower jaw"));
@@ -112,31 +107,23 @@ private Q_SLOTS:
 
     void nextAndPrevious()
     {
-        const struct
-        {
-            const char *numbering, *name, *next, *previous;
-        } cases[] = {{"", "11", "21", "12"}, {"", "28", "38", "27"}, {"", "51", "61", "52"},
-            {"UNIV", "16", "17", "15"}, {"UNIV", "J", "K", "I"}, {"UNIV", "1", "2", "-"},
-            {"", "xx", "", ""}};
+        const char* const cases[][4] = {{"", "11", "21", "12"}, {"", "28", "38", "27"},
+            {"", "51", "61", "52"}, {"UNIV", "16", "17", "15"}, {"UNIV", "J", "K", "I"},
+            {"UNIV", "1", "2", "-"}, {"", "xx", "", ""}};
         G generator;
-        for (const auto& c : cases) {
-            G::TOOTH_NUMBERING_SYSTEM = c.numbering;
-            QCOMPARE(G::getPreviousTooth(c.name), QString(c.previous));
+        for (const auto& [numbering, name, expectedNext, previous] : cases) {
+            G::TOOTH_NUMBERING_SYSTEM = numbering;
+            QCOMPARE(G::getPreviousTooth(name), QString(previous));
             QString next; // also reachable from QML
             QVERIFY(QMetaObject::invokeMethod(
-                &generator, "getNextTooth", Q_RETURN_ARG(QString, next), Q_ARG(QString, c.name)));
-            QCOMPARE(next, QString(c.next));
+                &generator, "getNextTooth", Q_RETURN_ARG(QString, next), Q_ARG(QString, name)));
+            QCOMPARE(next, QString(expectedNext));
         }
     }
 
     void rangeDisplayName()
     {
-        const struct
-        {
-            Range teeth;
-            bool swapLowerRange, ascending;
-            const char* fdi;
-        } cases[] = {
+        const std::tuple<Range, bool, bool, const char*> cases[] = {
             {range(12, 5), false, true, "14-24"}, // ascending reorders
             {range(12, 5), false, false, "24-14"},
             {range(8, 8), false, true, "11"},
@@ -147,9 +134,9 @@ private Q_SLOTS:
             {range(0, 5), false, true, ""},
             {range(5, -1), false, true, ""},
         };
-        for (const auto& c : cases) {
-            QCOMPARE(G::displayName(c.teeth, "FDI", false, c.swapLowerRange, c.ascending), c.fdi);
-            QCOMPARE(G::displayName(c.teeth, false, c.swapLowerRange, c.ascending), c.fdi);
+        for (const auto& [teeth, swapLower, ascending, fdi] : cases) {
+            QCOMPARE(G::displayName(teeth, "FDI", false, swapLower, ascending), fdi);
+            QCOMPARE(G::displayName(teeth, false, swapLower, ascending), fdi);
         }
     }
 
@@ -162,12 +149,12 @@ private Q_SLOTS:
         QCOMPARE(G::displayName(ranges, false, false, ";", "UNIV"), QString("1-3;9"));
         QCOMPARE(G::displayName(QList<Range>(), false, false, ","), QString());
 
-        QCOMPARE(G::displayName(QList<Tooth> {tooth(12), tooth(1), tooth(5)}, true), "14-24");
-        QCOMPARE(G::displayName(QList<Tooth> {tooth(12), tooth(5)}, false), QString("24-14"));
+        QCOMPARE(G::displayName(QList<Tooth> {Tooth(12), Tooth(1), Tooth(5)}, true), "14-24");
+        QCOMPARE(G::displayName(QList<Tooth> {Tooth(12), Tooth(5)}, false), QString("24-14"));
         QCOMPARE(G::displayName(QList<Tooth>(), true), QString());
 
-        QCOMPARE(G::getName(QList<Tooth> {tooth(1), tooth(32)}, "/"), QString("18/48"));
-        QCOMPARE(G::getName(QList<Tooth> {tooth(1), tooth(32)}, "UNIV", " - "), "1 - 32- ");
+        QCOMPARE(G::getName(QList<Tooth> {Tooth(1), Tooth(32)}, "/"), QString("18/48"));
+        QCOMPARE(G::getName(QList<Tooth> {Tooth(1), Tooth(32)}, "UNIV", " - "), "1 - 32- ");
         QCOMPARE(G::getName(QList<Tooth>(), "/"), QString());
 
         QCOMPARE(G::getName(range(8, 8)), QString("Tooth 11"));
@@ -190,14 +177,14 @@ private Q_SLOTS:
 
     void sortByDisplayName()
     {
-        QList<Tooth> teeth {tooth(32), tooth(9), tooth(1), tooth(17), tooth(0)};
+        QList<Tooth> teeth {Tooth(32), Tooth(9), Tooth(1), Tooth(17), Tooth(0)};
         G::sortTeethListByDisplayName(teeth);
         // FDI 48, 21, 18, 38 and "?" (which sorts as 0).
-        QCOMPARE(teeth, (QList<Tooth> {tooth(0), tooth(1), tooth(9), tooth(17), tooth(32)}));
+        QCOMPARE(teeth, (QList<Tooth> {Tooth(0), Tooth(1), Tooth(9), Tooth(17), Tooth(32)}));
         G::TOOTH_NUMBERING_SYSTEM = "UNIV";
-        teeth = {tooth(32), tooth(9), tooth(10), tooth(2)};
+        teeth = {Tooth(32), Tooth(9), Tooth(10), Tooth(2)};
         G::sortTeethListByDisplayName(teeth);
-        QCOMPARE(teeth, (QList<Tooth> {tooth(2), tooth(9), tooth(10), tooth(32)}));
+        QCOMPARE(teeth, (QList<Tooth> {Tooth(2), Tooth(9), Tooth(10), Tooth(32)}));
     }
 };
 
