@@ -82,21 +82,13 @@ private:
     /// not touch self afterwards.
     void chaos(QObject* self);
     void step();
-    void sendMouse(QEvent::Type type, Qt::MouseButton button)
+    // Presses and double clicks add the button to those held, releases take it away.
+    void mouse(QEvent::Type type, Qt::MouseButton button = Qt::NoButton)
     {
+        held = type == QEvent::MouseButtonRelease ? held & ~button : held | button;
         QWidget* viewport = view->viewport();
         QMouseEvent event(type, cursor, viewport->mapToGlobal(cursor), button, held, {});
         QCoreApplication::sendEvent(viewport, &event);
-    }
-    void press(Qt::MouseButton button, QEvent::Type type = QEvent::MouseButtonPress)
-    {
-        held |= button;
-        sendMouse(type, button);
-    }
-    void release(Qt::MouseButton button)
-    {
-        held &= ~button;
-        sendMouse(QEvent::MouseButtonRelease, button);
     }
     /// Every signal an application would react to runs the chaos; the object may die in it.
     template <typename T, typename... Signals> void onSignals(T* object, Signals... handlerSignals)
@@ -250,16 +242,16 @@ void tst_DispatchStress::step()
         if (held & button)
             return;
         cursor = randomPoint();
-        press(button);
+        mouse(QEvent::MouseButtonPress, button);
     } else if (choice < 45) {
         // Mostly small steps, so that drags stay over the items they started on.
         cursor += QPointF(random(21) - 10, random(21) - 10);
         cursor = QPointF(qBound(0.0, cursor.x(), 399.0), qBound(0.0, cursor.y(), 399.0));
-        sendMouse(QEvent::MouseMove, Qt::NoButton);
+        mouse(QEvent::MouseMove);
     } else if (choice < 57) {
         for (Qt::MouseButton button : kButtons) {
             if (held & button) {
-                release(button);
+                mouse(QEvent::MouseButtonRelease, button);
                 break;
             }
         }
@@ -267,10 +259,9 @@ void tst_DispatchStress::step()
         const Qt::MouseButton button = random(3) ? Qt::LeftButton : Qt::RightButton;
         if (held & button)
             return;
-        press(button);
-        release(button);
-        press(button, QEvent::MouseButtonDblClick);
-        release(button);
+        for (QEvent::Type type : {QEvent::MouseButtonPress, QEvent::MouseButtonRelease,
+                 QEvent::MouseButtonDblClick, QEvent::MouseButtonRelease})
+            mouse(type, button);
     } else if (choice < 70) {
         const int delta = (random(2) ? 1 : -1) * (10 + random(230));
         const QPoint angle = random(4) == 0 ? QPoint(delta, 0) : QPoint(0, delta);
@@ -323,20 +314,16 @@ void tst_DispatchStress::randomInput()
     }
     for (Qt::MouseButton button : {Qt::LeftButton, Qt::RightButton, Qt::MiddleButton}) {
         if (held & button)
-            release(button);
+            mouse(QEvent::MouseButtonRelease, button);
     }
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
 
     QVERIFY(!scene->isDragging());
     QVERIFY(!scene->isPressed());
-    // The drag signals alternate: a start is always closed by exactly one finish before the next
-    // start. (In interactive mode a drag is finished without having been announced.)
-    for (int i = 0; i < dragLog.size(); ++i) {
-        if (dragLog.at(i) == QLatin1String("started")) {
-            QVERIFY2(i + 1 < dragLog.size() && dragLog.at(i + 1) == QLatin1String("finished"),
-                qPrintable(QStringLiteral("drag %1 was not finished once").arg(i)));
-        }
-    }
+    // Every start of a drag is followed at once by its finish. (In interactive mode a drag is
+    // finished without having been announced.)
+    const QString log = dragLog.join(' ') + " end";
+    QVERIFY(!log.contains(QRegularExpression("started (?!finished)")));
     const qsizetype started = dragLog.count("started");
     const qsizetype finished = dragLog.count("finished");
     qInfo("%d items made, %d deleted, %d drags started, %d finished", itemsCreated, itemsDeleted,
