@@ -1,6 +1,5 @@
 #include "NodeSamples.h"
 
-#include <guicore/ui/NodeInteractor.h>
 #include <guicore/ui/NodeKind.h>
 #include <guicore/ui/NodeSerializer.h>
 
@@ -13,16 +12,6 @@ const char* const kEmptyUuid
 const char* const kNoConversion = "Adapted UUID not found for DataObject. This should only happen "
                                   "when importing older patients.";
 const char* const kPlaceholderClone = "Trying to clone a base ui::Node. This should never happen!";
-
-/// An interactor for a fixed node kind; the constructor of the base is for subclasses only.
-class SplitterInteractor : public ui::NodeInteractor
-{
-public:
-    SplitterInteractor()
-        : ui::NodeInteractor(ui::SplitterNode::getClassTypeId())
-    {
-    }
-};
 
 /// A kind the library does not know, on a built-in base, as an application writes one.
 class AnnotationViewerNode : public ui::NodeKind<AnnotationViewerNode, ui::Viewer2DNode>
@@ -176,16 +165,6 @@ private Q_SLOTS:
         ui::ViewNode plain;
         plain.addNode(std::make_unique<ui::DiagnosisNode>("d"));
         QVERIFY(ui::NodeFactory::replicateRecursively(&plain, {{"d", "d"}})->isEqual(plain));
-    }
-
-    void interactorsGenerateTheirKind()
-    {
-        SplitterInteractor interactor;
-        QCOMPARE(interactor.getNodeTypeId(), QString("SplitterNode"));
-        SplitterInteractor moved = std::move(interactor);
-        const std::unique_ptr<ui::Node> node = moved.generate();
-        QCOMPARE(node->getTypeId(), QString("SplitterNode"));
-        QVERIFY(moved.generate().get() != node.get());
     }
 
     void registeredKindIsMadeComparedAndReplicated()
