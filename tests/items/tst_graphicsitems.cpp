@@ -1,5 +1,4 @@
 #include <guicore/graphics/items/CustomGraphicsEllipseItem.h>
-#include <guicore/graphics/items/CustomGraphicsItem.h>
 #include <guicore/graphics/items/CustomGraphicsLabelItem.h>
 #include <guicore/graphics/items/CustomGraphicsLineSetItem.h>
 #include <guicore/graphics/items/CustomGraphicsOutlineTextItem.h>
@@ -16,7 +15,6 @@
 #include <guicore/graphics/items/CustomGraphicsTextItem.h>
 #include <guicore/graphics/items/HoverableItem.h>
 #include <guicore/graphics/scene/GraphicsSceneExtra.h>
-#include <guicore/style/DevicePixelRatio.h>
 #include <guicore/style/StyleManager.h>
 #include <guicore/style/StyleManagerDataProvider.h>
 
@@ -24,10 +22,7 @@
 
 #include <QClipboard>
 #include <QGraphicsSceneContextMenuEvent>
-#include <QGraphicsSceneMouseEvent>
 #include <QGraphicsView>
-#include <QGuiApplication>
-#include <QPainter>
 #include <QPointer>
 #include <QSignalSpy>
 #include <QSvgRenderer>
@@ -36,7 +31,6 @@
 #include <QTextCursor>
 #include <QWindow>
 
-#include <algorithm>
 #include <cmath>
 #include <memory>
 #include <tuple>
@@ -47,17 +41,7 @@
 namespace {
 
 using Lines = QList<QLineF>;
-using Loops = QList<QList<QPointF>>;
-
-bool sameRgb(QRgb a, QRgb b)
-{
-    return (a & 0xffffff) == (b & 0xffffff);
-}
-
-bool isYellow(QRgb p)
-{
-    return qRed(p) > 200 && qGreen(p) > 200 && qBlue(p) < 100;
-}
+using Bools = QList<bool>;
 
 /// A scene (its own unless given one) shown through a view of 300 by 200 pixels at the given
 /// zoom, centred on the origin.
@@ -90,15 +74,11 @@ struct ViewFixture
     }
 
     QPoint origin() const { return view.mapFromScene(QPointF(0, 0)); }
-
-    /// Renders and counts the pixels of the colour in the row through the scene origin.
-    int spanThroughOrigin(QRgb color)
+    template <typename Item, typename... Args> Item* add(Args&&... args)
     {
-        const QImage image = render();
-        int count = 0;
-        for (int x = 0; x < image.width(); ++x)
-            count += sameRgb(image.pixel(x, origin().y()), color) ? 1 : 0;
-        return count;
+        auto* item = new Item(std::forward<Args>(args)...);
+        scene.addItem(item);
+        return item;
     }
 };
 
@@ -155,6 +135,15 @@ template <typename Item> void recordClicks(Item* item, QStringList& seen)
     QObject::connect(item, &Item::rightClicked, [&seen] { seen << "right"; });
 }
 
+/// Whether each scene point is over the item.
+template <typename Item> Bools over(Item* item, const QList<QPointF>& points)
+{
+    Bools result;
+    for (const QPointF& p : points)
+        result << item->isMouseOver(p);
+    return result;
+}
+
 QPainterPath rectPath(const QRectF& rect)
 {
     QPainterPath path;
@@ -164,17 +153,9 @@ QPainterPath rectPath(const QRectF& rect)
 
 QPainterPath linePath(const QPointF& from, const QPointF& to)
 {
-    QPainterPath path;
-    path.moveTo(from);
+    QPainterPath path(from);
     path.lineTo(to);
     return path;
-}
-
-QPixmap solidPixmap(int w, int h)
-{
-    QPixmap pixmap(w, h);
-    pixmap.fill(Qt::blue);
-    return pixmap;
 }
 
 Lines polygonLines(const QList<QPointF>& points)
@@ -193,34 +174,29 @@ Lines reversed(const Lines& lines)
     return result;
 }
 
-bool lessPoint(const QPointF& a, const QPointF& b)
+/// Each loop as its sorted, rounded corners, the loops sorted: order and direction do not count.
+QStringList loopKeys(const QList<QPolygonF>& loops)
 {
-    return a.x() < b.x() || (a.x() == b.x() && a.y() < b.y());
+    QStringList keys;
+    for (const QPolygonF& loop : loops) {
+        QStringList corners;
+        const bool closed = loop.size() > 1 && loop.first() == loop.last();
+        for (qsizetype i = 0; i < loop.size() - (closed ? 1 : 0); ++i)
+            corners << QStringLiteral("%1,%2")
+                           .arg(std::round(loop[i].x() * 1e3) / 1e3)
+                           .arg(std::round(loop[i].y() * 1e3) / 1e3);
+        corners.sort();
+        keys << corners.join(QLatin1Char(' '));
+    }
+    keys.sort();
+    return keys;
 }
 
-/// Loops as sorted vertex sets, themselves sorted: their order and direction do not count.
-Loops normalised(Loops loops)
+QPixmap solidPixmap(int w, int h)
 {
-    for (auto& loop : loops) {
-        for (QPointF& p : loop)
-            p = QPointF(std::round(p.x() * 1e3) / 1e3, std::round(p.y() * 1e3) / 1e3);
-        std::sort(loop.begin(), loop.end(), lessPoint);
-    }
-    std::sort(loops.begin(), loops.end(), [](const QList<QPointF>& a, const QList<QPointF>& b) {
-        return std::lexicographical_compare(a.begin(), a.end(), b.begin(), b.end(), lessPoint);
-    });
-    return loops;
-}
-
-Loops loopsOf(const QPainterPath& path)
-{
-    Loops loops;
-    for (QPolygonF polygon : path.toSubpathPolygons()) {
-        if (polygon.size() > 1 && polygon.first() == polygon.last())
-            polygon.removeLast();
-        loops << QList<QPointF>(polygon.begin(), polygon.end());
-    }
-    return normalised(loops);
+    QPixmap pixmap(w, h);
+    pixmap.fill(Qt::blue);
+    return pixmap;
 }
 
 const QList<QPointF> square {{0, 0}, {100, 0}, {100, 100}, {0, 100}};
@@ -246,11 +222,6 @@ void moveCursorToEnd(CustomGraphicsTextItem* item)
     QTextCursor cursor = item->textCursor();
     cursor.movePosition(QTextCursor::End);
     item->setTextCursor(cursor);
-}
-
-void setLabelFontSize(int size)
-{
-    settings::SettingsManager::manager()->setUserDefault(QStringLiteral("labelFontSize"), size);
 }
 
 class TestHoverable : public HoverableItem
@@ -288,6 +259,31 @@ class tst_GraphicsItems : public QObject
 
     QTemporaryDir configDir;
 
+    static bool sameRgb(QRgb a, QRgb b) { return (a & 0xffffff) == (b & 0xffffff); }
+    static bool isYellow(QRgb p) { return qRed(p) > 200 && qGreen(p) > 200 && qBlue(p) < 100; }
+    static void setLabelFontSize(int size)
+    {
+        settings::SettingsManager::manager()->setUserDefault(QStringLiteral("labelFontSize"), size);
+    }
+    /// Renders and counts the pixels of the colour in the row through the scene origin.
+    static int spanThroughOrigin(ViewFixture& fixture, QRgb color)
+    {
+        const QImage image = fixture.render();
+        int count = 0;
+        for (int x = 0; x < image.width(); ++x)
+            count += sameRgb(image.pixel(x, fixture.origin().y()), color) ? 1 : 0;
+        return count;
+    }
+    static CustomGraphicsLabelItem* blueBoxLabel(ViewFixture& fixture)
+    {
+        auto* label = fixture.add<CustomGraphicsLabelItem>(QStringLiteral("label"));
+        label->setText(QStringLiteral("HHHH"));
+        label->fillBackground(true);
+        label->setBackgroundBrush(QBrush(Qt::blue));
+        label->setBackgroundOutlinePen(Qt::NoPen);
+        return label;
+    }
+
 private Q_SLOTS:
     void initTestCase()
     {
@@ -320,7 +316,6 @@ private Q_SLOTS:
             item.setUseStroker(stroker);
             item.setPainterPath(path);
             const QPointF at = probe + QPointF(10, 20);
-            QCOMPARE(item.getPainterPath(), path);
             QCOMPARE(item.getClickableRegion().isEmpty(), path.isEmpty());
             QCOMPARE(item.isMouseOver(at), hit);
             // Hidden or disabled items are never under the mouse.
@@ -394,17 +389,15 @@ private Q_SLOTS:
                 {Qt::LeftButton | Qt::RightButton, true, {}}, {Qt::LeftButton, false, {}}};
         for (const auto& [buttons, hit, expected] : cases) {
             QStringList seen;
-            QGraphicsScene scene;
-            auto* text = new CustomGraphicsSimpleTextItem(
+            ViewFixture fixture;
+            auto* text = fixture.add<CustomGraphicsSimpleTextItem>(
                 QStringLiteral("simple"), nullptr, QStringLiteral("I"), false);
             QFont font;
             font.setPixelSize(40);
             text->setFont(font);
             text->setPen(QPen(Qt::black, 2));
-            auto* pixmap = new CustomGraphicsPixmapItem(
+            auto* pixmap = fixture.add<CustomGraphicsPixmapItem>(
                 QStringLiteral("pixmap"), nullptr, solidPixmap(10, 10));
-            scene.addItem(text);
-            scene.addItem(pixmap);
             pixmap->setVisible(hit);
             recordClicks(text, seen);
             recordClicks(pixmap, seen);
@@ -414,7 +407,6 @@ private Q_SLOTS:
             QCOMPARE(pressItem(text, where, buttons), !expected.isEmpty());
             QCOMPARE(pressItem(pixmap, QPointF(5, 5), buttons), !expected.isEmpty());
             QCOMPARE(seen, expected + expected);
-
             QSignalSpy visibility(pixmap, &CustomGraphicsPixmapItem::visibilityChanged);
             pixmap->setVisible(!hit);
             QCOMPARE(visibility.count(), 1);
@@ -426,15 +418,12 @@ private Q_SLOTS:
         QSvgRenderer renderer(QByteArray("<svg xmlns='http://www.w3.org/2000/svg' width='20' "
                                          "height='20'><rect width='20' height='20'/></svg>"));
         QStringList seen;
-        QGraphicsScene scene;
-        auto* item = new CustomGraphicsItem(QStringLiteral("item"));
+        ViewFixture fixture;
+        auto* item = fixture.add<CustomGraphicsItem>(QStringLiteral("item"));
         item->setPainterPath(rectPath(QRectF(0, 0, 100, 100)));
-        scene.addItem(item);
-        auto* svg = new CustomGraphicsSvgItem(QStringLiteral("svg"));
+        auto* svg = fixture.add<CustomGraphicsSvgItem>(QStringLiteral("svg"));
         svg->setSharedRenderer(&renderer);
         svg->setPos(300, 300);
-        scene.addItem(svg);
-
         recordClicks(item, seen);
         recordClicks(svg, seen);
         connect(item, &CustomGraphicsItem::mouseMoved, this,
@@ -444,9 +433,9 @@ private Q_SLOTS:
         connect(svg, &CustomGraphicsSvgItem::mouseReleased, this, [&] { seen << "svg released"; });
 
         for (const QPointF& at : {QPointF(10, 10), QPointF(310, 310)}) {
-            sendMouse(scene, QEvent::GraphicsSceneMousePress, at);
-            sendMouse(scene, QEvent::GraphicsSceneMouseMove, at + QPointF(190, 190));
-            sendMouse(scene, QEvent::GraphicsSceneMouseRelease, at + QPointF(190, 190),
+            sendMouse(fixture.scene, QEvent::GraphicsSceneMousePress, at);
+            sendMouse(fixture.scene, QEvent::GraphicsSceneMouseMove, at + QPointF(190, 190));
+            sendMouse(fixture.scene, QEvent::GraphicsSceneMouseRelease, at + QPointF(190, 190),
                 Qt::NoButton, Qt::LeftButton);
         }
         QCOMPARE(
@@ -478,9 +467,9 @@ private Q_SLOTS:
         // forwarding connection was made before the test's own, so the parent reports first.
         QVERIFY(pressItem(&parent, QPointF(60, 60)));
         QCOMPARE(seen, (QStringList {"parent", "1"}));
-        QVERIFY(children[1]->isDragging());
-        QVERIFY(!children[2]->isDragging());
-        QVERIFY(!parent.isDragging());
+        QCOMPARE(
+            (Bools {parent.isDragging(), children[1]->isDragging(), children[2]->isDragging()}),
+            (Bools {false, true, false}));
         seen.clear();
         QVERIFY(!pressItem(&parent, QPointF(300, 300)));
         QVERIFY(seen.isEmpty());
@@ -497,34 +486,31 @@ private Q_SLOTS:
         QCOMPARE(right.count(), 1);
 
         // Removing an item that is not a child still detaches it.
-        auto stranger = std::make_unique<CustomGraphicsItem>(QStringLiteral("stranger"));
-        stranger->setParentItem(&parent);
-        parent.removeCustomChildItem(stranger.get());
-        QCOMPARE(stranger->parentItem(), nullptr);
+        CustomGraphicsItem stranger(QStringLiteral("stranger"), &parent);
+        parent.removeCustomChildItem(&stranger);
+        QCOMPARE(stranger.parentItem(), nullptr);
     }
 
     void contextMenuTakenOnRegionElseByChild()
     {
-        QGraphicsScene scene;
-        auto* parent = new CustomGraphicsItem(QStringLiteral("parent"));
-        parent->setPainterPath(rectPath(QRectF(0, 0, 10, 10)));
+        CustomGraphicsItem parent(QStringLiteral("parent"));
+        parent.setPainterPath(rectPath(QRectF(0, 0, 10, 10)));
         auto* child = new CustomGraphicsItem(QStringLiteral("child"));
         child->setPainterPath(rectPath(QRectF(40, 40, 10, 10)));
-        parent->addCustomChildItem(child);
-        scene.addItem(parent);
-
-        const auto sendMenu
-            = [&](const QPointF& pos, QGraphicsSceneContextMenuEvent::Reason reason) {
-                  QGraphicsSceneContextMenuEvent event(QEvent::GraphicsSceneContextMenu);
-                  event.setScenePos(pos);
-                  event.setReason(reason);
-                  parent->contextMenuEvent(&event);
-                  return event.isAccepted();
-              };
-        QVERIFY(sendMenu(QPointF(5, 5), QGraphicsSceneContextMenuEvent::Mouse));
-        QVERIFY(sendMenu(QPointF(45, 45), QGraphicsSceneContextMenuEvent::Mouse));
-        QVERIFY(!sendMenu(QPointF(25, 25), QGraphicsSceneContextMenuEvent::Mouse));
-        QVERIFY(!sendMenu(QPointF(5, 5), QGraphicsSceneContextMenuEvent::Keyboard));
+        parent.addCustomChildItem(child);
+        // On the parent, on the child, on neither; a menu from the keyboard is never taken.
+        Bools taken;
+        for (const auto& [x, reason] : {std::pair {5, QGraphicsSceneContextMenuEvent::Mouse},
+                 {45, QGraphicsSceneContextMenuEvent::Mouse},
+                 {25, QGraphicsSceneContextMenuEvent::Mouse},
+                 {5, QGraphicsSceneContextMenuEvent::Keyboard}}) {
+            QGraphicsSceneContextMenuEvent event(QEvent::GraphicsSceneContextMenu);
+            event.setScenePos(QPointF(x, x));
+            event.setReason(reason);
+            parent.contextMenuEvent(&event);
+            taken << event.isAccepted();
+        }
+        QCOMPARE(taken, (Bools {true, true, false, false}));
     }
 
     void hoverSignalsSuppressedWhileDragging()
@@ -562,9 +548,7 @@ private Q_SLOTS:
         item->setVisible(false);
         item->setVisible(false);
         item->setVisible(true);
-        QCOMPARE(spy.count(), 2);
-        QCOMPARE(spy.at(0).at(0).toBool(), false);
-        QCOMPARE(spy.at(1).at(0).toBool(), true);
+        QCOMPARE(spy, (QList<QVariantList> {{false}, {true}}));
     }
 
     void listensToPixelRatioForWholeLife()
@@ -592,7 +576,7 @@ private Q_SLOTS:
         DevicePixelRatio::registerMainWindow(nullptr);
     }
 
-    void sortByHoverPriority()
+    void hoverPriorityAndState()
     {
         // Higher priorities first; equal ones keep their order.
         const std::pair<QList<int>, QString> cases[] = {{{}, ""}, {{4}, "a"}, {{1, 3, 2}, "bca"},
@@ -611,109 +595,93 @@ private Q_SLOTS:
                 tags += QLatin1Char(static_cast<TestHoverable*>(item)->tag);
             QCOMPARE(tags, expected);
         }
-    }
 
-    void setHoveredNotifiesBeforeStoring()
-    {
+        // A change is told before it is stored; setting the same state again tells nothing.
         TestHoverable item(3, 'a');
         QVERIFY(!item.isHovered());
-        item.setHovered(false);
-        item.setHovered(true);
-        item.setHovered(true);
-        item.setHovered(false);
+        for (bool hovered : {false, true, true, false})
+            item.setHovered(hovered);
         QCOMPARE(item.notified, (QList<QPair<bool, bool>> {{true, false}, {false, true}}));
-
-        item.setHovered(true);
-        TestHoverable copy(0, 'b');
-        copy = item;
-        QVERIFY(copy.isHovered());
-        QCOMPARE(copy.getHoverPriority(), 3);
     }
 
-    void zoomAgnosticEllipseKeepsScreenSize()
+    void zoomAgnosticItemsKeepScreenSize()
     {
+        // An ellipse of diameter 20 (zoom-agnostic or not, zoom, pixels drawn).
         const std::tuple<bool, qreal, int> cases[] = {
             {true, 1.0, 20}, {true, 4.0, 20}, {true, 0.5, 20}, {false, 1.0, 20}, {false, 4.0, 80}};
         for (const auto& [agnostic, zoom, diameter] : cases) {
             ViewFixture fixture(zoom);
-            auto* ellipse = new CustomGraphicsEllipseItem(10.0f, 10.0f, QStringLiteral("ellipse"));
+            auto* ellipse
+                = fixture.add<CustomGraphicsEllipseItem>(10.0f, 10.0f, QStringLiteral("e"));
             ellipse->setPen(Qt::NoPen);
             ellipse->setBrush(Qt::red);
             ellipse->setUseZoomAgnostic(agnostic);
-            fixture.scene.addItem(ellipse);
-            const int span = fixture.spanThroughOrigin(qRgb(255, 0, 0));
+            const int span = spanThroughOrigin(fixture, qRgb(255, 0, 0));
             QVERIFY2(qAbs(span - diameter) <= 1, qPrintable(QString::number(span)));
             // The hit region follows what was drawn.
             QVERIFY(ellipse->isMouseOver(fixture.view.mapToScene(fixture.origin() + QPoint(9, 0))));
         }
+
+        // At 4x, a path's pen of 6 and a dragger handle of 6 keep their pixels.
+        ViewFixture fixture(4.0);
+        auto* path = fixture.add<CustomGraphicsPathItem>(QStringLiteral("path"));
+        path->setPen(QPen(Qt::green, 6, Qt::SolidLine, Qt::FlatCap));
+        path->setPainterPath(linePath(QPointF(0, -10), QPointF(0, 10)));
+        path->setUseZoomAgnostic(true);
+        int span = spanThroughOrigin(fixture, QColor(Qt::green).rgb());
+        QVERIFY2(qAbs(span - 6) <= 1, qPrintable(QString::number(span)));
+        path->setVisible(false);
+        auto* handle
+            = fixture.add<CustomGraphicsPointDraggerItem>(QStringLiteral("h"), nullptr, 6.0f);
+        handle->setBrush(Qt::red);
+        handle->setPen(Qt::NoPen);
+        // Six pixels at 4x zoom are 1.5 scene units.
+        QCOMPARE(over(handle, {{1.4, 0}, {1.6, 0}}), (Bools {true, false}));
+        span = spanThroughOrigin(fixture, qRgb(255, 0, 0));
+        QVERIFY2(qAbs(span - 12) <= 1, qPrintable(QString::number(span)));
     }
 
-    void rectAndPolygonPaths()
+    void rectPolygonAndSplineRegions()
     {
         CustomGraphicsRectItem plain(QStringLiteral("plain"), nullptr, QRectF(0, 0, 40, 20), 0.0);
         QVERIFY(plain.isUsingStroker());
         QVERIFY(!plain.getHandleRightClick());
         QCOMPARE(plain.getPainterPath(), rectPath(QRectF(0, 0, 40, 20)));
-
         CustomGraphicsRectItem rounded(
             QStringLiteral("rounded"), nullptr, QRectF(0, 0, 40, 20), 5.0);
         QPainterPath expected;
         expected.addRoundedRect(QRectF(0, 0, 40, 20), 5.0, 5.0, Qt::AbsoluteSize);
         QCOMPARE(rounded.getPainterPath(), expected);
-
         // Hit along the stroke only: the middle of a large rectangle is not on it.
         plain.setRect(QRectF(0, 0, 100, 100));
-        QVERIFY(!plain.isMouseOver(QPointF(50, 50)));
-        QVERIFY(plain.isMouseOver(QPointF(100, 50)));
+        QCOMPARE(over(&plain, {{50, 50}, {100, 50}}), (Bools {false, true}));
 
         // A polygon is closed and hit inside.
         const QPolygonF corner {QPointF(0, 0), QPointF(100, 0), QPointF(0, 100)};
-        CustomGraphicsPolygonItem item(QStringLiteral("polygon"), nullptr, corner);
-        QVERIFY(item.isMouseOver(QPointF(20, 20)));
-        QVERIFY(!item.isMouseOver(QPointF(80, 80)));
-        item.setPolygon(QPolygonF());
-        QVERIFY(item.getPainterPath().isEmpty());
-    }
+        CustomGraphicsPolygonItem polygon(QStringLiteral("polygon"), nullptr, corner);
+        QCOMPARE(over(&polygon, {{20, 20}, {80, 80}}), (Bools {true, false}));
+        polygon.setPolygon(QPolygonF());
+        QVERIFY(polygon.getPainterPath().isEmpty());
 
-    void pathItemZoomAgnosticPenWidth()
-    {
-        ViewFixture fixture(4.0);
-        auto* item = new CustomGraphicsPathItem(QStringLiteral("path"));
-        item->setPen(QPen(Qt::green, 6, Qt::SolidLine, Qt::FlatCap));
-        item->setPainterPath(linePath(QPointF(0, -10), QPointF(0, 10)));
-        item->setUseZoomAgnostic(true);
-        fixture.scene.addItem(item);
-        const int span = fixture.spanThroughOrigin(QColor(Qt::green).rgb());
-        QVERIFY2(qAbs(span - 6) <= 1, qPrintable(QString::number(span)));
-    }
-
-    void splineHitNearLineOnly()
-    {
-        QGraphicsScene scene;
-        auto* spline = new CustomGraphicsSpline(QStringLiteral("spline"));
-        spline->setPen(QPen(Qt::black, 4));
-        QPainterPath curve;
-        curve.moveTo(0, 0);
-        curve.cubicTo(30, 60, 70, -60, 100, 0);
-        spline->setPainterPath(curve);
-        scene.addItem(spline);
-
-        const QPointF onCurve = curve.pointAtPercent(0.5);
-        QVERIFY(spline->isMouseOver(onCurve + QPointF(0, 1.5)));
-        QVERIFY(!spline->isMouseOver(onCurve + QPointF(0, 6)));
-        QVERIFY(spline->isUnderMouse(onCurve + QPointF(0, 6), 5.0f));
-        QVERIFY(spline->contains(onCurve));
-
-        QSignalSpy left(spline, &CustomGraphicsItem::leftClicked);
-        spline->setVisible(false);
-        QVERIFY(!pressItem(spline, onCurve));
-        QCOMPARE(left.count(), 0);
-        spline->setVisible(true);
-        QVERIFY(pressItem(spline, onCurve));
-        QCOMPARE(left.count(), 1);
-
+        // A spline is hit near its curve only, or within a given distance.
         CustomGraphicsSpline empty(QStringLiteral("empty"));
         QVERIFY(!empty.isMouseOver(QPointF(0, 0)));
+        CustomGraphicsSpline spline(QStringLiteral("spline"));
+        spline.setPen(QPen(Qt::black, 4));
+        QPainterPath curve;
+        curve.cubicTo(30, 60, 70, -60, 100, 0);
+        spline.setPainterPath(curve);
+        const QPointF onCurve = curve.pointAtPercent(0.5);
+        QCOMPARE(over(&spline, {onCurve + QPointF(0, 1.5), onCurve + QPointF(0, 6)}),
+            (Bools {true, false}));
+        QVERIFY(spline.isUnderMouse(onCurve + QPointF(0, 6), 5.0f));
+        QVERIFY(spline.contains(onCurve));
+        QSignalSpy left(&spline, &CustomGraphicsItem::leftClicked);
+        spline.setVisible(false);
+        QVERIFY(!pressItem(&spline, onCurve));
+        spline.setVisible(true);
+        QVERIFY(pressItem(&spline, onCurve));
+        QCOMPARE(left.count(), 1);
     }
 
     void strokerItemsDrawTheStroke()
@@ -722,14 +690,13 @@ private Q_SLOTS:
         // A stroke ten units wide in a view zoomed to 2x. The opaque item fills it.
         {
             ViewFixture fixture(2.0);
-            auto* item = new CustomGraphicsStrokerOpaquePathItem(QStringLiteral("stroker"));
+            auto* item = fixture.add<CustomGraphicsStrokerOpaquePathItem>(QStringLiteral("opaque"));
             item->setPen(Qt::NoPen);
             item->setBrush(Qt::magenta);
             item->setStrokerPath(linePath(QPointF(-20, 0), QPointF(20, 0)));
             item->setStrokerWidth(10);
             item->setCapStyle(Qt::FlatCap);
             item->setUseZoomAgnostic(true);
-            fixture.scene.addItem(item);
             const int thickness = pixelBox(fixture.render(), magenta).height();
             // Ten pixels thick on screen at 2x zoom: five scene units.
             QCOMPARE(item->getPainterPath().boundingRect().height(), 5.0);
@@ -739,14 +706,13 @@ private Q_SLOTS:
         for (const auto& [zoomAgnostic, thickness] :
             {std::pair {false, 20}, std::pair {true, 10}}) {
             ViewFixture fixture(2.0);
-            auto* item = new CustomGraphicsStrokerTransparentPathItem(QStringLiteral("stroker"));
+            auto* item = fixture.add<CustomGraphicsStrokerTransparentPathItem>(QStringLiteral("s"));
             item->setPen(QPen(Qt::magenta, 0));
             item->setBrush(Qt::green);
             item->setStrokerPath(linePath(QPointF(-20, 0), QPointF(20, 0)));
             item->setStrokerWidth(10);
             item->setCapStyle(Qt::FlatCap);
             item->setUseZoomAgnostic(zoomAgnostic);
-            fixture.scene.addItem(item);
             const QImage image = fixture.render();
             const int height = pixelBox(image, magenta).height();
             QVERIFY2(qAbs(height - thickness) <= 1, qPrintable(QString::number(height)));
@@ -757,21 +723,15 @@ private Q_SLOTS:
     void pointDraggerProposesWithoutMoving()
     {
         ViewFixture fixture;
-        auto* parent = new QGraphicsRectItem(QRectF(0, 0, 1, 1));
+        auto* parent = fixture.add<QGraphicsRectItem>(QRectF(0, 0, 1, 1));
         parent->setPos(100, 0);
-        fixture.scene.addItem(parent);
         auto* handle = new CustomGraphicsPointDraggerItem(QStringLiteral("handle"), parent);
         handle->setPos(10, 10);
-
         QStringList seen;
-        QList<QPointF> proposals;
         connect(
             handle, &CustomGraphicsPointDraggerItem::dragStarted, this, [&] { seen << "started"; });
         connect(handle, &CustomGraphicsPointDraggerItem::positionChangeRequested, this,
-            [&](const QPointF& p) {
-                seen << "proposed";
-                proposals << p;
-            });
+            [&](const QPointF& p) { seen << QStringLiteral("to %1,%2").arg(p.x()).arg(p.y()); });
         connect(handle, &CustomGraphicsPointDraggerItem::dragFinished, this,
             [&] { seen << "finished"; });
 
@@ -780,28 +740,12 @@ private Q_SLOTS:
         sendMouse(fixture.scene, QEvent::GraphicsSceneMouseMove, QPointF(132, 40));
         sendMouse(fixture.scene, QEvent::GraphicsSceneMouseRelease, QPointF(132, 40), Qt::NoButton,
             Qt::LeftButton);
-        QCOMPARE(seen, (QStringList {"started", "proposed", "finished"}));
-        QCOMPARE(proposals.first(), QPointF(30, 40));
+        QCOMPARE(seen, (QStringList {"started", "to 30,40", "finished"}));
         QCOMPARE(handle->pos(), QPointF(10, 10));
-
         // A press beside the handle starts nothing.
         seen.clear();
         QVERIFY(!sendMouse(fixture.scene, QEvent::GraphicsSceneMousePress, QPointF(150, 10)));
         QVERIFY(seen.isEmpty());
-    }
-
-    void pointDraggerHitKeepsScreenSize()
-    {
-        ViewFixture fixture(4.0);
-        auto* handle = new CustomGraphicsPointDraggerItem(QStringLiteral("handle"), nullptr, 6.0f);
-        handle->setBrush(Qt::red);
-        handle->setPen(Qt::NoPen);
-        fixture.scene.addItem(handle);
-        // Six pixels at 4x zoom are 1.5 scene units.
-        QVERIFY(handle->isMouseOver(QPointF(1.4, 0)));
-        QVERIFY(!handle->isMouseOver(QPointF(1.6, 0)));
-        const int span = fixture.spanThroughOrigin(qRgb(255, 0, 0));
-        QVERIFY2(qAbs(span - 12) <= 1, qPrintable(QString::number(span)));
     }
 
     // Label
@@ -809,9 +753,9 @@ private Q_SLOTS:
     void labelPartsAreNamedAndPlaced()
     {
         CustomGraphicsLabelItem label(QStringLiteral("ruler"), nullptr, 3.0, true);
-        QCOMPARE(label.getBackground()->objectName(), QStringLiteral("ruler_background"));
-        QCOMPARE(label.getIcon()->objectName(), QStringLiteral("ruler_icon"));
-        QCOMPARE(label.getTextItem()->objectName(), QStringLiteral("ruler_text"));
+        QCOMPARE((QStringList {label.getBackground()->objectName(), label.getIcon()->objectName(),
+                     label.getTextItem()->objectName()}),
+            (QStringList {"ruler_background", "ruler_icon", "ruler_text"}));
         QCOMPARE(label.getIcon()->parentItem(), &label);
         QCOMPARE(label.getCustomChildItems(),
             (QList<CustomGraphicsItem*> {label.getBackground(), label.getTextItem()}));
@@ -844,24 +788,22 @@ private Q_SLOTS:
                 label.setWidth(fixedSize.width());
                 label.setHeight(fixedSize.height());
             }
-
             const qreal iw = iconShown.width();
             QCOMPARE(label.getIcon()->boundingRect().size(), iconShown);
             QCOMPARE(label.getIcon()->pos(), QPointF(-iw - 3, -iconShown.height()));
             QCOMPARE(label.getTextItem()->pos(), QPointF(0, 0));
-            const QRectF textRect = label.getTextBoundingRect();
-            const float tw = float(textRect.width());
-            const float th = float(textRect.height());
+            const float tw = float(label.getTextBoundingRect().width());
+            const float th = float(label.getTextBoundingRect().height());
             const QRectF expected = wrap
                 ? QRectF(-8 - iw, 5, tw + 10 + float(iw) + 6, -th - 10)
                 : QRectF(-8 - iw, 5, fixedSize.width(), -fixedSize.height());
             QCOMPARE(label.getBackground()->getRect(), expected);
-            if (wrap) {
-                // The box reaches 8 pixels beyond the text and icon, and from 5 below the
-                // baseline to 5 above the text.
+            // The box reaches 8 pixels beyond the text and icon, and from 5 below the baseline
+            // to 5 above the text.
+            if (wrap)
                 QCOMPARE(expected.normalized().right(), tw + 8.0);
+            if (wrap)
                 QCOMPARE(float(expected.normalized().top()), -(th + 5.0f));
-            }
         }
     }
 
@@ -895,85 +837,75 @@ private Q_SLOTS:
         // QFont refuses a size of 0, keeping the one it has.
         setLabelFontSize(0);
         CustomGraphicsLabelItem tiny(QStringLiteral("tiny"));
-        QCOMPARE(tiny.getTextItem()->getFont().pixelSize(), 1);
-        setLabelFontSize(5);
-        QCOMPARE(tiny.getTextItem()->getFont().pixelSize(), 5);
-        setLabelFontSize(0);
-        QCOMPARE(tiny.getTextItem()->getFont().pixelSize(), 5);
+        QList<int> sizes {tiny.getTextItem()->getFont().pixelSize()};
+        for (int setting : {5, 0}) {
+            setLabelFontSize(setting);
+            sizes << tiny.getTextItem()->getFont().pixelSize();
+        }
+        QCOMPARE(sizes, (QList<int> {1, 5, 5}));
     }
 
     void labelHitShapeInZoomedView()
     {
         ViewFixture fixture(2.0);
-        auto* label = new CustomGraphicsLabelItem(QStringLiteral("label"));
-        fixture.scene.addItem(label);
+        auto* label = fixture.add<CustomGraphicsLabelItem>(QStringLiteral("label"));
         label->setPos(10, 10);
         label->setText(QStringLiteral("3.4 cm"));
         label->wrapSizeToText(false);
         label->setWidth(60);
         label->setHeight(20);
-
         // The box is (-8, 5, 60, -20) in pixels: (-4, -7.5) to (26, 2.5) in scene units at 2x.
         QCOMPARE(label->shape().boundingRect(), QRectF(QPointF(-4, -7.5), QPointF(26, 2.5)));
         QCOMPARE(label->getClickableRegion().boundingRect(), label->shape().boundingRect());
-        QVERIFY(label->isMouseOver(QPointF(10 + 25, 10 - 7)));
-        QVERIFY(!label->isMouseOver(QPointF(10 + 27, 10)));
-        QVERIFY(!label->isMouseOver(QPointF(10, 10 + 3)));
+        QCOMPARE(over(label, {{35, 3}, {37, 10}, {10, 13}}), (Bools {true, false, false}));
         QVERIFY(label->boundingRect().contains(label->shape().boundingRect()));
     }
 
     void labelClicksOnPartsReportedByLabel()
     {
         ViewFixture fixture;
-        auto* label = new CustomGraphicsLabelItem(QStringLiteral("label"));
-        fixture.scene.addItem(label);
+        auto* label = fixture.add<CustomGraphicsLabelItem>(QStringLiteral("label"));
         label->setText(QStringLiteral("MMMM"));
         label->setIcon(solidPixmap(16, 16));
         label->fillBackground(true);
         QStringList seen;
         recordClicks(label, seen);
-
-        const QPoint onText = fixture.view.mapFromScene(label->getTextBoundingRect().center());
-        QTest::mouseClick(fixture.view.viewport(), Qt::LeftButton, {}, onText);
-        QTest::mouseClick(
-            fixture.view.viewport(), Qt::LeftButton, {}, fixture.view.mapFromScene(-11, -8));
-        QTest::mouseClick(fixture.view.viewport(), Qt::RightButton, {}, onText);
-        // Nothing takes a press beside the label, and QTest says so.
+        const auto click = [&](Qt::MouseButton button, const QPointF& at) {
+            QTest::mouseClick(fixture.view.viewport(), button, {}, fixture.view.mapFromScene(at));
+        };
+        // On the text, on the icon, and beside the label, where nothing takes the press.
+        click(Qt::LeftButton, label->getTextBoundingRect().center());
+        click(Qt::LeftButton, QPointF(-11, -8));
+        click(Qt::RightButton, label->getTextBoundingRect().center());
         QTest::ignoreMessage(
             QtWarningMsg, "Mouse event \"MousePress\" not accepted by receiving widget");
-        QTest::mouseClick(
-            fixture.view.viewport(), Qt::LeftButton, {}, fixture.view.mapFromScene(-60, 0));
+        click(Qt::LeftButton, QPointF(-60, 0));
         QCOMPARE(seen, (QStringList {"left", "left", "right"}));
 
         // Hiding tells the scene the area the label covered.
         QSignalSpy changed(&fixture.scene, &QGraphicsScene::changed);
         label->setVisible(false);
         QVERIFY(!label->isVisible());
-        QCOMPARE(changed.count(), 1);
-        QCOMPARE(changed.at(0).at(0).value<QList<QRectF>>(), QList<QRectF> {label->boundingRect()});
+        QCOMPARE(
+            changed, (QList<QVariantList> {{QVariant::fromValue(QList {label->boundingRect()})}}));
     }
 
     void labelRendersBoxAndTextWhereLaidOut()
     {
         ViewFixture fixture(3.0);
-        auto* label = new CustomGraphicsLabelItem(QStringLiteral("label"));
-        fixture.scene.addItem(label);
-        label->setText(QStringLiteral("HHHH"));
-        label->fillBackground(true);
-        label->setBackgroundBrush(QBrush(Qt::blue));
-        label->setBackgroundOutlinePen(Qt::NoPen);
+        auto* label = blueBoxLabel(fixture);
         const QImage image = fixture.render();
-
         // The label ignores the zoom: its box is laid out in pixels around the origin's pixel.
         const QPoint origin = fixture.origin();
         const QRect box
             = label->getBackground()->getRect().normalized().toRect().translated(origin);
-        const QRgb blue = qRgb(0, 0, 255);
-        QCOMPARE(image.pixel(box.left() + 1, box.bottom() - 1), blue);
-        QCOMPARE(image.pixel(box.right() - 1, box.top() + 1), blue);
-        QVERIFY(image.pixel(box.left() - 2, box.center().y()) != blue);
-        QVERIFY(image.pixel(box.right() + 2, box.center().y()) != blue);
-        QVERIFY(image.pixel(box.center().x(), box.top() - 2) != blue);
+        const auto blueAt = [&](int x, int y) { return image.pixel(x, y) == qRgb(0, 0, 255); };
+        QCOMPARE(
+            (Bools {blueAt(box.left() + 1, box.bottom() - 1),
+                blueAt(box.right() - 1, box.top() + 1), blueAt(box.left() - 2, box.center().y()),
+                blueAt(box.right() + 2, box.center().y()),
+                blueAt(box.center().x(), box.top() - 2)}),
+            (Bools {true, true, false, false, false}));
 
         // Yellow glyphs lie inside the text's rectangle above the baseline, none outside it.
         const QRect text = label->getTextBoundingRect().toAlignedRect().translated(origin);
@@ -1000,18 +932,11 @@ private Q_SLOTS:
     {
         QFETCH(bool, library);
         ViewFixture fixture(1.0, library ? new GraphicsSceneExtra : nullptr);
-        QGraphicsScene* scene = &fixture.scene;
-        QCOMPARE(scene->itemIndexMethod(),
+        QCOMPARE(fixture.scene.itemIndexMethod(),
             library ? QGraphicsScene::NoIndex : QGraphicsScene::BspTreeIndex);
-        auto* label = new CustomGraphicsLabelItem(QStringLiteral("label"));
-        label->setText(QStringLiteral("HHHH"));
-        label->fillBackground(true);
-        label->setBackgroundBrush(QBrush(Qt::blue));
-        label->setBackgroundOutlinePen(Qt::NoPen);
+        auto* label = blueBoxLabel(fixture);
         label->setAcceptHoverEvents(true);
-        scene->addItem(label);
         label->setPos(40, 30);
-
         // Before any hit test the bounds are the box as laid out: it runs upwards from the
         // baseline.
         const QRectF box = label->getBackground()->getRect();
@@ -1022,71 +947,59 @@ private Q_SLOTS:
         const QPointF inBoxHere(box.left() + 2, -2);
         const QPointF inBox = label->mapToScene(inBoxHere);
         QCOMPARE(fixture.render().pixel(fixture.view.mapFromScene(inBox)), qRgb(0, 0, 255));
-        QVERIFY(scene->items(inBox).contains(label));
-        QVERIFY(!scene->items(label->mapToScene(QPointF(box.left() - 4, -2))).contains(label));
+        QVERIFY(fixture.scene.items(inBox).contains(label));
+        QVERIFY(
+            !fixture.scene.items(label->mapToScene(QPointF(box.left() - 4, -2))).contains(label));
 
         fixture.view.show();
         QVERIFY(QTest::qWaitForWindowExposed(&fixture.view));
         QSignalSpy entered(label, &CustomGraphicsItem::mouseHoverEnter);
         QSignalSpy left(label, &CustomGraphicsItem::mouseHoverLeave);
-        const auto moveTo = [&](const QPointF& p) {
+        QList<int> counts;
+        for (const QPointF& p : {QPointF(-100, -2), inBoxHere, QPointF(0, 40)}) {
             QTest::mouseMove(
                 fixture.view.viewport(), fixture.view.mapFromScene(label->mapToScene(p)));
-        };
-        moveTo(QPointF(-100, -2));
-        QCOMPARE(entered.count(), 0);
-        moveTo(inBoxHere);
-        QCOMPARE(entered.count(), 1);
-        moveTo(QPointF(0, 40));
-        QCOMPARE(left.count(), 1);
+            counts << entered.count() << left.count();
+        }
+        QCOMPARE(counts, (QList<int> {0, 0, 1, 0, 1, 1}));
     }
 
     // Line set
 
-    void closedPolygons_data()
+    void closedPolygons()
     {
-        QTest::addColumn<Lines>("lines");
-        QTest::addColumn<Loops>("expected");
-
         const Lines sq = polygonLines(square);
         const Lines tri = polygonLines(triangle);
-        QTest::newRow("empty") << Lines() << Loops();
-        QTest::newRow("square in order") << sq << Loops {square};
-        QTest::newRow("square shuffled and flipped")
-            << Lines {sq[2], reversed({sq[0]})[0], sq[3], reversed({sq[1]})[0]} << Loops {square};
-        QTest::newRow("two loops interleaved") << Lines {sq[0], tri[1], sq[1], sq[2], tri[0], sq[3],
-            tri[2]} << Loops {square, triangle};
-        QTest::newRow("open chain") << Lines {QLineF(0, 0, 10, 0), QLineF(10, 0, 10, 10),
-            QLineF(10, 10, 20, 10)} << Loops();
-        QTest::newRow("loop with dangling tail")
-            << (sq + Lines {QLineF(100, 100, 150, 150), QLineF(150, 150, 160, 200)})
-            << Loops {square};
-        QTest::newRow("loop with a branch off a corner and a separate chain")
-            << (Lines {QLineF(100, 0, 140, -40)} + sq + Lines {QLineF(500, 500, 600, 500)})
-            << Loops {square};
         // Two triangles sharing one corner: a branching point of four segments.
         const QList<QPointF> left {{0, 0}, {-50, -50}, {-50, 50}};
         const QList<QPointF> right {{0, 0}, {50, -50}, {50, 50}};
-        QTest::newRow("figure eight")
-            << (polygonLines(left) + reversed(polygonLines(right))) << Loops {left, right};
-        // End points that differ by far less than the relative tolerance still meet.
-        QTest::newRow("fuzzy end points") << Lines {QLineF(0, 0, 1e6, 0),
-            QLineF(1e6 * (1 + 1e-14), 0, 1e6, 1e6), QLineF(1e6, 1e6 * (1 - 1e-14), 0, 0)}
-                                          << Loops {{{0, 0}, {1e6, 0}, {1e6, 1e6}}};
-        QTest::newRow("end points too far apart")
-            << Lines {QLineF(0, 0, 100, 0), QLineF(100.001, 0, 100, 100), QLineF(100, 100, 0, 0)}
-            << Loops();
-        QTest::newRow("duplicate segment is one edge")
-            << (tri + Lines {tri[0]}) << Loops {triangle};
-    }
-
-    void closedPolygons()
-    {
-        QFETCH(Lines, lines);
-        QFETCH(Loops, expected);
-        const QPainterPath path = CustomGraphicsLineSetItem::createPathWithClosedPolygons(lines);
-        QCOMPARE(path.isEmpty(), expected.isEmpty());
-        QCOMPARE(loopsOf(path), normalised(expected));
+        const std::pair<Lines, QList<QPolygonF>> cases[] = {{{}, {}}, {sq, {square}},
+            // shuffled and flipped
+            {{sq[2], reversed({sq[0]})[0], sq[3], reversed({sq[1]})[0]}, {square}},
+            // two loops interleaved
+            {{sq[0], tri[1], sq[1], sq[2], tri[0], sq[3], tri[2]}, {square, triangle}},
+            // an open chain
+            {{QLineF(0, 0, 10, 0), QLineF(10, 0, 10, 10), QLineF(10, 10, 20, 10)}, {}},
+            // a loop with a dangling tail
+            {sq + Lines {QLineF(100, 100, 150, 150), QLineF(150, 150, 160, 200)}, {square}},
+            // a loop with a branch off a corner, and a separate chain
+            {Lines {QLineF(100, 0, 140, -40)} + sq + Lines {QLineF(500, 500, 600, 500)}, {square}},
+            // a figure eight
+            {polygonLines(left) + reversed(polygonLines(right)), {left, right}},
+            // end points that differ by far less than the relative tolerance still meet
+            {{QLineF(0, 0, 1e6, 0), QLineF(1e6 * (1 + 1e-14), 0, 1e6, 1e6),
+                 QLineF(1e6, 1e6 * (1 - 1e-14), 0, 0)},
+                {QList<QPointF> {{0, 0}, {1e6, 0}, {1e6, 1e6}}}},
+            // end points too far apart
+            {{QLineF(0, 0, 100, 0), QLineF(100.001, 0, 100, 100), QLineF(100, 100, 0, 0)}, {}},
+            // a duplicate segment is one edge
+            {tri + Lines {tri[0]}, {triangle}}};
+        for (const auto& [lines, expected] : cases) {
+            const QPainterPath path
+                = CustomGraphicsLineSetItem::createPathWithClosedPolygons(lines);
+            QCOMPARE(path.isEmpty(), expected.isEmpty());
+            QCOMPARE(loopKeys(path.toSubpathPolygons()), loopKeys(expected));
+        }
     }
 
     void closedOutlinePoints()
@@ -1118,65 +1031,54 @@ private Q_SLOTS:
             = {{{}, Qt::red, false, false, false}, {sq, QColor(), false, false, true},
                 {sq, Qt::red, true, true, true}, {chain, Qt::red, false, false, true}};
         for (const auto& [lines, fill, closed, hitInside, hitOnEdge] : cases) {
-            QGraphicsScene scene;
-            auto* item = new CustomGraphicsLineSetItem(QStringLiteral("lines"));
-            scene.addItem(item);
-            QVERIFY(item->isUsingStroker());
-            item->setPen(QPen(Qt::black, 4));
-            item->setFillColor(fill);
-            item->setLineSet(lines);
-            QCOMPARE(item->getLineSet(), lines);
-            QCOMPARE(item->isClosed(), closed);
-            QCOMPARE(item->isUsingStroker(), !closed);
-            QCOMPARE(item->getPainterPath().isEmpty(), lines.isEmpty());
-            QCOMPARE(item->isMouseOver(QPointF(50, 50)), hitInside);
-            QCOMPARE(item->isMouseOver(QPointF(99, 50)), hitOnEdge);
-            if (!closed && !lines.isEmpty()) {
-                // Loose segments: one sub-path each, in list order.
-                QCOMPARE(item->getPainterPath().toSubpathPolygons().size(), lines.size());
-                QCOMPARE(item->getPainterPath().elementAt(0), lines.first().p1());
-            }
+            CustomGraphicsLineSetItem item(QStringLiteral("lines"));
+            QVERIFY(item.isUsingStroker());
+            item.setPen(QPen(Qt::black, 4));
+            item.setFillColor(fill);
+            item.setLineSet(lines);
+            QCOMPARE(item.isClosed(), closed);
+            QCOMPARE(item.isUsingStroker(), !closed);
+            QCOMPARE(item.getPainterPath().isEmpty(), lines.isEmpty());
+            QCOMPARE(over(&item, {{50, 50}, {99, 50}}), (Bools {hitInside, hitOnEdge}));
+            // Loose segments: one sub-path each, in list order.
+            if (!closed && !lines.isEmpty())
+                QCOMPARE(item.getPainterPath().toSubpathPolygons().size(), lines.size());
+            if (!closed && !lines.isEmpty())
+                QCOMPARE(item.getPainterPath().elementAt(0), lines.first().p1());
         }
-    }
 
-    void lineSetFillRebuildAndClear()
-    {
-        CustomGraphicsLineSetItem item(QStringLiteral("lines"));
-        item.setLineSet(polygonLines(square));
-        const QPainterPath loose = item.getPainterPath();
         // The fill colour alone does not rebuild the path; the next line set does.
+        CustomGraphicsLineSetItem item(QStringLiteral("lines"));
+        item.setLineSet(sq);
+        const QPainterPath loose = item.getPainterPath();
         item.setFillColor(Qt::green);
         QVERIFY(!item.isClosed());
         QCOMPARE(item.getPainterPath(), loose);
         item.setLineSet(item.getLineSet());
         QVERIFY(item.isClosed());
-
+        // A line set given as closed needs no fill colour; clearing empties everything.
         CustomGraphicsLineSetItem closed(QStringLiteral("closed"));
-        closed.setClosedLineSet(reversed(polygonLines(square)));
-        QVERIFY(closed.isClosed());
-        QVERIFY(!closed.isUsingStroker());
-        QVERIFY(closed.isMouseOver(QPointF(50, 50)));
+        closed.setClosedLineSet(reversed(sq));
+        QCOMPARE((Bools {closed.isClosed(), closed.isUsingStroker(), closed.isMouseOver({50, 50})}),
+            (Bools {true, false, true}));
         QCOMPARE(closed.getPainterPath().elementCount(), 4);
         closed.clearLineSet();
         QVERIFY(closed.getLineSet().isEmpty());
         QVERIFY(closed.getPainterPath().isEmpty());
-        QVERIFY(!closed.isClosed());
-        QVERIFY(!closed.isMouseOver(QPointF(50, 50)));
+        QCOMPARE((Bools {closed.isClosed(), closed.isMouseOver({50, 50})}), (Bools {false, false}));
     }
 
     void lineSetRendersFilledLoopAndLooseSegments()
     {
         QGraphicsScene scene(-50, -50, 400, 200);
-        auto* filled = new CustomGraphicsLineSetItem(QStringLiteral("filled"));
-        filled->setPen(QPen(Qt::black, 2));
-        filled->setFillColor(Qt::red);
-        filled->setLineSet(polygonLines(square));
-        auto* loose = new CustomGraphicsLineSetItem(QStringLiteral("loose"));
-        loose->setPen(QPen(Qt::black, 2));
-        loose->setLineSet(polygonLines(triangle));
-        scene.addItem(filled);
-        scene.addItem(loose);
-
+        for (const auto& [points, fill] :
+            {std::pair {square, QColor(Qt::red)}, {triangle, QColor()}}) {
+            auto* item = new CustomGraphicsLineSetItem(QStringLiteral("lines"));
+            item->setPen(QPen(Qt::black, 2));
+            item->setFillColor(fill);
+            item->setLineSet(polygonLines(points));
+            scene.addItem(item);
+        }
         QImage image(400, 200, QImage::Format_ARGB32);
         image.fill(Qt::white);
         QPainter painter(&image);
@@ -1205,12 +1107,9 @@ private Q_SLOTS:
         item->setEditing(true);
         QCOMPARE(item->textInteractionFlags(), Qt::TextEditable);
         QSignalSpy changed(item, &CustomGraphicsTextItem::textChanged);
-
         typeText(scene, item, QStringLiteral("ab"));
         QCOMPARE(item->toPlainText(), QStringLiteral("ab"));
-        QCOMPARE(changed.count(), 2);
-        QCOMPARE(changed.at(0).at(0).toString(), QStringLiteral("a"));
-        QCOMPARE(changed.at(1).at(0).toString(), QStringLiteral("ab"));
+        QCOMPARE(changed, (QList<QVariantList> {{QStringLiteral("a")}, {QStringLiteral("ab")}}));
 
         // Return and Enter are taken but never break the line.
         QVERIFY(sendKey(scene, item, Qt::Key_Return, QStringLiteral("\r")));
@@ -1238,8 +1137,7 @@ private Q_SLOTS:
         QCOMPARE(item->toPlainText().size(), 256);
         // Full: further letters are refused but still taken.
         QVERIFY(sendKey(scene, item, Qt::Key_Z, QStringLiteral("z")));
-        QCOMPARE(item->toPlainText().size(), 256);
-        QVERIFY(!item->toPlainText().contains(QLatin1Char('z')));
+        QCOMPARE(item->toPlainText(), QString(255, QLatin1Char('x')) + QLatin1Char('y'));
         moveCursorToEnd(item);
         sendKey(scene, item, Qt::Key_Backspace);
         QCOMPARE(item->toPlainText().size(), 255);
@@ -1251,7 +1149,6 @@ private Q_SLOTS:
         QCOMPARE(item->toPlainText(), QStringLiteral("one two three"));
         QCOMPARE(changed.last().at(0).toString(), QStringLiteral("one two three"));
         QCOMPARE(item->document()->blockCount(), 1);
-
         item->setPlainText(QString());
         QGuiApplication::clipboard()->setText(QString(300, QLatin1Char('q')));
         sendKey(scene, item, Qt::Key_V, QString(), Qt::ControlModifier);
@@ -1261,8 +1158,7 @@ private Q_SLOTS:
     void textEmptyItemShowsCaretUntilFirstChange()
     {
         ViewFixture fixture;
-        auto* item = new CustomGraphicsTextItem;
-        fixture.scene.addItem(item);
+        auto* item = fixture.add<CustomGraphicsTextItem>();
         const QRect caret = pixelBox(fixture.render(), isYellow);
         QVERIFY(!caret.isEmpty());
         QVERIFY(caret.width() <= 2);
@@ -1293,20 +1189,17 @@ private Q_SLOTS:
             cases) {
             QStringList seen;
             ViewFixture fixture;
-            auto* item = new CustomGraphicsTextItem;
-            fixture.scene.addItem(item);
+            auto* item = fixture.add<CustomGraphicsTextItem>();
             item->setPlainText(QStringLiteral("note"));
             item->setEditing(editingBefore);
             recordClicks(item, seen);
-
             const QPointF onText = item->mapToScene(item->shape().boundingRect().center());
             QGraphicsSceneMouseEvent press(QEvent::GraphicsSceneMousePress);
             fill(press, onItem ? onText : QPointF(-100, -100), button);
             item->mousePressEventUnderMouse(&press, underMouse);
             QCOMPARE(seen, expected);
             QCOMPARE(item->isEditing(), editingAfter);
-            if (!expected.isEmpty())
-                QVERIFY(press.isAccepted());
+            QCOMPARE(press.isAccepted() || expected.isEmpty(), true);
             // A hidden item is never hit.
             item->setVisible(false);
             seen.clear();
@@ -1318,8 +1211,7 @@ private Q_SLOTS:
     void textShapeFollowsZoomAndMovesReportedOnlyWhileEditing()
     {
         ViewFixture fixture(2.0);
-        auto* item = new CustomGraphicsTextItem;
-        fixture.scene.addItem(item);
+        auto* item = fixture.add<CustomGraphicsTextItem>();
         item->setPlainText(QStringLiteral("annotation"));
         QCOMPARE(item->shape().boundingRect().size(), item->boundingRect().size() / 2.0);
 
@@ -1344,7 +1236,7 @@ private Q_SLOTS:
         for (const auto& [centered, agnostic, zoom] : cases) {
             ViewFixture fixture(zoom);
             // No descenders: the glyphs' box ends on the baseline.
-            auto* item = new CustomGraphicsSimpleTextItem(
+            auto* item = fixture.add<CustomGraphicsSimpleTextItem>(
                 QStringLiteral("simple"), nullptr, QStringLiteral("HEX"), centered);
             QCOMPARE(item->getFont().pixelSize(), 1);
             QFont font;
@@ -1353,25 +1245,22 @@ private Q_SLOTS:
             item->setPen(Qt::NoPen);
             item->setBrush(Qt::black);
             item->setUseZoomAgnostic(agnostic);
-            fixture.scene.addItem(item);
 
             const QRect glyphs = pixelBox(fixture.render(), [](QRgb p) { return qGray(p) < 100; });
             const QPoint origin = fixture.origin();
             // Drawn at 40 pixels whatever the zoom when zoom-agnostic.
             QVERIFY2(qAbs(glyphs.height() - 29) <= 3, qPrintable(QString::number(glyphs.height())));
-            if (centered) {
-                // Shifted by half the glyphs' box, which starts at the first glyph's left bearing
-                // and ends on the baseline: the box's centre lands that bearing right of the
-                // position.
-                const QRectF bounds = item->getPainterPath().boundingRect();
-                const QPoint expected = origin + QPointF(bounds.left(), bounds.bottom()).toPoint();
-                QVERIFY(qAbs(glyphs.center().x() - expected.x()) <= 1);
-                QVERIFY(qAbs(glyphs.center().y() - expected.y()) <= 1);
-                QVERIFY(bounds.left() < 5);
-            } else {
-                QVERIFY(qAbs(glyphs.left() - origin.x()) <= 4);
-                QVERIFY(qAbs(glyphs.bottom() - origin.y()) <= 1);
-            }
+            // Centred: shifted by half the glyphs' box, which starts at the first glyph's left
+            // bearing and ends on the baseline, so the box's centre lands that bearing right of
+            // the position. Otherwise the glyphs start at the position and end on it.
+            const QRectF bounds = item->getPainterPath().boundingRect();
+            const QPoint expected
+                = centered ? origin + QPointF(bounds.left(), bounds.bottom()).toPoint() : origin;
+            const QPoint measured
+                = centered ? glyphs.center() : QPoint(glyphs.left(), glyphs.bottom());
+            QVERIFY(qAbs(measured.x() - expected.x()) <= (centered ? 1 : 4));
+            QVERIFY(qAbs(measured.y() - expected.y()) <= 1);
+            QVERIFY(bounds.left() < 5);
         }
     }
 
@@ -1383,7 +1272,7 @@ private Q_SLOTS:
         QCOMPARE(plain.getCustomChildItems().first()->objectName(), QStringLiteral("plain_text"));
 
         ViewFixture fixture(2.0);
-        auto* item = new CustomGraphicsOutlineTextItem(
+        auto* item = fixture.add<CustomGraphicsOutlineTextItem>(
             QStringLiteral("outlined"), nullptr, QStringLiteral("HHH"), true);
         QStringList names;
         for (CustomGraphicsItem* child : item->getCustomChildItems())
@@ -1396,7 +1285,6 @@ private Q_SLOTS:
         item->setTextColor(Qt::yellow);
         item->setOutlineTextColor(Qt::blue);
         item->setOutlineWidth(3);
-        fixture.scene.addItem(item);
 
         const QImage image = fixture.render();
         const QRect text = pixelBox(image, isYellow);
@@ -1405,7 +1293,6 @@ private Q_SLOTS:
         // The ring surrounds the glyphs.
         QVERIFY(ring.contains(text));
         QVERIFY(ring.width() > text.width());
-
         // The text's box: advance wide, ascent above and descent below the baseline.
         const QFontMetricsF metrics(font);
         QCOMPARE(item->textBoundingRect(),
