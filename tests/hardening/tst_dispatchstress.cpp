@@ -22,15 +22,8 @@
 
 namespace {
 
-constexpr int kMaximumItems = 40;
-constexpr int kEventsPerRow = 25000;
 constexpr Qt::MouseButton kButtons[]
     = {Qt::LeftButton, Qt::LeftButton, Qt::RightButton, Qt::MiddleButton};
-
-QGraphicsItem* graphicsItem(QObject* object)
-{
-    return dynamic_cast<QGraphicsItem*>(object);
-}
 
 } // namespace
 
@@ -45,18 +38,21 @@ private Q_SLOTS:
         StyleManager::createManager(StyleManagerDataProvider());
     }
     void cleanupTestCase() { StyleManager::deleteManager(); }
-    void init();
     void cleanup()
     {
         // Items taken out of the scene are no longer the scene's to delete.
         for (const QPointer<QObject>& object : live()) {
-            const QGraphicsItem* item = graphicsItem(object.data());
+            const QGraphicsItem* item = dynamic_cast<QGraphicsItem*>(object.data());
             if (item && !item->scene())
                 delete object.data();
         }
         view.reset();
         scene.reset();
         QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        items.clear();
+        dragLog.clear();
+        held = Qt::NoButton;
+        itemsCreated = itemsDeleted = 0;
     }
     void randomInput_data()
     {
@@ -107,29 +103,9 @@ private:
     int itemsDeleted = 0;
 };
 
-void tst_DispatchStress::init()
-{
-    QTest::failOnWarning(QRegularExpression(".*"));
-    scene = std::make_unique<GraphicsSceneExtra>();
-    scene->setSceneRect(0, 0, 400, 400);
-    view = std::make_unique<QGraphicsView>(scene.get());
-    view->setFixedSize(400, 400);
-    view->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-    view->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-    view->show();
-    QVERIFY(QTest::qWaitForWindowExposed(view.get()));
-    items.clear();
-    held = Qt::NoButton;
-    dragLog.clear();
-    itemsCreated = itemsDeleted = 0;
-    connect(scene.get(), &GraphicsSceneExtra::dragStarted, this, [this] { dragLog << "started"; });
-    connect(
-        scene.get(), &GraphicsSceneExtra::dragFinished, this, [this] { dragLog << "finished"; });
-}
-
 void tst_DispatchStress::addItem()
 {
-    if (items.size() >= kMaximumItems)
+    if (items.size() >= 40)
         return;
     const QRectF rect(randomPoint(), QSizeF(20 + random(120), 20 + random(120)));
     const QString name = QStringLiteral("item%1").arg(itemsCreated);
@@ -185,7 +161,7 @@ void tst_DispatchStress::chaos(QObject* self)
 {
     const QList<QPointer<QObject>>& candidates = live();
     QObject* other = candidates.isEmpty() ? nullptr : candidates.at(random(candidates.size()));
-    QGraphicsItem* otherItem = graphicsItem(other);
+    QGraphicsItem* otherItem = dynamic_cast<QGraphicsItem*>(other);
     switch (random(12)) {
     case 0:
     case 1:
@@ -223,7 +199,7 @@ void tst_DispatchStress::chaos(QObject* self)
         self->deleteLater();
         break;
     case 10:
-        if (QGraphicsItem* item = graphicsItem(self))
+        if (QGraphicsItem* item = dynamic_cast<QGraphicsItem*>(self))
             item->setZValue(item->zValue() + 1);
         break;
     default:
@@ -303,11 +279,23 @@ void tst_DispatchStress::step()
 
 void tst_DispatchStress::randomInput()
 {
+    QTest::failOnWarning(QRegularExpression(".*"));
+    scene = std::make_unique<GraphicsSceneExtra>();
+    scene->setSceneRect(0, 0, 400, 400);
+    view = std::make_unique<QGraphicsView>(scene.get());
+    view->setFixedSize(400, 400);
+    view->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    view->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    view->show();
+    QVERIFY(QTest::qWaitForWindowExposed(view.get()));
+    connect(scene.get(), &GraphicsSceneExtra::dragStarted, this, [this] { dragLog << "started"; });
+    connect(
+        scene.get(), &GraphicsSceneExtra::dragFinished, this, [this] { dragLog << "finished"; });
     QFETCH(unsigned, seed);
     generator.seed(seed);
     for (int i = 0; i < 12; ++i)
         addItem();
-    for (int i = 0; i < kEventsPerRow; ++i) {
+    for (int i = 0; i < 25000; ++i) {
         step();
         if (items.size() < 4)
             addItem();
