@@ -66,55 +66,7 @@ private Q_SLOTS:
         interactor->apply(nullptr);
     }
 
-    void widgetIsCreatedLazily()
-    {
-        RecordingView view(QStringLiteral("A"), m_log);
-        QCOMPARE(view.currentWidget(), nullptr);
-        QWidget* widget = view.getWidget();
-        QVERIFY(widget);
-        QCOMPARE(view.getActiveWidget(), widget);
-        view.start();
-        QCOMPARE(view.widgetsCreated, 1);
-
-        // start() alone builds the widget too.
-        RecordingView started(QStringLiteral("B"), m_log);
-        started.start();
-        QCOMPARE(started.widgetsCreated, 1);
-        QVERIFY(started.currentWidget());
-
-        // A widget deleted by its owner is built again rather than handed out dangling.
-        delete view.ownWidget.data();
-        QVERIFY(view.getWidget());
-        QCOMPARE(view.widgetsCreated, 2);
-    }
-
-    void startAndStopAreIdempotent()
-    {
-        RecordingView view(QStringLiteral("A"), m_log);
-        view.stop();
-        view.start();
-        view.start();
-        QVERIFY(view.isActive());
-        view.stop();
-        view.stop();
-        QVERIFY(!view.isActive());
-        view.reset();
-        view.stopActions();
-        QCOMPARE(m_log, (QStringList {"A.start", "A.stop", "A.initialize", "A.stopActions"}));
-
-        // Without a manager the flag still follows, and nothing else happens.
-        RecordingView bare(QStringLiteral("bare"), m_log, false);
-        m_log.clear();
-        bare.start();
-        QVERIFY(bare.isActive());
-        bare.reset();
-        bare.stopActions();
-        bare.stop();
-        QVERIFY(!bare.isActive());
-        QVERIFY(m_log.isEmpty());
-    }
-
-    void secondManagerIsRejected()
+    void viewLifecycle()
     {
         auto view = std::make_unique<RecordingView>(QStringLiteral("A"), m_log);
         QPointer<ViewManager> first = view->getViewManager();
@@ -124,10 +76,41 @@ private Q_SLOTS:
         view->setViewManager(std::move(second));
         QVERIFY(secondGuard.isNull());
         QCOMPARE(view->getViewManager(), first.data());
+
+        // The widget is built on demand, once; start and stop are idempotent.
+        QCOMPARE(view->currentWidget(), nullptr);
+        QWidget* widget = view->getWidget();
+        QVERIFY(widget);
+        QCOMPARE(view->getActiveWidget(), widget);
+        view->stop();
         view->start();
-        QCOMPARE(m_log, (QStringList {"A.start"}));
+        view->start();
+        QVERIFY(view->isActive());
+        view->stop();
+        view->stop();
+        QVERIFY(!view->isActive());
+        view->reset();
+        view->stopActions();
+        QCOMPARE(m_log, (QStringList {"A.start", "A.stop", "A.initialize", "A.stopActions"}));
+        QCOMPARE(view->widgetsCreated, 1);
+        // A widget deleted by its owner is built again rather than handed out dangling.
+        delete view->ownWidget.data();
+        QVERIFY(view->getWidget());
+        QCOMPARE(view->widgetsCreated, 2);
         view.reset(); // the view owns its manager
         QVERIFY(first.isNull());
+
+        // Without a manager start() alone builds the widget, the flag follows, nothing else.
+        RecordingView bare(QStringLiteral("bare"), m_log, false);
+        m_log.clear();
+        bare.start();
+        QVERIFY(bare.isActive());
+        QVERIFY(bare.currentWidget());
+        bare.reset();
+        bare.stopActions();
+        bare.stop();
+        QVERIFY(!bare.isActive());
+        QVERIFY(m_log.isEmpty());
     }
 
     void viewSettingsPassThroughTheHooks()
@@ -175,7 +158,6 @@ private Q_SLOTS:
         empty.setViewManager(std::make_unique<RecordingManager>(QStringLiteral("own"), m_log));
         QVERIFY(empty.getActiveSubViewID().isEmpty());
         QCOMPARE(empty.getActiveWidget(), nullptr);
-        QVERIFY(empty.getWidget());
         QCOMPARE(empty.getViewManager(), nullptr);
         empty.reset();
         empty.stopActions();
@@ -184,62 +166,28 @@ private Q_SLOTS:
         QCOMPARE(viewIdOfNode(empty), QStringLiteral("E"));
 
         auto [multi, a, b] = makeMultiView();
-        multi->setViewManager(std::make_unique<RecordingManager>(QStringLiteral("own"), m_log));
-        QCOMPARE(multi->getViewManager(), a->getViewManager());
-        multi->switchToSubView(QStringLiteral("B"));
-        QCOMPARE(multi->getViewManager(), b->getViewManager());
-        multi->reset();
-        multi->stopActions();
-        multi->releaseWidget();
-        QCOMPARE(m_log, (QStringList {"B.initialize", "B.stopActions", "B.releaseWidget"}));
-        QCOMPARE(viewIdOfNode(*multi), QStringLiteral("B"));
-    }
-
-    void switchToSubView_data()
-    {
-        QTest::addColumn<bool>("running");
-        QTest::addColumn<QStringList>("expectedLog");
-        QTest::addColumn<QString>("expectedPage");
-        QTest::newRow("running multi view shows and starts the new sub view")
-            << true << QStringList {"A.stop", "B.start"} << QStringLiteral("B");
-        QTest::newRow("idle multi view only records the choice")
-            << false << QStringList {} << QStringLiteral("A");
-    }
-
-    void switchToSubView()
-    {
-        QFETCH(bool, running);
-        QFETCH(QStringList, expectedLog);
-        QFETCH(QString, expectedPage);
-        auto [multi, a, b] = makeMultiView();
         auto* stacked = static_cast<QStackedWidget*>(multi->getWidget());
-        if (running)
-            multi->start();
-        m_log.clear();
-
+        QCOMPARE(multi->getViewManager(), a->getViewManager());
         // An empty id, the active sub view and an unknown one change nothing.
         multi->switchToSubView(QString());
         multi->switchToSubView(QStringLiteral("A"));
         QTest::ignoreMessage(QtWarningMsg, "Can't switch to unknown sub view Nope");
         multi->switchToSubView(QStringLiteral("Nope"));
         QCOMPARE(multi->getActiveSubView(), a);
-        QCOMPARE(a->isActive(), running);
-
+        // Idle, the choice is only recorded; the next start shows and starts that sub view only.
         multi->switchToSubView(QStringLiteral("B"));
-        QCOMPARE(multi->getActiveSubView(), b);
+        QCOMPARE(multi->getViewManager(), b->getViewManager());
         QCOMPARE(multi->getActiveWidget(), b->getWidget());
-        QCOMPARE(m_log, expectedLog);
-        QCOMPARE(stacked->currentWidget()->objectName(), expectedPage);
-        QCOMPARE(b->isActive(), running);
-
-        // Either way, the next start shows and starts the chosen sub view only.
-        multi->stop();
-        QVERIFY(!b->isActive());
-        m_log.clear();
+        QCOMPARE(stacked->currentWidget(), a->getWidget());
+        multi->reset();
+        multi->stopActions();
+        multi->releaseWidget();
         multi->start();
-        QCOMPARE(m_log, (QStringList {"B.start"}));
+        QCOMPARE(
+            m_log, (QStringList {"B.initialize", "B.stopActions", "B.releaseWidget", "B.start"}));
         QCOMPARE(stacked->currentWidget(), b->getWidget());
         QVERIFY(!a->isActive());
+        QCOMPARE(viewIdOfNode(*multi), QStringLiteral("B"));
     }
 
     void destructionTakesPagesOutFirst()
@@ -272,59 +220,37 @@ private Q_SLOTS:
 
     void solutionManagerOwnsItsViews()
     {
-        bool firstGone = false;
-        bool secondGone = false;
-        bool thirdGone = false;
-        auto* third = new RecordingView(QStringLiteral("chart"), m_log);
-        third->onDestroy = [&](RecordingView&) { thirdGone = true; };
-        std::unique_ptr<View> taken;
-        {
-            SolutionManager manager;
-            auto* first = new RecordingView(QStringLiteral("pano"), m_log);
-            first->onDestroy = [&](RecordingView&) { firstGone = true; };
-            manager.addView(first);
-            QCOMPARE(manager.getView(QStringLiteral("pano")), first);
-            QVERIFY(manager.hasView(QList<QString> {QStringLiteral("x"), QStringLiteral("pano")}));
-            QVERIFY(!manager.hasView(QList<QString> {QStringLiteral("x")}));
-
-            auto* second = new RecordingView(QStringLiteral("pano"), m_log);
-            second->onDestroy = [&](RecordingView&) { secondGone = true; };
-            manager.addView(second); // same id, different view: the old one is deleted
-            QVERIFY(firstGone);
-            QCOMPARE(manager.getView(QStringLiteral("pano")), second);
-            manager.addView(second); // the same view again changes nothing
-            QVERIFY(!secondGone);
-            QCOMPARE(manager.getViews().size(), 1);
-
-            // Removing hands the view back to the caller.
-            manager.addView(third);
-            taken = manager.removeView(QStringLiteral("chart"));
-            QCOMPARE(taken.get(), third);
-            QVERIFY(!manager.hasView(QStringLiteral("chart")));
-            QVERIFY(manager.hasView(QStringLiteral("pano")));
-            QVERIFY(!manager.removeView(QStringLiteral("chart")));
-        }
-        QVERIFY(secondGone); // the manager deletes what it still owns
-        QVERIFY(!thirdGone);
-        taken.reset();
-        QVERIFY(thirdGone);
-
         SolutionManager manager;
-        manager.addView(new RecordingView(QStringLiteral("b"), m_log));
-        manager.addView(new RecordingView(QStringLiteral("c"), m_log));
-        manager.addView(new RecordingView(QStringLiteral("a"), m_log));
-        auto ids = [&] {
+        const auto ids = [&] {
             QStringList result;
             for (const View* view : manager.getViews())
                 result.append(view->getID());
-            return result;
+            return result.join(' ');
         };
-        QCOMPARE(ids(), QStringList({"a", "b", "c"}));
-        manager.setViewsSortPredicate(
-            [](const View* left, const View* right) { return left->getID() > right->getID(); });
-        QCOMPARE(ids(), QStringList({"c", "b", "a"}));
+        RecordingView* first = mortal("pano");
+        manager.addView(first);
+        QCOMPARE(manager.getView(QStringLiteral("pano")), first);
+        QVERIFY(manager.hasView(QList<QString> {QStringLiteral("x"), QStringLiteral("pano")}));
+        QVERIFY(!manager.hasView(QList<QString> {QStringLiteral("x")}));
+        RecordingView* second = mortal("pano");
+        manager.addView(second); // same id, different view: the old one is deleted
+        manager.addView(second); // the same view again changes nothing
+        QCOMPARE(m_log, QStringList {"pano gone"});
+        QCOMPARE(manager.getView(QStringLiteral("pano")), second);
+
+        RecordingView* chart = mortal("chart");
+        manager.addView(chart);
+        manager.addView(mortal("apex"));
+        QCOMPARE(ids(), "apex chart pano");
+        // Removing hands the view back to the caller; clearing deletes what the manager owns.
+        std::unique_ptr<View> taken = manager.removeView(QStringLiteral("chart"));
+        QCOMPARE(taken.get(), chart);
+        QVERIFY(!manager.hasView(QStringLiteral("chart")));
+        QVERIFY(!manager.removeView(QStringLiteral("chart")));
         manager.clearViews();
-        QVERIFY(ids().isEmpty());
+        QCOMPARE(ids(), "");
+        taken.reset();
+        QCOMPARE(m_log, (QStringList {"pano gone", "apex gone", "pano gone", "chart gone"}));
     }
 
     void solutionFindsItsViewsById()
@@ -418,6 +344,13 @@ private:
         result.view->addSubView(std::move(a));
         result.view->addSubView(std::move(b));
         return result;
+    }
+
+    RecordingView* mortal(const char* id)
+    {
+        auto* view = new RecordingView(QString::fromLatin1(id), m_log);
+        view->onDestroy = [this](RecordingView& dying) { m_log.append(dying.getID() + " gone"); };
+        return view;
     }
 
     // The matrix never dereferences its viewers, so distinct addresses stand in for them.
