@@ -1,3 +1,4 @@
+#include <guicore/style/DevicePixelRatio.h>
 #include <guicore/style/FontsInitializer.h>
 #include <guicore/style/StyleManager.h>
 #include <guicore/style/StyleManagerDataProvider.h>
@@ -7,8 +8,11 @@
 #include <QFontDatabase>
 #include <QGuiApplication>
 #include <QRegularExpression>
+#include <QScreen>
 #include <QTemporaryDir>
 #include <QTest>
+#include <QWidget>
+#include <QWindow>
 
 namespace {
 
@@ -19,7 +23,6 @@ class TestStyleManager : public StyleManager
 {
 public:
     using StyleManager::getDateTimeFormats;
-    using StyleManager::getSizes;
     using StyleManager::setColorPalette;
     using StyleManager::setDateTimeFormats;
     using StyleManager::setFonts;
@@ -60,6 +63,31 @@ void expectWarning(const QString& text)
         QTest::ignoreMessage(QtWarningMsg, qPrintable("StyleManager : " + text));
 }
 
+QStringList calls;
+
+// Records into one list shared by all listeners, so that the order of calls can be compared.
+class RecordingListener : public DevicePixelRatio::Listener
+{
+public:
+    explicit RecordingListener(QString name)
+        : name(std::move(name))
+    {
+        DevicePixelRatio::registerListener(this);
+    }
+    ~RecordingListener() override { DevicePixelRatio::unregisterListener(this); }
+    void devicePixelRatioChanged() override { calls.append(name); }
+
+private:
+    QString name;
+};
+
+// The offscreen platform has a single screen: tell the window it changed, as Qt does when the
+// user drags the window onto another monitor.
+void moveToScreen(QWidget& window)
+{
+    Q_EMIT window.windowHandle()->screenChanged(window.windowHandle()->screen());
+}
+
 } // namespace
 
 class tst_StyleManager : public QObject
@@ -76,8 +104,13 @@ private Q_SLOTS:
         manager.setSizes({});
         manager.setFonts({});
         manager.setDateTimeFormats(StyleMap());
+        calls.clear();
     }
-    void cleanup() { StyleManager::deleteManager(); }
+    void cleanup()
+    {
+        StyleManager::deleteManager();
+        DevicePixelRatio::registerMainWindow(nullptr);
+    }
 
     void colors()
     {
@@ -133,7 +166,6 @@ private Q_SLOTS:
             manager.setFonts({{key, value}});
             expectWarning(warning);
             QCOMPARE(getters.value(getter)(), expected);
-            QCOMPARE(manager.getSizes().value(key), value); // a bad value is kept as it was
         }
     }
 
@@ -258,44 +290,39 @@ private Q_SLOTS:
         StyleManager::deleteManager(); // harmless without a manager
     }
 
-    void paletteReplacesColorFiles()
-    {
-        // The colour file does not exist: reading it would warn, and warnings fail this test.
-        const StyleMap light
-            = provider({"/nonexistent/colors.txt"}, {}, {}, {}, "light").getColorPalette();
-        const StyleMap dark
-            = provider({"/nonexistent/colors.txt"}, {}, {}, {}, "dark").getColorPalette();
-        // Both palettes hold every colour of the default colour file, each a valid colour.
-        const StyleMap defaults = StyleManagerDataProvider().getColorPalette();
-        QVERIFY(defaults.contains("@BACKGROUND_COLOR"));
-        for (auto it = defaults.cbegin(); it != defaults.cend(); ++it) {
-            QVERIFY2(QColor(it.value()).isValid(), qPrintable(it.key()));
-            QVERIFY2(QColor(light.value(it.key())).isValid(), qPrintable(it.key()));
-            QVERIFY2(QColor(dark.value(it.key())).isValid(), qPrintable(it.key()));
-        }
-        QVERIFY(QColor(light.value("@BACKGROUND_COLOR")).lightness()
-            > QColor(dark.value("@BACKGROUND_COLOR")).lightness());
-    }
-
     void defaultStyleHasEveryIdTheLibraryUses()
     {
+        // A missing id would warn (and fall back), and any warning fails this test.
         StyleManager::createManager(StyleManagerDataProvider());
         const StyleManager& style = StyleManager::manager();
         QVERIFY(!style.getFontFamilyForQFont("@MEASUREMENT_LABEL_FONT").isEmpty());
         QVERIFY(style.getFontSize("@MEASUREMENT_LABEL_FONT_SIZE_3D") > 0);
         QVERIFY(style.getLineHeight("@MEASUREMENT_LABEL_FONT") > 0.1);
         QVERIFY(!style.getCompleteFont("@APPLICATION_FONT_COMPLETE").family().isEmpty());
-        const QDateTime when(QDate(2024, 3, 5), QTime(14, 7, 9));
-        QCOMPARE(style.formatDateTime(when), QString("05.03.2024 14:07"));
-        QVERIFY(!style.formatLongDateTime(when).isEmpty());
-        QCOMPARE(style.formatTime(when.time()), QString("14:07"));
-        // A missing id would warn (and fall back), and any warning fails this test.
+        QCOMPARE(
+            style.formatDateTime(QDateTime(QDate(2024, 3, 5), QTime(14, 7))), "05.03.2024 14:07");
         for (const QString& id : {StyleManager::SHORT_DATE_FORMAT, StyleManager::LONG_DATE_FORMAT,
                  StyleManager::DATE_TIME_FORMAT, StyleManager::LONG_DATE_TIME_FORMAT,
                  StyleManager::DATE_TIME_WITH_SECONDS_FORMAT, StyleManager::TIME_FORMAT,
                  StyleManager::DATE_FORMAT})
             QVERIFY2(!style.getDateFormat(id).isEmpty(), qPrintable(id));
         QVERIFY(style.getDateFormat("@DATE_TIME_WITH_SECONDS_FORMAT").contains("ss"));
+
+        // A palette replaces the colour files (this one does not exist: reading it would warn)
+        // and holds every colour of the default colour file, each a valid colour.
+        const auto palette = [](const char* name) {
+            return provider({"/nonexistent/colors.txt"}, {}, {}, {}, name).getColorPalette();
+        };
+        const StyleMap light = palette("light"), dark = palette("dark");
+        const StyleMap defaults = StyleManagerDataProvider().getColorPalette();
+        QVERIFY(defaults.contains("@BACKGROUND_COLOR"));
+        for (const QString& id : defaults.keys()) {
+            QVERIFY2(QColor(defaults.value(id)).isValid(), qPrintable(id));
+            QVERIFY2(QColor(light.value(id)).isValid() && QColor(dark.value(id)).isValid(),
+                qPrintable(id));
+        }
+        QVERIFY(QColor(light.value("@BACKGROUND_COLOR")).lightness()
+            > QColor(dark.value("@BACKGROUND_COLOR")).lightness());
     }
 
     void qmlInvokableGetters()
@@ -343,6 +370,57 @@ private Q_SLOTS:
         QVERIFY(QFile::exists(":/fonts/DejaVuSans.ttf"));
         QVERIFY(loadedFamilies().contains("DejaVu Sans"));
         QCOMPARE(QGuiApplication::font().family(), QString("DejaVu Sans"));
+    }
+
+    void listenersFollowTheMainWindowsScreen()
+    {
+        QWidget window;
+        QCOMPARE(DevicePixelRatio::value(), 1.0); // no main window yet
+        DevicePixelRatio::registerMainWindow(&window);
+        QVERIFY(!window.windowHandle());
+        QCOMPARE(DevicePixelRatio::value(), window.devicePixelRatioF());
+        RecordingListener first("first");
+        RecordingListener second("second");
+        delete new RecordingListener("gone");
+        RecordingListener third("third");
+
+        window.show(); // creates the native window and sends WinIdChange
+        QVERIFY(QTest::qWaitForWindowExposed(&window));
+        QCOMPARE(DevicePixelRatio::value(), window.windowHandle()->screen()->devicePixelRatio());
+        moveToScreen(window);
+        QCOMPARE(calls, (QStringList {"first", "second", "third"}));
+        // Registering the same window again must not connect it twice.
+        calls.clear();
+        DevicePixelRatio::registerMainWindow(&window);
+        moveToScreen(window);
+        QCOMPARE(calls, (QStringList {"first", "second", "third"}));
+    }
+
+    void secondMainWindowDetachesTheFirst()
+    {
+        QWidget firstWindow;
+        auto secondWindow = std::make_unique<QWidget>();
+        firstWindow.show();
+        secondWindow->show();
+        QVERIFY(QTest::qWaitForWindowExposed(&firstWindow));
+        QVERIFY(QTest::qWaitForWindowExposed(secondWindow.get()));
+        RecordingListener listener("listener");
+        DevicePixelRatio::registerMainWindow(&firstWindow);
+        DevicePixelRatio::registerMainWindow(secondWindow.get());
+        moveToScreen(firstWindow);
+        QVERIFY(calls.isEmpty());
+        moveToScreen(*secondWindow);
+        QCOMPARE(calls, QStringList {"listener"});
+
+        // A WinIdChange of the first window must not reattach it: its event filter is gone.
+        QEvent winIdChange(QEvent::WinIdChange);
+        QCoreApplication::sendEvent(&firstWindow, &winIdChange);
+        moveToScreen(firstWindow);
+        QCOMPARE(calls, QStringList {"listener"});
+
+        secondWindow.reset(); // a destroyed main window is forgotten
+        QCOMPARE(DevicePixelRatio::value(), 1.0);
+        DevicePixelRatio::registerMainWindow(nullptr); // must not touch the dead window
     }
 };
 
