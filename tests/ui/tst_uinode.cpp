@@ -198,61 +198,53 @@ private Q_SLOTS:
         QCOMPARE(right->clone()->getLoadingVersions(), stored);
     }
 
-    void editingUnderLockStoresWithoutAltering()
+    void editingChildren()
     {
-        ui::ViewNode node;
+        auto parent = viewWithTiles({"a", "b", "a", "c"});
+        parent->clearAlteredRecursively();
         ui::Viewer3DNode viewer;
+        const auto batch = [](const QStringList& ids) {
+            std::vector<std::unique_ptr<ui::Node>> nodes;
+            for (const QString& id : ids)
+                nodes.push_back(tile(id));
+            return nodes;
+        };
         {
+            // Under the state tree's own lock edits are stored but are no changes.
             ModificationLock lock(ModificationLock::Scope::UserInterfaceState);
-            node.addNode(tile("a"));
-            std::vector<std::unique_ptr<ui::Node>> more;
-            more.push_back(tile("b"));
-            node.addNodes(std::move(more));
-            node.removeNode(*node.getNodes().front());
+            parent->addNodes(batch({"d", "e"}));
+            parent->addNode(tile("f"));
+            parent->removeNode(*parent->getNodes().back());
             viewer.setNearDistance(0.5f);
         }
-        QCOMPARE(tileIds(node), QStringList {"b"});
+        QCOMPARE(tileIds(*parent), (QStringList {"a", "b", "a", "c", "d", "e"}));
         QCOMPARE(viewer.getNearDistance(), 0.5f);
-        QVERIFY(!node.isAltered());
+        QVERIFY(!parent->isAltered());
         QVERIFY(!viewer.isAltered());
-
-        // Only the state tree's own scope holds changes back.
         {
             ModificationLock lock(ModificationLock::Scope::Document);
             viewer.setNearDistance(0.75f);
         }
         QVERIFY(viewer.isAltered());
 
-        node.addNodes({});
-        node.addNode(nullptr);
-        QVERIFY(!node.isAltered());
-        node.addNode(tile("c"));
-        QVERIFY(node.isAltered());
-
-        ui::ViewNode other;
-        std::vector<std::unique_ptr<ui::Node>> batch;
-        batch.push_back(tile("x"));
-        batch.push_back(tile("y"));
-        other.addNodes(std::move(batch));
-        QVERIFY(other.isAltered());
-        QCOMPARE(tileIds(other), (QStringList {"x", "y"}));
-    }
-
-    void removeAndTakeChildren()
-    {
-        auto parent = viewWithTiles({"a", "b", "a", "c"});
-        parent->clearAlteredRecursively();
-
-        // An equal node that is not a child is ignored.
+        // Adding nothing and removing an equal node that is not a child are no changes.
+        parent->addNodes({});
+        parent->addNode(nullptr);
         parent->removeNode(*tile("a"));
-        QCOMPARE(tileIds(*parent), (QStringList {"a", "b", "a", "c"}));
+        QCOMPARE(parent->getNodes().size(), size_t(6));
         QVERIFY(!parent->isAltered());
 
         // Of two equal children, exactly the one given goes; the others keep their order.
         ui::Node* firstA = parent->getNodes().at(0);
         parent->removeNode(*parent->getNodes().at(2));
-        QCOMPARE(tileIds(*parent), (QStringList {"a", "b", "c"}));
+        QCOMPARE(tileIds(*parent), (QStringList {"a", "b", "c", "d", "e"}));
         QCOMPARE(parent->getNodes().at(0), firstA);
+        QVERIFY(parent->isAltered());
+        parent->clearAlteredRecursively();
+        parent->addNode(tile("f"));
+        QVERIFY(parent->isAltered());
+        parent->clearAlteredRecursively();
+        parent->addNodes(batch({"g"}));
         QVERIFY(parent->isAltered());
 
         // A grandchild is not a child; its changes show only in the recursive flags.
@@ -275,7 +267,7 @@ private Q_SLOTS:
         const std::vector<ui::Node*> before = parent->getNodes();
         std::vector<std::unique_ptr<ui::Node>> taken = parent->takeNodes();
         QVERIFY(parent->getNodes().empty());
-        QCOMPARE(taken.size(), size_t(4));
+        QCOMPARE(taken.size(), size_t(8));
         for (size_t i = 0; i < taken.size(); ++i)
             QCOMPARE(taken[i].get(), before[i]);
         QVERIFY(parent->takeNodes().empty());
