@@ -6,7 +6,6 @@
 #include <QGraphicsRectItem>
 #include <QGraphicsSceneMouseEvent>
 #include <QKeyEvent>
-#include <QMetaMethod>
 #include <QMouseEvent>
 #include <QOpenGLWidget>
 #include <QScreen>
@@ -15,27 +14,30 @@
 
 #include <memory>
 
+// One input handed to the wrapper's event handlers; a key event's key is in `button`.
+struct Input
+{
+    QEvent::Type type;
+    int button = Qt::NoButton;
+    Qt::MouseButtons buttons = Qt::NoButton;
+    QPointF at = QPointF(5, 5);
+};
+Q_DECLARE_METATYPE(QList<Input>)
+
 class tst_GraphicsViewExtra : public QObject
 {
     Q_OBJECT
 
 private Q_SLOTS:
-    void initTestCase();
     void init();
     void cleanup();
 
     void rendersThroughOpenGLViewport();
-    void chordIsTheViewersOwn();
-    void panSignals_data();
-    void panSignals();
-    void positionOnlyWithoutButtons();
-    void notificationsFollowEveryInput_data();
-    void notificationsFollowEveryInput();
-    void doubleClickSignals();
+    void signalsOfEveryInput_data();
+    void signalsOfEveryInput();
     void offscreenViewFixesScreenPosition_data();
     void offscreenViewFixesScreenPosition();
     void wrapperForwardsWithItsExceptions();
-    void wrapperPassesOnEverySignalOfTheView();
 
 private:
     QStringList log;
@@ -43,23 +45,6 @@ private:
     std::unique_ptr<GraphicsViewExtra> view;
     std::unique_ptr<GraphicsViewExtraWrapper> wrapper;
 };
-
-namespace {
-
-QMouseEvent mouseEvent(
-    QEvent::Type type, const QPointF& pos, Qt::MouseButton button, Qt::MouseButtons buttons)
-{
-    return QMouseEvent(type, pos, pos, button, buttons, Qt::NoModifier);
-}
-
-} // namespace
-
-void tst_GraphicsViewExtra::initTestCase()
-{
-    qRegisterMetaType<QMouseEvent*>();
-    qRegisterMetaType<QKeyEvent*>();
-    qRegisterMetaType<QGraphicsSceneMouseEvent*>();
-}
 
 void tst_GraphicsViewExtra::init()
 {
@@ -70,6 +55,31 @@ void tst_GraphicsViewExtra::init()
     view = std::make_unique<GraphicsViewExtra>(GraphicsViewExtra::OnScreen, scene.get());
     view->resize(200, 200);
     wrapper = std::make_unique<GraphicsViewExtraWrapper>(view.get());
+
+    // Every signal of the view, as the wrapper passes it on, in order, and the scene's presses.
+    using I = GraphicsViewExtraInterface;
+    const auto note = [this](const char* name) { return [this, name] { log << name; }; };
+    const auto at = [this](const char* name) {
+        return
+            [this, name](QPointF p) { log << QString("%1 %2,%3").arg(name).arg(p.x()).arg(p.y()); };
+    };
+    I* w = wrapper.get();
+    connect(w, &I::panStarted, this, note("panStarted"));
+    connect(w, &I::panFinished, this, note("panFinished"));
+    connect(w, &I::keyPressed, this, note("keyPressed"));
+    connect(w, &I::keyReleased, this, note("keyReleased"));
+    connect(w, &I::viewportChanged, this, note("viewportChanged"));
+    connect(w, &I::leftAndRightMousePressed, this, note("leftAndRightMousePressed"));
+    connect(w, &I::mouseReleased, this, note("mouseReleased"));
+    connect(w, &I::rightMouseReleased, this, note("rightMouseReleased"));
+    connect(w, &I::mouseEntered, this, note("mouseEntered"));
+    connect(w, &I::mouseLeft, this, note("mouseLeft"));
+    connect(w, &I::mousePositionChanged, this,
+        [at](double x, double y) { at("mousePositionChanged")(QPointF(x, y)); });
+    connect(w, &I::leftMouseButtonDoubleClicked, this, at("leftMouseButtonDoubleClicked"));
+    connect(w, &I::rightMouseButtonDoubleClicked, this, at("rightMouseButtonDoubleClicked"));
+    connect(w, &I::sceneChanged, this, note("sceneChanged"));
+    connect(scene.get(), &GraphicsSceneExtra::mousePressed, this, note("scenePressed"));
 }
 
 void tst_GraphicsViewExtra::cleanup()
@@ -96,156 +106,96 @@ void tst_GraphicsViewExtra::rendersThroughOpenGLViewport()
     scene->setBackgroundBrush(Qt::white);
     view->show();
     QVERIFY(QTest::qWaitForWindowExposed(view.get()));
-    auto* glViewport = static_cast<QOpenGLWidget*>(view->viewport());
-    QTRY_VERIFY(glViewport->isValid());
+    QTRY_VERIFY(static_cast<QOpenGLWidget*>(view->viewport())->isValid());
     // What reached the screen: the viewport's framebuffer composed into the window.
-    const qreal ratio = view->devicePixelRatioF();
-    const QPoint onRect = view->viewport()->mapTo(view.get(), view->mapFromScene(QPointF(140, 40)));
-    const QPoint offRect
-        = view->viewport()->mapTo(view.get(), view->mapFromScene(QPointF(40, 140)));
-    const auto grabbed = [&](const QPoint& at) {
+    const auto grabbed = [&](const QPointF& scenePos) {
         const QImage image = view->screen()->grabWindow(view->winId()).toImage();
-        return image.pixelColor(at * ratio);
+        const QPoint at = view->viewport()->mapTo(view.get(), view->mapFromScene(scenePos));
+        return image.pixelColor(at * view->devicePixelRatioF());
     };
-    QTRY_COMPARE(grabbed(onRect), QColor(Qt::red));
-    QCOMPARE(grabbed(offRect), QColor(Qt::white));
+    QTRY_COMPARE(grabbed(QPointF(140, 40)), QColor(Qt::red));
+    QCOMPARE(grabbed(QPointF(40, 140)), QColor(Qt::white));
 }
 
-void tst_GraphicsViewExtra::chordIsTheViewersOwn()
+void tst_GraphicsViewExtra::signalsOfEveryInput_data()
 {
-    QSignalSpy chord(view.get(), &GraphicsViewExtra::leftAndRightMousePressed);
-    QSignalSpy pan(view.get(), &GraphicsViewExtra::panStarted);
-    QSignalSpy scenePressed(scene.get(), &GraphicsSceneExtra::mousePressed);
-    view->setDragMode(QGraphicsView::ScrollHandDrag);
-    QMouseEvent both = mouseEvent(QEvent::MouseButtonPress, QPointF(50, 50), Qt::RightButton,
-        Qt::LeftButton | Qt::RightButton);
-    wrapper->mousePressEvent(&both);
-    QCOMPARE(chord.count(), 1);
-    QCOMPARE(pan.count(), 0);
-    QCOMPARE(scenePressed.count(), 0);
-
-    QMouseEvent left
-        = mouseEvent(QEvent::MouseButtonPress, QPointF(50, 50), Qt::LeftButton, Qt::LeftButton);
-    wrapper->mousePressEvent(&left);
-    QCOMPARE(chord.count(), 1);
-    QCOMPARE(scenePressed.count(), 1);
-}
-
-void tst_GraphicsViewExtra::panSignals_data()
-{
-    QTest::addColumn<int>("dragMode");
+    QTest::addColumn<bool>("handDrag");
+    QTest::addColumn<QList<Input>>("inputs");
     QTest::addColumn<QStringList>("expected");
-    QTest::newRow("hand drag") << int(QGraphicsView::ScrollHandDrag)
-                               << QStringList {"panStarted", "panFinished", "panFinished"};
-    QTest::newRow("no drag") << int(QGraphicsView::NoDrag) << QStringList();
+    const auto row = [](const char* name, bool handDrag, const QList<Input>& inputs,
+                         const QStringList& expected) {
+        QTest::newRow(name) << handDrag << inputs << expected;
+    };
+    const QStringList changed {"viewportChanged", "sceneChanged"};
+    const QList<Input> pan {{QEvent::MouseButtonPress, Qt::LeftButton, Qt::LeftButton},
+        {QEvent::MouseButtonRelease, Qt::LeftButton}, {QEvent::KeyRelease, Qt::Key_Shift},
+        {QEvent::KeyRelease, Qt::Key_Control}};
+    const QStringList released = QStringList {"mouseReleased"} + changed;
+    const QStringList keyReleased = QStringList {"keyReleased"} + changed;
+    // Releasing Control ends a pan as well; other keys do not. The hand cursor's changes are
+    // viewport events too.
+    row("pan", true, pan,
+        QStringList {"scenePressed"} + changed + QStringList {"panStarted"} + changed
+            + QStringList {"panFinished"} + changed + released + keyReleased
+            + QStringList {"panFinished"} + keyReleased);
+    row("no pan without hand drag", false, pan,
+        QStringList {"scenePressed"} + changed + released + keyReleased + keyReleased);
+    // Both buttons are the viewer's own gesture: no press for the scene, no pan.
+    row("left and right", true,
+        {{QEvent::MouseButtonPress, Qt::RightButton, Qt::LeftButton | Qt::RightButton}},
+        QStringList {"leftAndRightMousePressed"} + changed);
+    row("key press", false, {{QEvent::KeyPress, Qt::Key_A}}, QStringList {"keyPressed"} + changed);
+    row("right release", false, {{QEvent::MouseButtonRelease, Qt::RightButton}},
+        QStringList {"rightMouseReleased"} + changed);
+    row("left double click", false,
+        {{QEvent::MouseButtonDblClick, Qt::LeftButton, Qt::LeftButton, {12, 34}}},
+        QStringList {"leftMouseButtonDoubleClicked 12,34"} + changed);
+    row("right double click", false,
+        {{QEvent::MouseButtonDblClick, Qt::RightButton, Qt::RightButton, {56, 78}}},
+        QStringList {"rightMouseButtonDoubleClicked 56,78"} + changed);
+    // The position is reported for moves without a button only.
+    row("move", false,
+        {{QEvent::MouseMove, Qt::NoButton, Qt::LeftButton},
+            {QEvent::MouseMove, Qt::NoButton, Qt::NoButton, {30.5, 40}}},
+        changed + QStringList {"mousePositionChanged 30.5,40"} + changed);
+    row("hover move", false, {{QEvent::HoverMove}}, changed);
+    row("enter", false, {{QEvent::Enter}}, {"mouseEntered"});
+    row("leave", false, {{QEvent::Leave}}, {"mouseLeft"});
 }
 
-void tst_GraphicsViewExtra::panSignals()
+void tst_GraphicsViewExtra::signalsOfEveryInput()
 {
-    QFETCH(int, dragMode);
+    QFETCH(bool, handDrag);
+    QFETCH(QList<Input>, inputs);
     QFETCH(QStringList, expected);
-    view->setDragMode(QGraphicsView::DragMode(dragMode));
-    QStringList pans;
-    connect(view.get(), &GraphicsViewExtra::panStarted, this, [&] { pans << "panStarted"; });
-    connect(view.get(), &GraphicsViewExtra::panFinished, this, [&] { pans << "panFinished"; });
-
-    QMouseEvent pressEvent
-        = mouseEvent(QEvent::MouseButtonPress, QPointF(50, 50), Qt::LeftButton, Qt::LeftButton);
-    wrapper->mousePressEvent(&pressEvent);
-    QMouseEvent releaseEvent
-        = mouseEvent(QEvent::MouseButtonRelease, QPointF(60, 50), Qt::LeftButton, Qt::NoButton);
-    wrapper->mouseReleaseEvent(&releaseEvent);
-    // Releasing Control ends a pan as well; other keys do not.
-    QKeyEvent shift(QEvent::KeyRelease, Qt::Key_Shift, Qt::NoModifier);
-    wrapper->keyReleaseEvent(&shift);
-    QKeyEvent control(QEvent::KeyRelease, Qt::Key_Control, Qt::NoModifier);
-    wrapper->keyReleaseEvent(&control);
-    QCOMPARE(pans, expected);
-}
-
-void tst_GraphicsViewExtra::positionOnlyWithoutButtons()
-{
-    QSignalSpy position(view.get(), &GraphicsViewExtra::mousePositionChanged);
-    QMouseEvent held = mouseEvent(QEvent::MouseMove, QPointF(30, 40), Qt::NoButton, Qt::LeftButton);
-    wrapper->mouseMoveEvent(&held);
-    QCOMPARE(position.count(), 0);
-    QMouseEvent free = mouseEvent(QEvent::MouseMove, QPointF(30.5, 40), Qt::NoButton, Qt::NoButton);
-    wrapper->mouseMoveEvent(&free);
-    QCOMPARE(position.count(), 1);
-    QCOMPARE(position.at(0).at(0).toDouble(), 30.5);
-    QCOMPARE(position.at(0).at(1).toDouble(), 40.0);
-}
-
-void tst_GraphicsViewExtra::notificationsFollowEveryInput_data()
-{
-    QTest::addColumn<QString>("input");
-    QTest::addColumn<QStringList>("expected");
-    const QStringList both {"viewportChanged", "sceneChanged"};
-    QTest::newRow("key press") << "keyPress" << (QStringList {"keyPressed"} + both);
-    QTest::newRow("key release") << "keyRelease" << (QStringList {"keyReleased"} + both);
-    QTest::newRow("left release") << "leftRelease" << (QStringList {"mouseReleased"} + both);
-    QTest::newRow("right release") << "rightRelease" << (QStringList {"rightMouseReleased"} + both);
-    QTest::newRow("press") << "press" << both;
-    QTest::newRow("hover move") << "hover" << both;
-    QTest::newRow("enter") << "enter" << QStringList {"mouseEntered"};
-    QTest::newRow("leave") << "leave" << QStringList {"mouseLeft"};
-}
-
-void tst_GraphicsViewExtra::notificationsFollowEveryInput()
-{
-    QFETCH(QString, input);
-    QFETCH(QStringList, expected);
-    // Recorded through the wrapper, which forwards each signal of the view.
-    QStringList seen;
-    using I = GraphicsViewExtraInterface;
-    connect(wrapper.get(), &I::keyPressed, this, [&] { seen << "keyPressed"; });
-    connect(wrapper.get(), &I::keyReleased, this, [&] { seen << "keyReleased"; });
-    connect(wrapper.get(), &I::mouseReleased, this, [&] { seen << "mouseReleased"; });
-    connect(wrapper.get(), &I::rightMouseReleased, this, [&] { seen << "rightMouseReleased"; });
-    connect(wrapper.get(), &I::viewportChanged, this, [&] { seen << "viewportChanged"; });
-    connect(wrapper.get(), &I::sceneChanged, this, [&] { seen << "sceneChanged"; });
-    connect(wrapper.get(), &I::mouseEntered, this, [&] { seen << "mouseEntered"; });
-    connect(wrapper.get(), &I::mouseLeft, this, [&] { seen << "mouseLeft"; });
-
-    if (input.startsWith("key")) {
-        QKeyEvent key(input == "keyPress" ? QEvent::KeyPress : QEvent::KeyRelease, Qt::Key_A,
-            Qt::NoModifier, "a");
-        input == "keyPress" ? wrapper->keyPressEvent(&key) : wrapper->keyReleaseEvent(&key);
-    } else if (input.endsWith("Release")) {
-        const Qt::MouseButton button = input == "leftRelease" ? Qt::LeftButton : Qt::RightButton;
-        QMouseEvent event
-            = mouseEvent(QEvent::MouseButtonRelease, QPointF(5, 5), button, Qt::NoButton);
-        wrapper->mouseReleaseEvent(&event);
-    } else if (input == "press") {
-        QMouseEvent event
-            = mouseEvent(QEvent::MouseButtonPress, QPointF(5, 5), Qt::LeftButton, Qt::LeftButton);
-        wrapper->mousePressEvent(&event);
-    } else if (input == "hover") {
-        view->hoverMoveEvent();
-    } else if (input == "enter") {
-        QEnterEvent event(QPointF(5, 5), QPointF(5, 5), QPointF(5, 5));
-        wrapper->enterEvent(&event);
-    } else {
-        QEvent event(QEvent::Leave);
-        wrapper->leaveEvent(&event);
+    wrapper->setDragMode(handDrag ? QGraphicsView::ScrollHandDrag : QGraphicsView::NoDrag);
+    log.clear();
+    for (const Input& input : inputs) {
+        QMouseEvent mouse(input.type, input.at, input.at, Qt::MouseButton(input.button),
+            input.buttons, Qt::NoModifier);
+        QKeyEvent key(input.type, input.button, Qt::NoModifier, "a");
+        QEnterEvent enter(input.at, input.at, input.at);
+        QEvent leave(QEvent::Leave);
+        if (input.type == QEvent::MouseButtonPress)
+            wrapper->mousePressEvent(&mouse);
+        else if (input.type == QEvent::MouseButtonRelease)
+            wrapper->mouseReleaseEvent(&mouse);
+        else if (input.type == QEvent::MouseButtonDblClick)
+            wrapper->mouseDoubleClickEvent(&mouse);
+        else if (input.type == QEvent::MouseMove)
+            wrapper->mouseMoveEvent(&mouse);
+        else if (input.type == QEvent::KeyPress)
+            wrapper->keyPressEvent(&key);
+        else if (input.type == QEvent::KeyRelease)
+            wrapper->keyReleaseEvent(&key);
+        else if (input.type == QEvent::Enter)
+            wrapper->enterEvent(&enter);
+        else if (input.type == QEvent::Leave)
+            wrapper->leaveEvent(&leave);
+        else
+            view->hoverMoveEvent();
     }
-    QCOMPARE(seen, expected);
-}
-
-void tst_GraphicsViewExtra::doubleClickSignals()
-{
-    QSignalSpy left(view.get(), &GraphicsViewExtra::leftMouseButtonDoubleClicked);
-    QSignalSpy right(view.get(), &GraphicsViewExtra::rightMouseButtonDoubleClicked);
-    QMouseEvent leftDouble
-        = mouseEvent(QEvent::MouseButtonDblClick, QPointF(12, 34), Qt::LeftButton, Qt::LeftButton);
-    wrapper->mouseDoubleClickEvent(&leftDouble);
-    QMouseEvent rightDouble = mouseEvent(
-        QEvent::MouseButtonDblClick, QPointF(56, 78), Qt::RightButton, Qt::RightButton);
-    wrapper->mouseDoubleClickEvent(&rightDouble);
-    QCOMPARE(left.count(), 1);
-    QCOMPARE(left.at(0).at(0).toPoint(), QPoint(12, 34));
-    QCOMPARE(right.count(), 1);
-    QCOMPARE(right.at(0).at(0).toPoint(), QPoint(56, 78));
+    QCOMPARE(log, expected);
 }
 
 void tst_GraphicsViewExtra::offscreenViewFixesScreenPosition_data()
@@ -272,13 +222,10 @@ void tst_GraphicsViewExtra::offscreenViewFixesScreenPosition()
     QMouseEvent event(QEvent::MouseButtonPress, QPointF(50, 60), QPointF(50, 60),
         QPointF(1050, 1060), Qt::LeftButton, Qt::LeftButton, Qt::NoModifier);
     hostWrapper.mousePressEvent(&event);
-    if (usage == GraphicsViewExtra::Offscreen)
-        QCOMPARE(screenPos, host.mapFromScene(scenePos));
-    else
-        QCOMPARE(screenPos, QPoint(1050, 1060));
+    const bool offscreen = usage == GraphicsViewExtra::Offscreen;
+    QCOMPARE(screenPos, offscreen ? host.mapFromScene(scenePos) : QPoint(1050, 1060));
     QCOMPARE(host.getFixedScreenPosForMouseEvent(QPointF(100, 100), QPoint(7, 8)),
-        usage == GraphicsViewExtra::Offscreen ? host.mapFromScene(QPointF(100, 100))
-                                              : QPoint(7, 8));
+        offscreen ? host.mapFromScene(QPointF(100, 100)) : QPoint(7, 8));
 }
 
 void tst_GraphicsViewExtra::wrapperForwardsWithItsExceptions()
@@ -309,37 +256,6 @@ void tst_GraphicsViewExtra::wrapperForwardsWithItsExceptions()
     QCOMPARE(wrapper->viewportRect(), view->viewport()->rect());
     scene->setSceneRect(10, 20, 100, 50);
     QCOMPARE(wrapper->getVisibleSceneCenter(), QPointF(60, 45));
-
-    QSignalSpy pan(wrapper.get(), &GraphicsViewExtraInterface::panStarted);
-    wrapper->setDragMode(QGraphicsView::ScrollHandDrag);
-    wrapper->setInteractive(true);
-    QMouseEvent pressEvent
-        = mouseEvent(QEvent::MouseButtonPress, QPointF(5, 5), Qt::LeftButton, Qt::LeftButton);
-    wrapper->mousePressEvent(&pressEvent);
-    QCOMPARE(pan.count(), 1);
-}
-
-void tst_GraphicsViewExtra::wrapperPassesOnEverySignalOfTheView()
-{
-    const QMetaObject& meta = GraphicsViewExtra::staticMetaObject;
-    QStringList passedOn;
-    for (int i = meta.methodOffset(); i < meta.methodCount(); ++i) {
-        const QMetaMethod signal = meta.method(i);
-        if (signal.methodType() != QMetaMethod::Signal)
-            continue;
-        QSignalSpy spy(wrapper.get(), QByteArray("2" + signal.methodSignature()).constData());
-        QVERIFY2(spy.isValid(), signal.methodSignature().constData());
-        QVariant values[2];
-        QGenericArgument arguments[2];
-        for (int p = 0; p < signal.parameterCount(); ++p) {
-            values[p] = QVariant(signal.parameterMetaType(p));
-            arguments[p] = QGenericArgument(values[p].metaType().name(), values[p].data());
-        }
-        QVERIFY(signal.invoke(view.get(), Qt::DirectConnection, arguments[0], arguments[1]));
-        if (spy.count() == 1)
-            passedOn << QString::fromLatin1(signal.name());
-    }
-    QCOMPARE(passedOn.size(), 14);
 }
 
 QTEST_MAIN(tst_GraphicsViewExtra)
