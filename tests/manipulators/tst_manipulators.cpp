@@ -205,38 +205,6 @@ private Q_SLOTS:
                 orientation == Qt::Horizontal ? QLineF(-20, 7, 40, 8) : QLineF(5, -30, 9, 40));
         }
     }
-    void lineFollowsTheMouseOnlyWhileDragging()
-    {
-        auto* dragger = new LineDragger(Qt::Vertical);
-        m_scene->addItem(dragger);
-        dragger->setBoundingRect(testBounds);
-        dragger->setRect(testBounds);
-        dragger->setTick(10);
-        dragger->setHalfOffset(false);
-        dragger->setPickWidth(6);
-        record(dragger, &LineDragger::moved, "moved");
-
-        // Not dragging: the press grabs the line but moves leave it where it is.
-        press(QPointF(0, 10));
-        moveTo(QPointF(33, 10));
-        QCOMPARE(dragger->pos(), QPointF(0, 0));
-
-        // The owner reports the drag: the line follows, constrained and snapped.
-        dragger->setDragging(true);
-        moveTo(QPointF(27, 40));
-        QCOMPARE(dragger->pos(), QPointF(20, 0));
-        moveTo(QPointF(-27, -40));
-        QCOMPARE(m_log, QStringList({"moved 20,0", "moved -30,0"}));
-
-        // The owner moves the line itself.
-        dragger->setIsMoveHandledByCaller(true);
-        moveTo(QPointF(57, 40));
-        QCOMPARE(dragger->pos(), QPointF(-30, 0));
-        release(QPointF(57, 40));
-
-        dragger->setMovable(false);
-        QVERIFY(!dragger->isLeftDragging());
-    }
     void hoverCursorsArePairedAndOnlyWhenMovable()
     {
         LineDragger horizontal(Qt::Horizontal);
@@ -257,7 +225,7 @@ private Q_SLOTS:
         horizontal.stopHovering();
         QCOMPARE(cursorStack(), Shapes({Qt::WaitCursor}));
     }
-    void centerClampsIntoItsRectangle()
+    void centerDragger()
     {
         auto* center = new CenterDragger();
         m_scene->addItem(center);
@@ -273,15 +241,12 @@ private Q_SLOTS:
         QCOMPARE(m_log,
             QStringList(
                 {"dragged 500,-700", "dragged 100,-100", "dragged -100,100", "dragged 12.5,-3"}));
-    }
-    void centerHoverAndRelease()
-    {
-        auto* center = new CenterDragger();
+
+        // Hover cursors only while movable.
+        m_log.clear();
         center->setRect(-3, -3, 6, 6);
-        m_scene->addItem(center);
         record(center, &CenterDragger::hoveringStarted, "started");
         record(center, &CenterDragger::hoveringStopped, "stopped");
-        record(center, &CenterDragger::dragged, "dragged");
 
         center->startHovering();
         QCOMPARE(cursorStack(), Shapes({Qt::SizeAllCursor}));
@@ -294,8 +259,8 @@ private Q_SLOTS:
         center->setMovable(true);
 
         // A press and release without a move still reports the position once.
-        drag({QPointF(0, 0)});
-        QCOMPARE(m_log, QStringList({"started", "stopped", "dragged 0,0"}));
+        drag({center->pos()});
+        QCOMPARE(m_log, QStringList({"started", "stopped", "dragged 12.5,-3"}));
     }
     void crossMovesSilentlyOrByDrag()
     {
@@ -328,15 +293,22 @@ private Q_SLOTS:
         QCOMPARE(vertical->pos(), QPointF(20, 0));
         QCOMPARE(horizontal->pos(), QPointF(0, 45));
 
-        // Dragging a line moves the handle.
+        // A line follows the mouse only while its owner reports a drag, and not when the owner
+        // moves it itself; dragging it moves the handle.
         m_log.clear();
         cross->setVerticalTick(10);
         cross->moveHorizontal(QPointF(0, -50));
+        drag({QPointF(20, 40), QPointF(43, 40)});
+        QCOMPARE(vertical->pos(), QPointF(20, 0));
         vertical->setDragging(true);
-        drag({QPointF(20, 40), QPointF(37, 40)});
-        QCOMPARE(vertical->pos(), QPointF(30, 0));
-        QCOMPARE(center->pos(), QPointF(30, -50));
-        QCOMPARE(m_log, QStringList({"vertical 30,0"}));
+        drag({QPointF(20, 40), QPointF(37, 40), QPointF(-27, -40)});
+        QCOMPARE(m_log, QStringList({"vertical 30,0", "vertical -30,0"}));
+        QCOMPARE(center->pos(), QPointF(-30, -50));
+        vertical->setIsMoveHandledByCaller(true);
+        drag({QPointF(-30, 40), QPointF(57, 40)});
+        QCOMPARE(vertical->pos(), QPointF(-30, 0));
+        vertical->setMovable(false);
+        QVERIFY(!vertical->isLeftDragging());
     }
     void crossMovableAndVisibility()
     {
