@@ -60,6 +60,7 @@ public:
         multi->setShortCutKeySequence(QKeySequence(QStringLiteral("Ctrl+2")));
         addView(std::move(plain));
         addView(std::move(multi));
+        addView(nullptr);
     }
 
     void close() override

@@ -46,9 +46,10 @@ void tst_PluginUnload::closedPluginLeavesNothingBehind()
     plugin->loadFeatures();
     plugin->loadActions();
     plugin->loadViews();
-    // A null feature and an action added twice are not kept.
+    // Null features and views, and an action added twice, are not kept.
     QCOMPARE(plugin->getFeatures().size(), size_t(2));
     QCOMPARE(plugin->getActions().size(), 4);
+    QCOMPARE(plugin->getViews().size(), 2);
     for (Action* action : plugin->getActions())
         solutions.addAction(action);
     for (const auto& feature : plugin->getFeatures())
