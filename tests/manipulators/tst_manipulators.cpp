@@ -703,22 +703,14 @@ private:
             m_log << (QStringList {name} << QStringList {describe(args)...}).join(' ');
         });
     }
-    void press(const QPointF& p)
-    {
-        QTest::mousePress(m_view->viewport(), Qt::LeftButton, {}, m_view->mapFromScene(p));
-    }
-    void moveTo(const QPointF& p) { QTest::mouseMove(m_view->viewport(), m_view->mapFromScene(p)); }
     // Presses at the first point, moves through the others and releases at the last.
     void drag(const QList<QPointF>& path)
     {
-        press(path.first());
+        QWidget* viewport = m_view->viewport();
+        QTest::mousePress(viewport, Qt::LeftButton, {}, m_view->mapFromScene(path.first()));
         for (const QPointF& p : path.mid(1))
-            moveTo(p);
-        release(path.last());
-    }
-    void release(const QPointF& p)
-    {
-        QTest::mouseRelease(m_view->viewport(), Qt::LeftButton, {}, m_view->mapFromScene(p));
+            QTest::mouseMove(viewport, m_view->mapFromScene(p));
+        QTest::mouseRelease(viewport, Qt::LeftButton, {}, m_view->mapFromScene(path.last()));
     }
     QGraphicsItem* itemAt(const QPointF& p) const { return m_scene->itemAt(p, QTransform()); }
     void sendToItem(QGraphicsItem* item, QEvent::Type type, const QPointF& scenePos)
