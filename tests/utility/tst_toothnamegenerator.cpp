@@ -123,17 +123,14 @@ private Q_SLOTS:
 
     void rangeDisplayName()
     {
-        const std::tuple<Range, bool, bool, const char*> cases[] = {
-            {range(12, 5), false, true, "14-24"}, // ascending reorders
-            {range(12, 5), false, false, "24-14"},
-            {range(8, 8), false, true, "11"},
-            {range(20, 23), true, true, "32-35"}, // lower arch swapped after ascending
-            {range(20, 23), false, true, "35-32"},
-            {range(23, 20), true, false, "35-32"}, // descending lower range swapped once
-            {range(14, 20), true, true, "26-35"}, // across the arches: not swapped
-            {range(0, 5), false, true, ""},
-            {range(5, -1), false, true, ""},
-        };
+        // Ascending reorders; then a range within the lower arch is swapped (once, whatever the
+        // order it came in), a range across the arches is not.
+        const std::tuple<Range, bool, bool, const char*> cases[]
+            = {{range(12, 5), false, true, "14-24"}, {range(12, 5), false, false, "24-14"},
+                {range(8, 8), false, true, "11"}, {range(20, 23), true, true, "32-35"},
+                {range(20, 23), false, true, "35-32"}, {range(23, 20), true, false, "35-32"},
+                {range(14, 20), true, true, "26-35"}, {range(0, 5), false, true, ""},
+                {range(5, -1), false, true, ""}};
         for (const auto& [teeth, swapLower, ascending, fdi] : cases) {
             QCOMPARE(G::displayName(teeth, "FDI", false, swapLower, ascending), fdi);
             QCOMPARE(G::displayName(teeth, false, swapLower, ascending), fdi);
