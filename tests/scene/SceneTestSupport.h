@@ -13,6 +13,7 @@
 #include <QGraphicsSceneHoverEvent>
 #include <QGraphicsSceneMouseEvent>
 #include <QGraphicsSceneWheelEvent>
+#include <QHash>
 #include <QPainterPath>
 #include <QRegularExpression>
 #include <QStringList>
@@ -85,39 +86,6 @@ public:
 using HoverableProbe = Hoverable<ProbeItem>;
 using PlainHoverable = Hoverable<QGraphicsRectItem>;
 
-inline void sendMouse(QGraphicsScene& scene, QEvent::Type type, const QPointF& pos,
-    Qt::MouseButton button, Qt::MouseButtons buttons)
-{
-    QGraphicsSceneMouseEvent event(type);
-    event.setScenePos(pos);
-    event.setScreenPos(pos.toPoint());
-    event.setButton(button);
-    event.setButtons(buttons);
-    if (button != Qt::NoButton)
-        event.setButtonDownScenePos(button, pos);
-    event.setAccepted(false);
-    QCoreApplication::sendEvent(&scene, &event);
-}
-
-inline void hover(GraphicsSceneExtra& scene, const QPointF& pos, bool leave = false)
-{
-    QGraphicsSceneHoverEvent event(
-        leave ? QEvent::GraphicsSceneHoverLeave : QEvent::GraphicsSceneHoverMove);
-    event.setScenePos(pos);
-    leave ? scene.hoverLeaveEvent(&event) : scene.hoverEvent(&event);
-}
-
-inline void wheel(QGraphicsScene& scene, const QPointF& pos, int delta,
-    Qt::Orientation orientation = Qt::Vertical)
-{
-    QGraphicsSceneWheelEvent event(QEvent::GraphicsSceneWheel);
-    event.setScenePos(pos);
-    event.setDelta(delta);
-    event.setOrientation(orientation);
-    event.setAccepted(false);
-    QCoreApplication::sendEvent(&scene, &event);
-}
-
 inline Qt::MouseButtons buttonsOf(const QString& letters)
 {
     Qt::MouseButtons buttons;
@@ -132,10 +100,11 @@ inline Qt::MouseButtons buttonsOf(const QString& letters)
 /// Sends a space-separated script of events and returns what was logged meanwhile, joined by
 /// spaces. A step is a letter, buttons (default "L", "N" for none), then x,y: "p" press and "r"
 /// release of the first button with the others held, "m" move holding the buttons, "d" double
-/// click, "h" hover move, "l" hover leave, "w" wheel turn by a third number.
+/// click, "h" hover move, "l" hover leave, "w" and "W" vertical and horizontal wheel turns by a
+/// third number.
 inline QString play(GraphicsSceneExtra& scene, QStringList& log, const QString& script)
 {
-    static const QRegularExpression step("^([prmdhlw])([LRMN]*)(-?\\d+),(-?\\d+),?(-?\\d*)$");
+    static const QRegularExpression step("^([prmdhlwW])([LRMN]*)(-?\\d+),(-?\\d+),?(-?\\d*)$");
     log.clear();
     for (const QString& token : script.split(' ', Qt::SkipEmptyParts)) {
         const QRegularExpressionMatch m = step.match(token);
@@ -145,18 +114,32 @@ inline QString play(GraphicsSceneExtra& scene, QStringList& log, const QString& 
         const Qt::MouseButtons buttons = buttonsOf(letters);
         const auto first = Qt::MouseButton(int(buttonsOf(letters.left(1))));
         const QPointF at(m.captured(3).toInt(), m.captured(4).toInt());
-        if (op == 'h' || op == 'l')
-            hover(scene, at, op == 'l');
-        else if (op == 'w')
-            wheel(scene, at, m.captured(5).toInt());
-        else if (op == 'm')
-            sendMouse(scene, QEvent::GraphicsSceneMouseMove, at, Qt::NoButton, buttons);
-        else if (op == 'r')
-            sendMouse(scene, QEvent::GraphicsSceneMouseRelease, at, first, buttons & ~first);
-        else
-            sendMouse(scene,
-                op == 'p' ? QEvent::GraphicsSceneMousePress : QEvent::GraphicsSceneMouseDoubleClick,
-                at, first, buttons);
+        if (op == 'h' || op == 'l') {
+            QGraphicsSceneHoverEvent event(
+                op == 'l' ? QEvent::GraphicsSceneHoverLeave : QEvent::GraphicsSceneHoverMove);
+            event.setScenePos(at);
+            op == 'l' ? scene.hoverLeaveEvent(&event) : scene.hoverEvent(&event);
+        } else if (op.toLower() == 'w') {
+            QGraphicsSceneWheelEvent event(QEvent::GraphicsSceneWheel);
+            event.setScenePos(at);
+            event.setDelta(m.captured(5).toInt());
+            event.setOrientation(op == 'w' ? Qt::Vertical : Qt::Horizontal);
+            event.setAccepted(false);
+            QCoreApplication::sendEvent(&scene, &event);
+        } else {
+            static const QHash<QChar, QEvent::Type> types {{'p', QEvent::GraphicsSceneMousePress},
+                {'r', QEvent::GraphicsSceneMouseRelease}, {'m', QEvent::GraphicsSceneMouseMove},
+                {'d', QEvent::GraphicsSceneMouseDoubleClick}};
+            QGraphicsSceneMouseEvent event(types.value(op));
+            event.setScenePos(at);
+            event.setScreenPos(at.toPoint());
+            event.setButton(op == 'm' ? Qt::NoButton : first);
+            event.setButtons(op == 'r' ? buttons & ~first : buttons);
+            if (op != 'm')
+                event.setButtonDownScenePos(first, at);
+            event.setAccepted(false);
+            QCoreApplication::sendEvent(&scene, &event);
+        }
     }
     return log.join(' ');
 }

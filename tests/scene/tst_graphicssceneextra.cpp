@@ -49,22 +49,18 @@ public:
             onPress();
         return record("press", tag);
     }
-    bool handleMouseDoubleClickEvent(Mouse*, const QString& t) override
-    {
-        return record("double", t);
+#define RECORDED(handler, Event, what)                                                             \
+    bool handler(Event*, const QString& tag) override                                              \
+    {                                                                                              \
+        return record(what, tag);                                                                  \
     }
-    bool handleMouseMoveEvent(Mouse*, const QString& t) override { return record("move", t); }
-    bool handleHoverEvent(Hover*, const QString& t) override { return record("hover", t); }
-    bool handleHoverLeaveEvent(Hover*, const QString& t) override
-    {
-        return record("hoverLeave", t);
-    }
-    bool handleMouseReleaseEvent(Mouse*, const QString& t) override { return record("release", t); }
-    bool handleKeyPressEvent(QKeyEvent*, const QString& t) override { return record("key", t); }
-    bool handleKeyReleaseEvent(QKeyEvent*, const QString& t) override
-    {
-        return record("keyRelease", t);
-    }
+    RECORDED(handleMouseDoubleClickEvent, Mouse, "double")
+    RECORDED(handleMouseMoveEvent, Mouse, "move")
+    RECORDED(handleMouseReleaseEvent, Mouse, "release")
+    RECORDED(handleHoverEvent, Hover, "hover")
+    RECORDED(handleHoverLeaveEvent, Hover, "hoverLeave")
+    RECORDED(handleKeyPressEvent, QKeyEvent, "key")
+    RECORDED(handleKeyReleaseEvent, QKeyEvent, "keyRelease")
 
 private:
     QStringList* log;
@@ -189,25 +185,21 @@ private Q_SLOTS:
 
     void wheelRemainders_data()
     {
-        QTest::addColumn<QList<int>>("deltas");
-        QTest::addColumn<QList<bool>>("horizontal");
+        QTest::addColumn<QString>("script");
         QTest::addColumn<QList<int>>("scrolled");
         QTest::newRow("three quarters of a third")
-            << QList<int> {40, 40, 40} << QList<bool> {0, 0, 0} << QList<int> {120};
-        QTest::newRow("250 keeps 10")
-            << QList<int> {250, 110} << QList<bool> {0, 0} << QList<int> {240, 120};
+            << "w20,30,40 w20,30,40 w20,30,40" << QList<int> {120};
+        QTest::newRow("250 keeps 10") << "w20,30,250 w20,30,110" << QList<int> {240, 120};
         QTest::newRow("opposite deltas cancel")
-            << QList<int> {100, -100, 100} << QList<bool> {0, 0, 0} << QList<int> {};
-        QTest::newRow("negative truncates toward zero")
-            << QList<int> {-250} << QList<bool> {0} << QList<int> {-240};
+            << "w20,30,100 w20,30,-100 w20,30,100" << QList<int> {};
+        QTest::newRow("negative truncates toward zero") << "w20,30,-250" << QList<int> {-240};
         QTest::newRow("orientations keep their own remainder")
-            << QList<int> {60, 60, 60, 60} << QList<bool> {0, 1, 1, 0} << QList<int> {120, 120};
+            << "w20,30,60 W20,30,60 W20,30,60 w20,30,60" << QList<int> {120, 120};
     }
 
     void wheelRemainders()
     {
-        QFETCH(QList<int>, deltas);
-        QFETCH(QList<bool>, horizontal);
+        QFETCH(QString, script);
         QFETCH(QList<int>, scrolled);
         QList<int> seen;
         QSignalSpy interacted(scene.get(), &GraphicsSceneExtra::userInteracted);
@@ -216,9 +208,7 @@ private Q_SLOTS:
                 QCOMPARE(pos, QPointF(20, 30));
                 seen << delta;
             });
-        for (int i = 0; i < deltas.size(); ++i)
-            wheel(
-                *scene, QPointF(20, 30), deltas[i], horizontal[i] ? Qt::Horizontal : Qt::Vertical);
+        run(script);
         QCOMPARE(seen, scrolled);
         QCOMPARE(interacted.count(), scrolled.size());
     }

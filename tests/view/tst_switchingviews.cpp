@@ -86,108 +86,95 @@ private Q_SLOTS:
         switcher.unregisterSceneEventHandler(&handler);
 
         QVERIFY(m_log.isEmpty());
-        QCOMPARE(switcher.getCurrentView(), nullptr);
-        QVERIFY(switcher.getCurrentViewOrSubViewID().isEmpty());
+        QCOMPARE(state(switcher), "/: ");
         QCOMPARE(switcher.getShortcutFor(QKeySequence(Qt::Key_F5)), nullptr);
         QCOMPARE(switcher.getParentViewOfSubView(QStringLiteral("M1")), nullptr);
         QCOMPARE(switcher.getViews().size(), withSolutionManager ? 4 : 0);
     }
 
-    void switchRunsInOrder()
+    void switchSequences_data()
     {
-        f->switcher.switchToView(QStringLiteral("A"));
-        QCOMPARE(f->switcher.getCurrentView(), m_a);
-        runningTool(QStringLiteral("measure"));
-        m_a->manager()->liveValue = 42;
-        record(f->switcher);
-        m_log.clear();
-
-        f->switcher.switchToView(QStringLiteral("B"));
-        QCOMPARE(m_log,
-            (QStringList {"A.stop", "action stopped measure", "B.read(42)",
-                "switchingView(B) solution at B", "B.start", "viewChanged(B)"}));
-        QCOMPARE(f->switcher.getCurrentView(), m_b);
-        QCOMPARE(f->switcher.getCurrentViewID(), QStringLiteral("B"));
-        QCOMPARE(f->switcher.getCurrentViewManager(), m_b->getViewManager());
-        QVERIFY(!m_a->isActive());
-        QVERIFY(m_b->isActive());
-
-        // The current view again, by pointer or id, and an unknown id change nothing.
-        m_log.clear();
-        f->switcher.switchToView(m_b);
-        f->switcher.switchToView(QStringLiteral("B"));
-        QTest::ignoreMessage(QtWarningMsg,
-            "SwitchingViewsManager : no view or sub view with ID b exists in the current "
-            "solution.");
-        f->switcher.switchToView(QStringLiteral("b"));
-        QVERIFY(m_log.isEmpty());
-        QVERIFY(m_b->isActive());
-    }
-
-    void nullTargetLeavesOldViewStopped()
-    {
-        // A null view, or one outside the solution, stops the old view and changes nothing else.
-        RecordingView stray(QStringLiteral("stray"), m_log);
-        f->switcher.switchToView(m_a);
-        record(f->switcher);
-        for (View* target : {static_cast<View*>(nullptr), static_cast<View*>(&stray)}) {
-            f->switcher.startCurrentView();
-            QVERIFY(m_a->isActive());
-            m_log.clear();
-            f->switcher.switchToView(target);
-            QCOMPARE(m_log, (QStringList {"A.stop"}));
-            QCOMPARE(f->switcher.getCurrentView(), m_a);
-            QCOMPARE(f->solution->getCurrentView(), m_a);
-            QVERIFY(!m_a->isActive());
-        }
-        f->switcher.startCurrentView();
-        f->switcher.stopCurrentView();
-        QVERIFY(!m_a->isActive());
-    }
-
-    void switchToSubView_data()
-    {
-        QTest::addColumn<QString>("from");
-        QTest::addColumn<bool>("byPointer");
+        // Steps name a view to switch to by id, or with "*" by pointer ("*null", "*stray": one
+        // outside the solution); "start" and "stop" act on the current view. A tool runs from
+        // the end of the "from" steps on; A's viewers report 42, M1's 5.
+        QTest::addColumn<QStringList>("from");
+        QTest::addColumn<QStringList>("steps");
         QTest::addColumn<QStringList>("expected");
-        const QStringList restart {
-            "M2.read(0)", "switchingView(M) solution at M", "M2.start", "viewChanged(M)"};
+        QTest::addColumn<QString>("state");
+        const QString stopTool = "action stopped measure";
+        QTest::newRow("in order") << QStringList {"A"} << QStringList {"B"}
+                                  << QStringList {"A.stop", stopTool, "B.read(42)",
+                                         "switchingView(B) solution at B", "B.start",
+                                         "viewChanged(B)"}
+                                  << "B/B: B";
+        QTest::newRow("current or unknown view changes nothing")
+            << QStringList {"B"} << QStringList {"*B", "B", "b"} << QStringList {} << "B/B: B";
+        // Switching to nothing, or to a view outside the solution, stops the old view and changes
+        // nothing else; it can be brought back.
+        QTest::newRow("null") << QStringList {"A"} << QStringList {"*null", "start", "stop"}
+                              << QStringList {"A.stop", "A.start", "A.stop"} << "A/A: ";
+        QTest::newRow("stray") << QStringList {"A"} << QStringList {"*stray", "start"}
+                               << QStringList {"A.stop", "A.start"} << "A/A: A";
         // By id, the sub view is chosen inside the idle multi view before anything else happens.
-        QTest::newRow("id, idle multi view")
-            << "A" << false << QStringList {"viewChanged(M)", "A.stop"} + restart;
+        QTest::newRow("sub view by id, idle multi view")
+            << QStringList {"A"} << QStringList {"M2"}
+            << QStringList {"viewChanged(M)", "A.stop", stopTool, "M2.read(42)",
+                   "switchingView(M) solution at M", "M2.start", "viewChanged(M)"}
+            << "M/M2: M M2";
         // The running multi view switches its page in place; the outer switch finds it current.
-        QTest::newRow("id, current multi view")
-            << "M" << false << QStringList {"M1.stop", "M2.start", "viewChanged(M)"};
+        QTest::newRow("sub view by id, current multi view")
+            << QStringList {"M"} << QStringList {"M2"}
+            << QStringList {"M1.stop", "M2.start", "viewChanged(M)"} << "M/M2: M M2";
         // The multi view is stopped, its new page chosen, and the multi view started again; its
         // settings pass from the manager it now reports to that same manager (M1's is unread).
-        QTest::newRow("pointer, current multi view")
-            << "M" << true << QStringList {"M1.stop", "viewChanged(M)"} + restart;
+        QTest::newRow("sub view by pointer, current multi view")
+            << QStringList {"M"} << QStringList {"*M2"}
+            << QStringList {"M1.stop", "viewChanged(M)", stopTool, "M2.read(0)",
+                   "switchingView(M) solution at M", "M2.start", "viewChanged(M)"}
+            << "M/M2: M M2";
     }
 
-    void switchToSubView()
+    void switchSequences()
     {
-        QFETCH(QString, from);
-        QFETCH(bool, byPointer);
+        QFETCH(QStringList, from);
+        QFETCH(QStringList, steps);
         QFETCH(QStringList, expected);
-        f->switcher.switchToView(from);
+        QFETCH(QString, state);
+        RecordingView stray(QStringLiteral("stray"), m_log);
+        const QHash<QString, View*> byName {
+            {"*null", nullptr}, {"*stray", &stray}, {"*B", m_b}, {"*M2", m_m2}};
+        SwitchingViewsManager& s = f->switcher;
+        const auto run = [&](const QStringList& list) {
+            for (const QString& step : list) {
+                if (step == "start")
+                    s.startCurrentView();
+                else if (step == "stop")
+                    s.stopCurrentView();
+                else if (step.startsWith('*'))
+                    s.switchToView(byName.value(step));
+                else
+                    s.switchToView(step);
+            }
+        };
+        run(from);
+        runningTool(QStringLiteral("measure"));
+        m_a->manager()->liveValue = 42;
         m_m1->manager()->liveValue = 5;
-        record(f->switcher);
+        record(s);
         m_log.clear();
-        if (byPointer)
-            f->switcher.switchToView(m_m2);
-        else
-            f->switcher.switchToView(QStringLiteral("M2"));
+        if (steps.contains("b"))
+            QTest::ignoreMessage(QtWarningMsg,
+                "SwitchingViewsManager : no view or sub view with ID b exists in the current "
+                "solution.");
+        run(steps);
 
         QCOMPARE(m_log, expected);
-        QCOMPARE(f->switcher.getCurrentView(), m_m);
-        QVERIFY(m_m->isActive());
-        QCOMPARE(m_m->getActiveSubView(), m_m2);
-        QCOMPARE(f->switcher.getCurrentViewOrSubView(), m_m2);
-        QCOMPARE(f->switcher.getCurrentViewOrSubViewID(), QStringLiteral("M2"));
-        QCOMPARE(f->switcher.getCurrentViewManager(), m_m2->getViewManager());
-        QCOMPARE(
-            static_cast<QStackedWidget*>(m_m->getWidget())->currentWidget(), m_m2->getWidget());
-        QVERIFY(!m_m1->isActive());
+        QCOMPARE(this->state(s), state);
+        QCOMPARE(f->solution->getCurrentView(), s.getCurrentView());
+        QCOMPARE(s.getCurrentViewManager(), s.getCurrentViewOrSubView()->getViewManager());
+        if (s.getCurrentView() == m_m)
+            QCOMPARE(
+                static_cast<QStackedWidget*>(m_m->getWidget())->currentWidget(), m_m2->getWidget());
     }
 
     void actionsStopOnSwitch_data()
@@ -223,7 +210,7 @@ private Q_SLOTS:
                 running.append(tool->getID());
         }
         QCOMPARE(running, stillRunning);
-        QCOMPARE(switcher.getCurrentView(), m_b);
+        QCOMPARE(state(switcher), "B/B: B");
     }
 
     void passViewSettings_data()
@@ -326,6 +313,19 @@ private Q_SLOTS:
     }
 
 private:
+    // "current id/current view or sub view id: the active views", e.g. "M/M2: M M2".
+    QString state(const SwitchingViewsManager& switcher) const
+    {
+        QStringList active;
+        for (View* view : std::initializer_list<View*> {m_a, m_b, m_m, m_m1, m_m2, m_d}) {
+            if (view->isActive())
+                active.append(view->getID());
+        }
+        const View* current = switcher.getCurrentView();
+        return (current ? current->getID() : QString()) + '/' + switcher.getCurrentViewOrSubViewID()
+            + ": " + active.join(' ');
+    }
+
     void record(SwitchingViewsManager& switcher)
     {
         connect(&switcher, &SwitchingViewsManager::switchingView, this, [this](View* view) {
