@@ -7,25 +7,20 @@
 
 namespace {
 
-struct Shape : CoreObject
+// One class level: registers its name from every constructor, the copy constructor included.
+template <class Base, const char* name> struct Level : Base
 {
-    Shape() { CORE_OBJECT_INIT(QStringLiteral("Shape")); }
-    Shape(const Shape& other)
-        : CoreObject(other)
+    Level() { this->CORE_OBJECT_INIT(QString::fromLatin1(name)); }
+    Level(const Level& other)
+        : Base(other)
     {
-        CORE_OBJECT_INIT(QStringLiteral("Shape"));
+        this->CORE_OBJECT_INIT(QString::fromLatin1(name));
     }
 };
-
-struct Circle : Shape
-{
-    Circle() { CORE_OBJECT_INIT(QStringLiteral("Circle")); }
-    Circle(const Circle& other)
-        : Shape(other)
-    {
-        CORE_OBJECT_INIT(QStringLiteral("Circle"));
-    }
-};
+constexpr char shapeName[] = "Shape";
+constexpr char circleName[] = "Circle";
+using Shape = Level<CoreObject, shapeName>;
+using Circle = Level<Shape, circleName>;
 
 } // namespace
 

@@ -44,29 +44,22 @@ private Q_SLOTS:
                 {"@CHAIN", "blue"}}));
     }
 
-    void badLinesAndFilesWarnAndKeepTheRest()
+    void badLinesFilesAndReferencesWarnAndKeepTheRest()
     {
-        const QString file = write("bad.txt", "@GOOD: 1;\nGARBAGE LINE\n@: 2;\n@ALSO_GOOD: 3;\n");
+        const QString file = write("bad.txt",
+            "@GOOD: 1;\nGARBAGE LINE\n@: 2;\n@A: @B;\n@B: @A;\n@C: @NOWHERE;\n@D: @A @B;\n");
         const QString missing = m_dir.filePath(QStringLiteral("missing.txt"));
-        const QString warning = QStringLiteral("StyleReader : %1");
-        QTest::ignoreMessage(QtWarningMsg, qPrintable(warning.arg("cannot open file " + missing)));
-        QTest::ignoreMessage(QtWarningMsg,
-            qPrintable(warning.arg(QString("malformed line 2 in %1: GARBAGE LINE").arg(file))));
-        QTest::ignoreMessage(QtWarningMsg,
-            qPrintable(warning.arg(QString("malformed line 3 in %1: @: 2;").arg(file))));
+        for (const QString& warning : {"cannot open file " + missing,
+                 QString("malformed line 2 in %1: GARBAGE LINE").arg(file),
+                 QString("malformed line 3 in %1: @: 2;").arg(file),
+                 QString("unresolved reference @B for @A"),
+                 QString("unresolved reference @A for @B"),
+                 QString("unresolved reference @NOWHERE for @C")})
+            QTest::ignoreMessage(QtWarningMsg, qPrintable("StyleReader : " + warning));
+        // Bad references keep their text; "@A @B" is not exactly one reference but plain text.
         QCOMPARE(StyleReader().convertFilesToStyleMap({missing, file}),
-            (StyleMap {{"@GOOD", "1"}, {"@ALSO_GOOD", "3"}}));
-    }
-
-    void badReferencesKeepTheirText()
-    {
-        const QString file = write("refs.txt", "@A: @B;\n@B: @A;\n@C: @NOWHERE;\n@D: @A @B;\n");
-        QTest::ignoreMessage(QtWarningMsg, "StyleReader : unresolved reference @B for @A");
-        QTest::ignoreMessage(QtWarningMsg, "StyleReader : unresolved reference @A for @B");
-        QTest::ignoreMessage(QtWarningMsg, "StyleReader : unresolved reference @NOWHERE for @C");
-        // "@A @B" is not exactly one reference: plain text.
-        QCOMPARE(StyleReader().convertFilesToStyleMap({file}),
-            (StyleMap {{"@A", "@B"}, {"@B", "@A"}, {"@C", "@NOWHERE"}, {"@D", "@A @B"}}));
+            (StyleMap {
+                {"@GOOD", "1"}, {"@A", "@B"}, {"@B", "@A"}, {"@C", "@NOWHERE"}, {"@D", "@A @B"}}));
     }
 
     void paletteSections()
