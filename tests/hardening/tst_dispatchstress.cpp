@@ -162,51 +162,31 @@ void tst_DispatchStress::chaos(QObject* self)
     const QList<QPointer<QObject>>& candidates = live();
     QObject* other = candidates.isEmpty() ? nullptr : candidates.at(random(candidates.size()));
     QGraphicsItem* otherItem = dynamic_cast<QGraphicsItem*>(other);
-    switch (random(12)) {
-    case 0:
-    case 1:
+    const int action = random(12);
+    if (action < 2) {
         addItem();
-        break;
-    case 2:
-        if (otherItem && otherItem->scene())
-            scene->removeItem(otherItem);
-        break;
-    case 3:
-        if (otherItem && !otherItem->scene())
-            scene->addItem(otherItem);
-        break;
-    case 4:
-        if (otherItem)
-            otherItem->setVisible(!otherItem->isVisible());
-        break;
-    case 5:
-        if (otherItem)
-            otherItem->setEnabled(!otherItem->isEnabled());
-        break;
-    case 6:
-        if (otherItem)
-            otherItem->setZValue(random(20) - 10);
-        break;
-    case 7:
-        if (other != self)
-            delete other;
-        break;
-    case 8:
+    } else if (action == 7 && other != self) {
+        delete other;
+    } else if (action == 8) {
         // The item dies inside its own handler, while the scene is dispatching to it.
         delete self;
-        break;
-    case 9:
+    } else if (action == 9) {
         self->deleteLater();
-        break;
-    case 10:
-        if (QGraphicsItem* item = dynamic_cast<QGraphicsItem*>(self))
+    } else if (action == 10) {
+        if (auto* item = dynamic_cast<QGraphicsItem*>(self))
             item->setZValue(item->zValue() + 1);
-        break;
-    default:
-        if (otherItem && otherItem->scene()) {
+    } else if (otherItem && (action == 2 || action == 11) && otherItem->scene()) {
+        if (action == 11)
             otherItem->setVisible(false);
-            scene->removeItem(otherItem);
-        }
+        scene->removeItem(otherItem);
+    } else if (otherItem && action == 3 && !otherItem->scene()) {
+        scene->addItem(otherItem);
+    } else if (otherItem && action == 4) {
+        otherItem->setVisible(!otherItem->isVisible());
+    } else if (otherItem && action == 5) {
+        otherItem->setEnabled(!otherItem->isEnabled());
+    } else if (otherItem && action == 6) {
+        otherItem->setZValue(random(20) - 10);
     }
 }
 
