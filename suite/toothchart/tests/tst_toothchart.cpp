@@ -39,7 +39,7 @@ private Q_SLOTS:
         }
     }
 
-    void archesAndValidity()
+    void archesValidityAndWalks()
     {
         QCOMPARE(ToothChart::getTeeth(ToothChart::Upper).size(), 16);
         QCOMPARE(ToothChart::getTeeth(ToothChart::Upper).first(), T(1));
@@ -53,10 +53,6 @@ private Q_SLOTS:
         QVERIFY(ToothChart::isLowerTooth(T(17)));
         QVERIFY(!ToothChart::isLowerTooth(T(33)));
         QCOMPARE(ToothChart::getArch(T(32)), ToothChart::Lower);
-    }
-
-    void walksAcrossTheArches()
-    {
         QCOMPARE(ToothChart::getNextTooth(T(16), false), T(17));
         QCOMPARE(ToothChart::getNextTooth(T(32), false), ToothChart::NoTooth);
         QCOMPARE(ToothChart::getPreviousTooth(T(1), false), ToothChart::NoTooth);
