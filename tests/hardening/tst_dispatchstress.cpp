@@ -116,8 +116,8 @@ void tst_DispatchStress::addItem()
         object = created;
         return created;
     };
-    switch (random(4)) {
-    case 0: {
+    const int kind = random(4);
+    if (kind == 0) {
         auto* shape = adopt(new CustomGraphicsItem(name));
         QPainterPath path;
         path.addRect(rect);
@@ -127,25 +127,19 @@ void tst_DispatchStress::addItem()
             &CustomGraphicsItem::mouseReleased, &CustomGraphicsItem::mouseMoved,
             &CustomGraphicsItem::mouseHoverEnter, &CustomGraphicsItem::mouseHoverLeave,
             &CustomGraphicsItem::mouseWheelChanged);
-        break;
-    }
-    case 1: {
+    } else if (kind == 1) {
         auto* text = adopt(new CustomGraphicsTextItem());
         text->setPlainText(QStringLiteral("text %1").arg(itemsCreated));
         onSignals(text, &CustomGraphicsTextItem::leftClicked, &CustomGraphicsTextItem::rightClicked,
             &CustomGraphicsTextItem::mouseReleased, &CustomGraphicsTextItem::mouseHoverEnter);
-        break;
-    }
-    case 2: {
+    } else if (kind == 2) {
         QPixmap pixmap(rect.size().toSize());
         pixmap.fill(Qt::darkCyan);
         auto* image = adopt(new CustomGraphicsPixmapItem(name, nullptr, pixmap));
         onSignals(image, &CustomGraphicsPixmapItem::leftClicked,
             &CustomGraphicsPixmapItem::mouseReleased, &CustomGraphicsPixmapItem::mouseMoved,
             &CustomGraphicsPixmapItem::mouseHoverMove);
-        break;
-    }
-    default:
+    } else {
         adopt(new LineDragger(random(2) ? Qt::Horizontal : Qt::Vertical));
     }
     if (!dynamic_cast<CustomGraphicsItem*>(item))
