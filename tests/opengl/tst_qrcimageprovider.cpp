@@ -11,14 +11,9 @@ class tst_QrcImageProvider : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void init();
+    void init() { QTest::failOnWarning(QRegularExpression(".*")); }
     void showsResourceImagesInQml();
 };
-
-void tst_QrcImageProvider::init()
-{
-    QTest::failOnWarning(QRegularExpression(".*"));
-}
 
 void tst_QrcImageProvider::showsResourceImagesInQml()
 {
@@ -34,10 +29,9 @@ void tst_QrcImageProvider::showsResourceImagesInQml()
     view.show();
     QVERIFY(QTest::qWaitForWindowExposed(&view));
 
-    const QQuickItem* root = view.rootObject();
-    const auto* full = root->findChild<QQuickItem*>(QStringLiteral("full"));
-    const auto* scaled = root->findChild<QQuickItem*>(QStringLiteral("scaled"));
-    const auto* missing = root->findChild<QQuickItem*>(QStringLiteral("missing"));
+    const auto* full = view.rootObject()->findChild<QQuickItem*>("full");
+    const auto* scaled = view.rootObject()->findChild<QQuickItem*>("scaled");
+    const auto* missing = view.rootObject()->findChild<QQuickItem*>("missing");
     QVERIFY(full && scaled && missing);
 
     enum Status { Null, Ready, Loading, Error };
@@ -49,10 +43,8 @@ void tst_QrcImageProvider::showsResourceImagesInQml()
 
     const QImage frame = view.grabWindow().convertToFormat(QImage::Format_RGB32);
     QCOMPARE(frame.size(), QSize(120, 40) * view.devicePixelRatio());
-    const auto at = [&](int x, int y) {
-        const qreal ratio = view.devicePixelRatio();
-        return frame.pixel(int(x * ratio), int(y * ratio));
-    };
+    const auto at
+        = [&](int x, int y) { return frame.pixel(QPoint(x, y) * view.devicePixelRatio()); };
     QCOMPARE(at(5, 5), qRgb(255, 0, 0));
     QCOMPARE(at(25, 5), qRgb(0, 255, 0));
     QCOMPARE(at(5, 15), qRgb(0, 0, 255));

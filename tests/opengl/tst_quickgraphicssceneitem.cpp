@@ -27,23 +27,149 @@ class tst_QuickGraphicsSceneItem : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void initTestCase();
-    void init();
-    void cleanup();
+    void initTestCase()
+    {
+        QQuickWindow::setGraphicsApi(QSGRendererInterface::OpenGL);
+        qRegisterMetaType<QKeyEvent*>();
+        QuickGraphicsSceneItem::registerQMLType();
+        DevicePixelRatio::registerMainWindow(&mainWindowStandIn);
+    }
+    void init()
+    {
+        QTest::failOnWarning(QRegularExpression(".*"));
+        engine = std::make_unique<QQmlEngine>();
+        QQmlComponent component(engine.get());
+        component.setData(
+            "import QtQuick; import com.korvani.qmlcomponents 1.0\n"
+            "Window { width: 200; height: 200; color: 'white'\n"
+            "    QuickGraphicsSceneItem { objectName: 'host'; anchors.fill: parent } }",
+            QUrl());
+        window.reset(qobject_cast<QQuickWindow*>(component.create()));
+        QVERIFY2(window, qPrintable(component.errorString()));
+        host = window->findChild<QuickGraphicsSceneItem*>("host");
+        QVERIFY(host);
 
-    void rendersSceneThroughOpenGL();
-    void clickReachesOverlayItemAtScenePosition();
-    void hoverWheelAndKeysReachTheScene();
-    void resizeLeadsToExactlyOneFit_data();
-    void resizeLeadsToExactlyOneFit();
+        GraphicsSceneExtra* scene = host->getGraphicsScene();
+        scene->setSceneRect(0, 0, 200, 200);
+        overlay = new CustomGraphicsItem("overlay");
+        QPainterPath path;
+        path.addRect(20, 120, 40, 40);
+        overlay->setPainterPath(path);
+        overlay->setPen(Qt::NoPen);
+        overlay->setBrush(Qt::red);
+        scene->addItem(overlay);
+
+        QSignalSpy frames(window.get(), &QQuickWindow::frameSwapped);
+        window->show();
+        QVERIFY(QTest::qWaitForWindowExposed(window.get()));
+        QTRY_VERIFY(frames.count() > 0);
+    }
+    void cleanup()
+    {
+        window.reset();
+        engine.reset();
+    }
+
+    void rendersSceneThroughOpenGL()
+    {
+        QCOMPARE(window->rendererInterface()->graphicsApi(), QSGRendererInterface::OpenGL);
+        QCOMPARE(window->devicePixelRatio(), ratio);
+        QCOMPARE(DevicePixelRatio::value(), ratio);
+        // The view was sized to the framebuffer, in device pixels.
+        QCOMPARE(host->getGraphicsView()->size(), QSize(200, 200) * ratio);
+
+        const QImage image = window->grabWindow();
+        QCOMPARE(image.size(), QSize(200, 200) * ratio);
+        // Red where the item is, white elsewhere, and not mirrored upside down.
+        QCOMPARE(image.pixelColor(QPoint(40, 140) * ratio), QColor(Qt::red));
+        QCOMPARE(image.pixelColor(QPoint(40, 60) * ratio), QColor(Qt::white));
+        QCOMPARE(image.pixelColor(QPoint(140, 140) * ratio), QColor(Qt::white));
+
+        // A change in the scene repaints the item.
+        overlay->setBrush(Qt::blue);
+        QTRY_COMPARE(window->grabWindow().pixelColor(QPoint(40, 140) * ratio), QColor(Qt::blue));
+    }
+    void inputReachesTheSceneAtDevicePixels()
+    {
+        QPointF clickedAt;
+        connect(overlay, &CustomGraphicsItem::leftClicked, this,
+            [&](QGraphicsSceneMouseEvent* event) { clickedAt = event->scenePos(); });
+        QSignalSpy moved(host, &QuickGraphicsSceneItem::mouseMoved);
+
+        QTest::mouseClick(window.get(), Qt::LeftButton, Qt::NoModifier, QPoint(40, 140));
+        QTRY_VERIFY(!clickedAt.isNull());
+        // The press reached the view at the device-pixel position of the click.
+        QCOMPARE(
+            clickedAt, host->getGraphicsView()->mapToScene((QPointF(40, 140) * ratio).toPoint()));
+        // And the fit maps the window onto the scene almost one to one (a margin of two pixels).
+        QVERIFY(qAbs(clickedAt.x() - 40) < 3 && qAbs(clickedAt.y() - 140) < 3);
+
+        clickedAt = QPointF();
+        QTest::mouseClick(window.get(), Qt::LeftButton, Qt::NoModifier, QPoint(40, 60));
+        QTest::qWait(50);
+        QVERIFY(clickedAt.isNull());
+
+        QTest::mousePress(window.get(), Qt::LeftButton, Qt::NoModifier, QPoint(100, 100));
+        QTest::mouseMove(window.get(), QPoint(110, 100));
+        QTRY_VERIFY(moved.count() > 0);
+        QTest::mouseRelease(window.get(), Qt::LeftButton, Qt::NoModifier, QPoint(110, 100));
+
+        QSignalSpy entered(overlay, &CustomGraphicsItem::mouseHoverEnter);
+        QTest::mouseMove(window.get(), QPoint(150, 20));
+        QTest::mouseMove(window.get(), QPoint(40, 140));
+        QTRY_COMPARE(entered.count(), 1);
+
+        QSignalSpy wheeled(overlay, &CustomGraphicsItem::mouseWheelChanged);
+        QSignalSpy scrolled(host->getGraphicsScene(), &GraphicsSceneExtra::mouseScrolled);
+        const QPointF at(40, 140);
+        QWheelEvent turn(at, window->mapToGlobal(at), QPoint(), QPoint(0, 120), Qt::NoButton,
+            Qt::NoModifier, Qt::NoScrollPhase, false);
+        QCoreApplication::sendEvent(window.get(), &turn);
+        QCOMPARE(scrolled.count(), 1);
+        QCOMPARE(scrolled.at(0).at(1).toInt(), 120);
+        QCOMPARE(scrolled.at(0).at(2).value<Qt::Orientation>(), Qt::Vertical);
+        QCOMPARE(scrolled.at(0).at(0).toPointF(),
+            host->getGraphicsView()->mapToScene((at * ratio).toPoint()));
+        QVERIFY(wheeled.count() >= 1);
+
+        QSignalSpy keys(host->getGraphicsView(), &GraphicsViewExtraInterface::keyPressed);
+        host->forceActiveFocus();
+        QTest::keyClick(window.get(), Qt::Key_A);
+        QCOMPARE(keys.count(), 1);
+    }
+    void resizeLeadsToExactlyOneFit_data()
+    {
+        QTest::addColumn<bool>("interactive");
+        QTest::newRow("interactive") << true;
+        QTest::newRow("not interactive") << false;
+    }
+    void resizeLeadsToExactlyOneFit()
+    {
+        QFETCH(bool, interactive);
+        // No hover noise: only the fit may notify.
+        host->setAcceptHoverEvents(false);
+        GraphicsViewExtraInterface* view = host->getGraphicsView();
+        view->setInteractive(interactive);
+        QSignalSpy late(host, &QuickGraphicsSceneItem::lateUpdate);
+        QSignalSpy fits(view, &GraphicsViewExtraInterface::sceneChanged);
+        QSignalSpy frames(window.get(), &QQuickWindow::frameSwapped);
+
+        window->resize(320, 260);
+        QTRY_COMPARE(fits.count(), 1);
+        QTRY_VERIFY(frames.count() > 0);
+        QTest::qWait(100);
+        QCOMPARE(late.count(), 1);
+        QCOMPARE(fits.count(), 1);
+        QCOMPARE(view->isInteractive(), interactive);
+        // The framebuffer and the view follow the new size; the scene fits its height.
+        QTRY_COMPARE(view->size(), QSize(320, 260) * ratio);
+        const QImage image = window->grabWindow();
+        QCOMPARE(image.size(), QSize(320, 260) * ratio);
+        QCOMPARE(image.pixelColor(view->mapFromScene(QPointF(40, 140))), QColor(Qt::red));
+    }
 
 private:
-    double expectedRatio() const
-    {
-        return qEnvironmentVariableIsSet("QT_SCALE_FACTOR")
-            ? qEnvironmentVariable("QT_SCALE_FACTOR").toDouble()
-            : 1.0;
-    }
+    const double ratio = qEnvironmentVariable("QT_SCALE_FACTOR", "1").toDouble();
 
     // DevicePixelRatio follows the application's main window; a hidden stand-in reports the
     // screen's ratio.
@@ -53,166 +179,6 @@ private:
     QuickGraphicsSceneItem* host = nullptr;
     CustomGraphicsItem* overlay = nullptr;
 };
-
-void tst_QuickGraphicsSceneItem::initTestCase()
-{
-    QQuickWindow::setGraphicsApi(QSGRendererInterface::OpenGL);
-    qRegisterMetaType<QGraphicsSceneMouseEvent*>();
-    qRegisterMetaType<QGraphicsSceneWheelEvent*>();
-    qRegisterMetaType<QGraphicsSceneHoverEvent*>();
-    qRegisterMetaType<QKeyEvent*>();
-    QuickGraphicsSceneItem::registerQMLType();
-    DevicePixelRatio::registerMainWindow(&mainWindowStandIn);
-}
-
-void tst_QuickGraphicsSceneItem::init()
-{
-    QTest::failOnWarning(QRegularExpression(".*"));
-    engine = std::make_unique<QQmlEngine>();
-    QQmlComponent component(engine.get());
-    component.setData(R"(
-        import QtQuick
-        import com.korvani.qmlcomponents 1.0
-        Window {
-            width: 200; height: 200; color: "white"
-            QuickGraphicsSceneItem { objectName: "host"; anchors.fill: parent }
-        })",
-        QUrl());
-    window.reset(qobject_cast<QQuickWindow*>(component.create()));
-    QVERIFY2(window, qPrintable(component.errorString()));
-    host = window->findChild<QuickGraphicsSceneItem*>("host");
-    QVERIFY(host);
-
-    GraphicsSceneExtra* scene = host->getGraphicsScene();
-    scene->setSceneRect(0, 0, 200, 200);
-    overlay = new CustomGraphicsItem("overlay");
-    QPainterPath path;
-    path.addRect(20, 120, 40, 40);
-    overlay->setPainterPath(path);
-    overlay->setPen(Qt::NoPen);
-    overlay->setBrush(Qt::red);
-    scene->addItem(overlay);
-
-    QSignalSpy frames(window.get(), &QQuickWindow::frameSwapped);
-    window->show();
-    QVERIFY(QTest::qWaitForWindowExposed(window.get()));
-    QTRY_VERIFY(frames.count() > 0);
-}
-
-void tst_QuickGraphicsSceneItem::cleanup()
-{
-    window.reset();
-    engine.reset();
-    host = nullptr;
-    overlay = nullptr;
-}
-
-void tst_QuickGraphicsSceneItem::rendersSceneThroughOpenGL()
-{
-    QCOMPARE(window->rendererInterface()->graphicsApi(), QSGRendererInterface::OpenGL);
-    QCOMPARE(window->devicePixelRatio(), expectedRatio());
-    QCOMPARE(DevicePixelRatio::value(), expectedRatio());
-    // The view was sized to the framebuffer, in device pixels.
-    QCOMPARE(host->getGraphicsView()->size(), QSize(200, 200) * expectedRatio());
-
-    const QImage image = window->grabWindow();
-    const double ratio = expectedRatio();
-    QCOMPARE(image.size(), QSize(200, 200) * ratio);
-    // Red where the item is, white elsewhere, and not mirrored upside down.
-    QCOMPARE(image.pixelColor(QPoint(40, 140) * ratio), QColor(Qt::red));
-    QCOMPARE(image.pixelColor(QPoint(40, 60) * ratio), QColor(Qt::white));
-    QCOMPARE(image.pixelColor(QPoint(140, 140) * ratio), QColor(Qt::white));
-
-    // A change in the scene repaints the item.
-    overlay->setBrush(Qt::blue);
-    QTRY_COMPARE(window->grabWindow().pixelColor(QPoint(40, 140) * ratio), QColor(Qt::blue));
-}
-
-void tst_QuickGraphicsSceneItem::clickReachesOverlayItemAtScenePosition()
-{
-    QPointF clickedAt;
-    connect(overlay, &CustomGraphicsItem::leftClicked, this,
-        [&](QGraphicsSceneMouseEvent* event) { clickedAt = event->scenePos(); });
-    QSignalSpy moved(host, &QuickGraphicsSceneItem::mouseMoved);
-
-    QTest::mouseClick(window.get(), Qt::LeftButton, Qt::NoModifier, QPoint(40, 140));
-    QTRY_VERIFY(!clickedAt.isNull());
-    // The press reached the view at the device-pixel position of the click.
-    const QPoint devicePos = (QPointF(40, 140) * expectedRatio()).toPoint();
-    QCOMPARE(clickedAt, host->getGraphicsView()->mapToScene(devicePos));
-    // And the fit maps the window onto the scene almost one to one (a margin of two pixels).
-    QVERIFY2(qAbs(clickedAt.x() - 40) < 3 && qAbs(clickedAt.y() - 140) < 3,
-        qPrintable(QString("%1,%2").arg(clickedAt.x()).arg(clickedAt.y())));
-
-    clickedAt = QPointF();
-    QTest::mouseClick(window.get(), Qt::LeftButton, Qt::NoModifier, QPoint(40, 60));
-    QTest::qWait(50);
-    QVERIFY(clickedAt.isNull());
-
-    QTest::mousePress(window.get(), Qt::LeftButton, Qt::NoModifier, QPoint(100, 100));
-    QTest::mouseMove(window.get(), QPoint(110, 100));
-    QTRY_VERIFY(moved.count() > 0);
-    QTest::mouseRelease(window.get(), Qt::LeftButton, Qt::NoModifier, QPoint(110, 100));
-}
-
-void tst_QuickGraphicsSceneItem::hoverWheelAndKeysReachTheScene()
-{
-    QSignalSpy entered(overlay, &CustomGraphicsItem::mouseHoverEnter);
-    QTest::mouseMove(window.get(), QPoint(150, 20));
-    QTest::mouseMove(window.get(), QPoint(40, 140));
-    QTRY_COMPARE(entered.count(), 1);
-
-    QSignalSpy wheeled(overlay, &CustomGraphicsItem::mouseWheelChanged);
-    QSignalSpy scrolled(host->getGraphicsScene(), &GraphicsSceneExtra::mouseScrolled);
-    const QPointF at(40, 140);
-    QWheelEvent turn(at, window->mapToGlobal(at), QPoint(), QPoint(0, 120), Qt::NoButton,
-        Qt::NoModifier, Qt::NoScrollPhase, false);
-    QCoreApplication::sendEvent(window.get(), &turn);
-    QCOMPARE(scrolled.count(), 1);
-    QCOMPARE(scrolled.at(0).at(1).toInt(), 120);
-    QCOMPARE(scrolled.at(0).at(2).value<Qt::Orientation>(), Qt::Vertical);
-    QCOMPARE(scrolled.at(0).at(0).toPointF(),
-        host->getGraphicsView()->mapToScene((at * expectedRatio()).toPoint()));
-    QVERIFY(wheeled.count() >= 1);
-
-    QSignalSpy keys(host->getGraphicsView(), &GraphicsViewExtraInterface::keyPressed);
-    host->forceActiveFocus();
-    QTest::keyClick(window.get(), Qt::Key_A);
-    QCOMPARE(keys.count(), 1);
-}
-
-void tst_QuickGraphicsSceneItem::resizeLeadsToExactlyOneFit_data()
-{
-    QTest::addColumn<bool>("interactive");
-    QTest::newRow("interactive") << true;
-    QTest::newRow("not interactive") << false;
-}
-
-void tst_QuickGraphicsSceneItem::resizeLeadsToExactlyOneFit()
-{
-    QFETCH(bool, interactive);
-    // No hover noise: only the fit may notify.
-    host->setAcceptHoverEvents(false);
-    GraphicsViewExtraInterface* view = host->getGraphicsView();
-    view->setInteractive(interactive);
-    QSignalSpy late(host, &QuickGraphicsSceneItem::lateUpdate);
-    QSignalSpy fits(view, &GraphicsViewExtraInterface::sceneChanged);
-    QSignalSpy frames(window.get(), &QQuickWindow::frameSwapped);
-
-    window->resize(320, 260);
-    QTRY_COMPARE(fits.count(), 1);
-    QTRY_VERIFY(frames.count() > 0);
-    QTest::qWait(100);
-    QCOMPARE(late.count(), 1);
-    QCOMPARE(fits.count(), 1);
-    QCOMPARE(view->isInteractive(), interactive);
-    // The framebuffer and the view follow the new size; the scene fits its height.
-    QTRY_COMPARE(view->size(), QSize(320, 260) * expectedRatio());
-    const QImage image = window->grabWindow();
-    QCOMPARE(image.size(), QSize(320, 260) * expectedRatio());
-    const QPoint itemCentre = view->mapFromScene(QPointF(40, 140));
-    QCOMPARE(image.pixelColor(itemCentre), QColor(Qt::red));
-}
 
 QTEST_MAIN(tst_QuickGraphicsSceneItem)
 #include "tst_quickgraphicssceneitem.moc"
