@@ -354,7 +354,7 @@ private:
 
     QStringList m_log;
     std::unique_ptr<Fixture> f;
-    QHash<const View*, int> m_rank;
+    QList<View*> m_order;
     RecordingView *m_a, *m_b, *m_m1, *m_m2, *m_d;
     MultiView* m_m;
 };
@@ -363,38 +363,28 @@ void tst_SwitchingViews::init()
 {
     QTest::failOnWarning(QRegularExpression(".*"));
     m_log.clear();
-    m_rank.clear();
     f = std::make_unique<Fixture>();
     f->actions.setSolutionManager(&f->solutions);
-    f->solutions.setViewsSortPredicate(
-        [this](const View* l, const View* r) { return m_rank.value(l) < m_rank.value(r); });
-
-    // The solution: A, B, M(M1, M2), D. A and B share F5, D has F6; the sub view M1 asks for F7,
-    // which a sub view never gets.
+    // The solution: A, B, M(M1, M2), D, in that order. A and B share F5, D has F6; the sub view
+    // M1 asks for F7, which a sub view never gets.
     const auto make = [this](const char* id, Qt::Key key, bool managed = true) {
-        auto view = std::make_unique<RecordingView>(QString::fromLatin1(id), m_log, managed);
+        auto* view = new RecordingView(QString::fromLatin1(id), m_log, managed);
         view->setShortCutKeySequence(QKeySequence(key));
         return view;
     };
-    const auto add = [this](View* view) {
-        m_rank.insert(view, m_rank.size());
+    m_m = new MultiView(QStringLiteral("M"));
+    m_m->addSubView(std::unique_ptr<View>(m_m1 = make("M1", Qt::Key_F7)));
+    m_m->addSubView(std::unique_ptr<View>(m_m2 = make("M2", Qt::Key(0))));
+    m_order = {m_a = make("A", Qt::Key_F5), m_b = make("B", Qt::Key_F5), m_m,
+        m_d = make("D", Qt::Key_F6, false)};
+    for (View* view : m_order) {
         f->solutions.addView(view);
         f->solution->addView(view);
-    };
-    m_m = new MultiView(QStringLiteral("M"));
-    auto m1 = make("M1", Qt::Key_F7);
-    auto m2 = make("M2", Qt::Key(0));
-    m_m1 = m1.get();
-    m_m2 = m2.get();
-    m_m->addSubView(std::move(m1));
-    m_m->addSubView(std::move(m2));
-    add(m_a = make("A", Qt::Key_F5).release());
-    add(m_b = make("B", Qt::Key_F5).release());
-    add(m_m);
-    add(m_d = make("D", Qt::Key_F6, false).release());
+    }
+    f->solutions.setViewsSortPredicate(
+        [this](const View* l, const View* r) { return m_order.indexOf(l) < m_order.indexOf(r); });
     f->solutions.addSolution(f->solution.get());
     f->solutions.setActiveSolution(f->solution->getID(), true);
-
     f->switcher.setSolutionManager(&f->solutions);
     f->switcher.setActionManager(&f->actions);
     f->switcher.setShortcutManager(&f->shortcuts);
