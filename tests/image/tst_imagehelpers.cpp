@@ -3,9 +3,8 @@
 #include <guicore/utility/image/QImageHelper.h>
 #include <guicore/utility/image/QrcImageProviderImpl.h>
 
-#include <QPixmap>
-#include <QRegularExpression>
-#include <QTest>
+#include <QtGui>
+#include <QtTest>
 
 using image2d::QImageHelper;
 

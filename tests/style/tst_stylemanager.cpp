@@ -3,16 +3,8 @@
 #include <guicore/style/StyleManager.h>
 #include <guicore/style/StyleManagerDataProvider.h>
 
-#include <QDateTime>
-#include <QFile>
-#include <QFontDatabase>
-#include <QGuiApplication>
-#include <QRegularExpression>
-#include <QScreen>
-#include <QTemporaryDir>
-#include <QTest>
-#include <QWidget>
-#include <QWindow>
+#include <QtTest>
+#include <QtWidgets>
 
 namespace {
 

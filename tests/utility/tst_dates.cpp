@@ -4,9 +4,7 @@
 #include <guicore/utility/dates/DateFormatModifiers.h>
 #include <guicore/utility/dates/DateMatcher.h>
 
-#include <QDate>
-#include <QRegularExpression>
-#include <QTest>
+#include <QtTest>
 
 class tst_Dates : public QObject
 {

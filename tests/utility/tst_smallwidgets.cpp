@@ -5,11 +5,8 @@
 #include <guicore/utility/widgets/StringOperations.h>
 #include <guicore/utility/widgets/WarningLabelProperty.h>
 
-#include <QElapsedTimer>
-#include <QKeyEvent>
-#include <QLineEdit>
-#include <QRegularExpression>
-#include <QTest>
+#include <QtTest>
+#include <QtWidgets>
 
 namespace {
 

@@ -1,7 +1,6 @@
 #include <guicore/utility/dental/ToothNameGenerator.h>
 
-#include <QRegularExpression>
-#include <QTest>
+#include <QtTest>
 
 using G = ToothNameGenerator;
 using Tooth = ToothChart::Tooth;
