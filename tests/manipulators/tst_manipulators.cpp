@@ -535,20 +535,6 @@ private Q_SLOTS:
         QCOMPARE(item->getTranslationCursor().shape(), shape);
         QCOMPARE(item->getCursor(false).shape(), shape);
     }
-    void rotateCursorIsLoadedOnce()
-    {
-        LineItem first;
-        LineItem second;
-        const QCursor a = first.getCursor(true);
-        // Anyone who loaded the file again would now get a new pixmap.
-        QPixmapCache::clear();
-        const QCursor b = second.getCursor(true);
-        QCOMPARE(a.shape(), Qt::BitmapCursor);
-        QVERIFY(!a.pixmap().isNull());
-        QCOMPARE(a.pixmap().cacheKey(), b.pixmap().cacheKey());
-        // A hot spot of (-1, -1) puts it in the middle of the pixmap.
-        QCOMPARE(a.hotSpot(), QPoint(a.pixmap().width() / 2, a.pixmap().height() / 2));
-    }
     void overrideCursorsArePaired()
     {
         LineItem* item = addLine(150);
@@ -576,34 +562,20 @@ private Q_SLOTS:
                 sendToItem(item, step.type, step.pos);
             QCOMPARE(cursorStack(), step.cursors);
         }
+
+        // The rotate cursor's pixmap is loaded once for all lines.
+        LineItem other;
+        const QCursor a = item->getCursor(true);
+        // Anyone who loaded the file again would now get a new pixmap.
+        QPixmapCache::clear();
+        const QCursor b = other.getCursor(true);
+        QCOMPARE(a.shape(), Qt::BitmapCursor);
+        QVERIFY(!a.pixmap().isNull());
+        QCOMPARE(a.pixmap().cacheKey(), b.pixmap().cacheKey());
+        // A hot spot of (-1, -1) puts it in the middle of the pixmap.
+        QCOMPARE(a.hotSpot(), QPoint(a.pixmap().width() / 2, a.pixmap().height() / 2));
     }
     void groupConstruction()
-    {
-        Group* group = addGroup();
-        const auto [horizontal, vertical] = horizontalAndVerticalOf(group);
-        QVERIFY(horizontal && vertical);
-        checkCrossing(child<CenterDragger>(group), horizontal, vertical, QPointF(150, 50));
-
-        group->setHorizontalColor(Qt::blue);
-        QCOMPARE(horizontal->pen().color(), QColor(Qt::blue));
-        QCOMPARE(horizontal->pen().widthF(), 1.0);
-        QVERIFY(horizontal->pen().isCosmetic());
-
-        // Extra lines join the group with the same pick width but no connection to its signals.
-        LineItem* extra = group->addLineManipulator(Qt::yellow);
-        QCOMPARE(extra->parentItem(), group);
-        QCOMPARE(extra->pen().color(), QColor(Qt::yellow));
-        QCOMPARE(child<InvisibleLineDragger>(extra)->pen().width(), 2);
-        record(group, &Group::horizontalLineRotated, "horizontal");
-        record(group, &Group::verticalLineRotated, "vertical");
-        record(extra, &LineItem::lineRotated, "extra");
-        extra->setViewportRectangle(viewport);
-        extra->setLine(QPointF(150, 50), QVector2D(1, 0));
-        extra->emitLineRotated(QLineF(0, 0, 10, 0));
-        extra->emitLineRotated(QLineF(0, 0, 0, 10));
-        QCOMPARE(m_log, QStringList({"extra 270.0"}));
-    }
-    void groupCenterFollowsTheLinesSilently()
     {
         auto* group = new Group();
         m_scene->addItem(group);
@@ -625,6 +597,31 @@ private Q_SLOTS:
         group->setHorizontalLine(QPointF(40, 60), QVector2D(2, -1));
         QVERIFY(centerNear(QPointF(70, 45)));
         QCOMPARE(m_log, QStringList());
+
+        group->setHorizontalLine(QPointF(150, 50), QVector2D(1, 0));
+        group->setVerticalLine(QPointF(150, 50), QVector2D(0, 1));
+        const auto [horizontal, vertical] = horizontalAndVerticalOf(group);
+        QVERIFY(horizontal && vertical);
+        checkCrossing(center, horizontal, vertical, QPointF(150, 50));
+
+        group->setHorizontalColor(Qt::blue);
+        QCOMPARE(horizontal->pen().color(), QColor(Qt::blue));
+        QCOMPARE(horizontal->pen().widthF(), 1.0);
+        QVERIFY(horizontal->pen().isCosmetic());
+
+        // Extra lines join the group with the same pick width but no connection to its signals.
+        LineItem* extra = group->addLineManipulator(Qt::yellow);
+        QCOMPARE(extra->parentItem(), group);
+        QCOMPARE(extra->pen().color(), QColor(Qt::yellow));
+        QCOMPARE(child<InvisibleLineDragger>(extra)->pen().width(), 2);
+        record(group, &Group::horizontalLineRotated, "horizontal rotated");
+        record(group, &Group::verticalLineRotated, "vertical rotated");
+        record(extra, &LineItem::lineRotated, "extra");
+        extra->setViewportRectangle(viewport);
+        extra->setLine(QPointF(150, 50), QVector2D(1, 0));
+        extra->emitLineRotated(QLineF(0, 0, 10, 0));
+        extra->emitLineRotated(QLineF(0, 0, 0, 10));
+        QCOMPARE(m_log, QStringList({"extra 270.0"}));
     }
     void groupSignals()
     {
