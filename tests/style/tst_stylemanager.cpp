@@ -11,9 +11,8 @@ namespace {
 using StyleMap = QHash<QString, QString>;
 
 // Exposes the protected setters so that each test states its own style data.
-class TestStyleManager : public StyleManager
+struct TestStyleManager : StyleManager
 {
-public:
     using StyleManager::getDateTimeFormats;
     using StyleManager::setColorPalette;
     using StyleManager::setDateTimeFormats;
@@ -22,15 +21,12 @@ public:
 };
 
 // Replaces the virtual hooks, as a derived manager may: the public getters must go through them.
-class OverridingStyleManager : public StyleManager
+struct OverridingStyleManager : StyleManager
 {
-public:
     QString getDateFormat(const QString& id) const override
     {
         return id == TIME_FORMAT ? "mm" : "";
     }
-
-private:
     QString doGetFontFamily(const QString& id) const override { return '"' + id + '"'; }
     int getIntegerFontProperty(const QString& id) const override { return int(id.size()); }
 };
@@ -58,9 +54,8 @@ void expectWarning(const QString& text)
 QStringList calls;
 
 // Records into one list shared by all listeners, so that the order of calls can be compared.
-class RecordingListener : public DevicePixelRatio::Listener
+struct RecordingListener : DevicePixelRatio::Listener
 {
-public:
     explicit RecordingListener(QString name)
         : name(std::move(name))
     {
@@ -68,9 +63,7 @@ public:
     }
     ~RecordingListener() override { DevicePixelRatio::unregisterListener(this); }
     void devicePixelRatioChanged() override { calls.append(name); }
-
-private:
-    QString name;
+    const QString name;
 };
 
 // The offscreen platform has a single screen: tell the window it changed, as Qt does when the
