@@ -120,31 +120,28 @@ private Q_SLOTS:
         const auto vertical = Qt::Vertical;
         const auto horizontal = Qt::Horizontal;
         // The default rectangle ends at 0 on the right and at the bottom.
-        row("default vertical 50 -> 0", vertical, {}, 0.0f, true, {50, 30}, {0, 0});
-        row("default horizontal 50 -> 0", horizontal, {}, 0.0f, true, {30, 50}, {0, 0});
-        row("default vertical inside", vertical, {}, 0.0f, true, {-250.5, 7}, {-250.5, 0});
+        row("default vertical 50 -> 0", vertical, {}, 0, true, {50, 30}, {0, 0});
+        row("default horizontal 50 -> 0", horizontal, {}, 0, true, {30, 50}, {0, 0});
+        row("default vertical inside", vertical, {}, 0, true, {-250.5, 7}, {-250.5, 0});
 
-        row("vertical floors 27 -> 20", vertical, testBounds, 10.0f, false, {27, 0}, {20, 0});
-        row("vertical floors -27 -> -30", vertical, testBounds, 10.0f, false, {-27, 0}, {-30, 0});
-        row("horizontal truncates -27", horizontal, testBounds, 10.0f, false, {0, -27}, {0, -20});
-        row("horizontal truncates 27", horizontal, testBounds, 10.0f, false, {0, 27}, {0, 20});
-        row("vertical half offset 27 -> 25", vertical, testBounds, 10.0f, true, {27, 0}, {25, 0});
-        row("horizontal half offset 27", horizontal, testBounds, 10.0f, true, {0, 27}, {0, 25});
+        row("vertical floors 27 -> 20", vertical, testBounds, 10, false, {27, 0}, {20, 0});
+        row("vertical floors -27 -> -30", vertical, testBounds, 10, false, {-27, 0}, {-30, 0});
+        row("horizontal truncates -27", horizontal, testBounds, 10, false, {0, -27}, {0, -20});
+        row("horizontal truncates 27", horizontal, testBounds, 10, false, {0, 27}, {0, 20});
+        row("vertical half offset 27 -> 25", vertical, testBounds, 10, true, {27, 0}, {25, 0});
+        row("horizontal half offset 27", horizontal, testBounds, 10, true, {0, 27}, {0, 25});
 
         // Clamping to the left and top edges.
-        row("vertical left edge", vertical, testBounds, 0.0f, false, {-150, 0}, {-100, 0});
-        row("horizontal top edge", horizontal, testBounds, 0.0f, false, {0, -150}, {0, -100});
+        row("vertical left edge", vertical, testBounds, 0, false, {-150, 0}, {-100, 0});
+        row("horizontal top edge", horizontal, testBounds, 0, false, {0, -150}, {0, -100});
         // Without half offset the vertical line reaches the right edge, while the horizontal line
         // always stays a whole tick above the bottom edge.
-        row("vertical right edge", vertical, testBounds, 10.0f, false, {150, 0}, {100, 0});
-        row("horizontal bottom edge less a tick", horizontal, testBounds, 10.0f, false, {0, 150},
-            {0, 90});
+        row("vertical right edge", vertical, testBounds, 10, false, {150, 0}, {100, 0});
+        row("horizontal bottom less a tick", horizontal, testBounds, 10, false, {0, 150}, {0, 90});
         // With half offset the rectangle grows by half a tick: right edge 110, less a tick, then
         // snapped to the middle of the tick.
-        row("vertical right edge half offset", vertical, testBounds, 10.0f, true, {150, 0},
-            {105, 0});
-        row("vertical left edge half offset", vertical, testBounds, 10.0f, true, {-150, 0},
-            {-95, 0});
+        row("vertical right half offset", vertical, testBounds, 10, true, {150, 0}, {105, 0});
+        row("vertical left half offset", vertical, testBounds, 10, true, {-150, 0}, {-95, 0});
 
         // Snapping in single precision: 0.1 is not exact, the product is rounded as a float.
         row("single precision snap", vertical, testBounds, 0.1f, false, {0.35, 0}, {3 * 0.1f, 0});
