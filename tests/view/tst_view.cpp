@@ -131,26 +131,6 @@ private Q_SLOTS:
         QCOMPARE(written.flag, true);
     }
 
-    void subViewsKeepInsertionOrder()
-    {
-        auto [multi, a, b] = makeMultiView();
-        multi->addSubView(nullptr);
-        QCOMPARE(multi->getSubViews(), (std::vector<View*> {a, b}));
-        QCOMPARE(multi->getActiveSubView(), a);
-        QCOMPARE(multi->getActiveSubViewID(), QStringLiteral("A"));
-        QCOMPARE(multi->getSubViewByID(QStringLiteral("B")), b);
-        QCOMPARE(multi->getSubViewByID(QStringLiteral("b")), nullptr);
-
-        auto* stacked = qobject_cast<QStackedWidget*>(multi->getWidget());
-        QVERIFY(stacked);
-        QCOMPARE(stacked->objectName(), QStringLiteral("M"));
-        QCOMPARE(stacked->count(), 2);
-        QCOMPARE(stacked->widget(0), a->getWidget());
-        QCOMPARE(stacked->widget(1), b->getWidget());
-        QCOMPARE(stacked->currentWidget(), a->getWidget());
-        QCOMPARE(multi->getActiveWidget(), a->getWidget());
-    }
-
     void multiViewForwardsToActiveSubView()
     {
         // Empty, it is neutral; its own manager is never consulted.
@@ -165,8 +145,20 @@ private Q_SLOTS:
         QVERIFY(m_log.isEmpty());
         QCOMPARE(viewIdOfNode(empty), QStringLiteral("E"));
 
+        // Sub views keep their order; the first one added is active and its page in front.
         auto [multi, a, b] = makeMultiView();
-        auto* stacked = static_cast<QStackedWidget*>(multi->getWidget());
+        multi->addSubView(nullptr);
+        QCOMPARE(multi->getSubViews(), (std::vector<View*> {a, b}));
+        QCOMPARE(multi->getActiveSubViewID(), QStringLiteral("A"));
+        QCOMPARE(multi->getSubViewByID(QStringLiteral("B")), b);
+        QCOMPARE(multi->getSubViewByID(QStringLiteral("b")), nullptr);
+        auto* stacked = qobject_cast<QStackedWidget*>(multi->getWidget());
+        QVERIFY(stacked);
+        QCOMPARE(stacked->objectName(), QStringLiteral("M"));
+        QCOMPARE(stacked->count(), 2);
+        QCOMPARE(stacked->widget(0), a->getWidget());
+        QCOMPARE(stacked->widget(1), b->getWidget());
+        QCOMPARE(multi->getActiveWidget(), a->getWidget());
         QCOMPARE(multi->getViewManager(), a->getViewManager());
         // An empty id, the active sub view and an unknown one change nothing.
         multi->switchToSubView(QString());
@@ -251,19 +243,17 @@ private Q_SLOTS:
         QCOMPARE(ids(), "");
         taken.reset();
         QCOMPARE(m_log, (QStringList {"pano gone", "apex gone", "pano gone", "chart gone"}));
-    }
 
-    void solutionFindsItsViewsById()
-    {
+        // A solution only refers to its views.
         RecordingView pano(QStringLiteral("pano"), m_log);
-        RecordingView chart(QStringLiteral("chart"), m_log);
+        RecordingView lateral(QStringLiteral("lateral"), m_log);
         Solution solution(QStringLiteral("dental"), QStringLiteral("Dental"));
         solution.addView(&pano);
-        solution.addView(&chart);
-        QCOMPARE(solution.getViewById(QStringLiteral("chart")), &chart);
+        solution.addView(&lateral);
+        QCOMPARE(solution.getViewById(QStringLiteral("lateral")), &lateral);
         QCOMPARE(solution.getViewById(QStringLiteral("none")), nullptr);
-        solution.removeView(&chart);
-        QCOMPARE(solution.getViewById(QStringLiteral("chart")), nullptr);
+        solution.removeView(&lateral);
+        QCOMPARE(solution.getViewById(QStringLiteral("lateral")), nullptr);
     }
 
     void viewerMatrixPlacesViewers()
