@@ -21,7 +21,6 @@
 #include <settings/SettingsManager.h>
 
 #include <QClipboard>
-#include <QGraphicsSceneContextMenuEvent>
 #include <QGraphicsView>
 #include <QPointer>
 #include <QSignalSpy>
@@ -31,7 +30,6 @@
 #include <QTextCursor>
 #include <QWindow>
 
-#include <cmath>
 #include <memory>
 #include <tuple>
 
@@ -172,11 +170,9 @@ QStringList loopKeys(const QList<QPolygonF>& loops)
     QStringList keys;
     for (const QPolygonF& loop : loops) {
         QStringList corners;
-        const bool closed = loop.size() > 1 && loop.first() == loop.last();
-        for (qsizetype i = 0; i < loop.size() - (closed ? 1 : 0); ++i)
-            corners << QStringLiteral("%1,%2")
-                           .arg(std::round(loop[i].x() * 1e3) / 1e3)
-                           .arg(std::round(loop[i].y() * 1e3) / 1e3);
+        for (const QPointF& p : loop)
+            corners << QString::asprintf("%.3f,%.3f", p.x(), p.y());
+        corners.removeDuplicates();
         corners.sort();
         keys << corners.join(QLatin1Char(' '));
     }
