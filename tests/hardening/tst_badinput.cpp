@@ -41,8 +41,8 @@ QByteArray viewer3D(const QByteArray& properties)
 QImage filled(int width, int height, QImage::Format format, QColor color)
 {
     QImage image(width, height, format);
-    // One-bit and indexed images fill by index; give them a table in which index 0 is the colour.
-    if (image.depth() == 1 || format == QImage::Format_Indexed8) {
+    // One-bit images fill by index; give them a table in which index 0 is the colour.
+    if (image.depth() == 1) {
         image.setColorTable({color.rgba(), qRgb(128, 128, 128)});
         image.fill(0u);
     } else {
@@ -198,24 +198,15 @@ void tst_BadInput::neutralResult_data()
     // Images of no size and of unusual formats.
     const QString invalid = "ImageComparator : invalid input images!";
     const QImage white = filled(8, 8, QImage::Format_RGB32, Qt::white);
-    row("comparing null images and images of size 0", {invalid, invalid}, [=] {
-        return ImageComparator::compareImages(QImage(), QImage(), 0.1f) == -1.0f
-            && ImageComparator::compareImages(QImage(0, 0, QImage::Format_ARGB32), white, 0.1f)
-            == -1.0f;
-    });
-    row("comparing odd formats", {}, [=] {
-        for (QImage::Format format : {QImage::Format_Mono, QImage::Format_MonoLSB,
-                 QImage::Format_Grayscale8, QImage::Format_Grayscale16, QImage::Format_RGB16,
-                 QImage::Format_BGR888, QImage::Format_RGBA64_Premultiplied,
-                 QImage::Format_RGBX32FPx4, QImage::Format_A2BGR30_Premultiplied}) {
-            if (ImageComparator::compareImages(filled(8, 8, format, Qt::white), white, 0.0f)
-                != 100.0f)
-                return false;
-        }
-        QImage indexed(8, 8, QImage::Format_Indexed8); // without a colour table
-        indexed.fill(0);
-        return ImageComparator::compareImages(indexed, indexed, 0.0f) == 100.0f;
-    });
+    row("comparing null images, images of size 0 and indexed images without colours",
+        {invalid, invalid}, [=] {
+            QImage indexed(8, 8, QImage::Format_Indexed8);
+            indexed.fill(0);
+            return ImageComparator::compareImages(QImage(), QImage(), 0.1f) == -1.0f
+                && ImageComparator::compareImages(QImage(0, 0, QImage::Format_ARGB32), white, 0.1f)
+                == -1.0f
+                && ImageComparator::compareImages(indexed, indexed, 0.0f) == 100.0f;
+        });
     row("merging null and odd images", {}, [=] {
         const QImage withNull = ImageMerger::mergeHorizontally(QImage(), white, Qt::red);
         const QImage merged
@@ -239,17 +230,6 @@ void tst_BadInput::neutralResult_data()
             && QImageHelper::getDepth(QImage()) == 0 && !QImageHelper::isTransparent(QImage())
             && QImageHelper::streamToBase64(QImage()) == "data:image/PNG;base64," && empty.isNull()
             && null.isNull();
-    });
-    row("removing alpha of odd formats", {}, [] {
-        for (QImage::Format format :
-            {QImage::Format_Alpha8, QImage::Format_ARGB4444_Premultiplied, QImage::Format_RGBA64,
-                QImage::Format_RGBA32FPx4_Premultiplied, QImage::Format_Indexed8}) {
-            QImage image = filled(5, 3, format, Qt::transparent);
-            image2d::QImageHelper::removeAlphaChannel(image, Qt::green);
-            if (image.format() != QImage::Format_RGB32 || image.pixel(4, 2) != qRgb(0, 255, 0))
-                return false;
-        }
-        return true;
     });
     row("missing resource", {}, [] {
         QSize size(-7, -7);
