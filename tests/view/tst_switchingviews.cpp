@@ -96,60 +96,45 @@ private Q_SLOTS:
     {
         // Steps name a view to switch to by id, or with "*" by pointer ("*null", "*stray": one
         // outside the solution); "start" and "stop" act on the current view. A tool runs from
-        // the end of the "from" steps on; A's viewers report 42, M1's 5.
+        // the end of the "from" steps on; A's viewers report 42, M1's 5. Logs are "|"-separated.
         QTest::addColumn<QStringList>("from");
         QTest::addColumn<QStringList>("steps");
         QTest::addColumn<QStringList>("expected");
         QTest::addColumn<QString>("state");
-        const QString stopTool = "action stopped measure";
-        QTest::newRow("in order") << QStringList {"A"} << QStringList {"B"}
-                                  << QStringList {"A.stop", stopTool, "B.read(42)",
-                                         "switchingView(B) solution at B", "B.start",
-                                         "viewChanged(B)"}
-                                  << "B/B: B";
+        const auto row = [](const char* name, const char* from, const char* steps,
+                             const QString& log, const char* state) {
+            QTest::newRow(name) << QString(from).split(' ', Qt::SkipEmptyParts)
+                                << QString(steps).split(' ') << log.split('|', Qt::SkipEmptyParts)
+                                << QString(state);
+        };
+        const QString tool = "action stopped measure|";
+        const QString toB = "switchingView(B) solution at B|B.start|viewChanged(B)";
+        const QString toM = "switchingView(M) solution at M|";
+        row("in order", "A", "B", "A.stop|" + tool + "B.read(42)|" + toB, "B/B: B");
         // Settings pass only between managed views; a multi view's are its active sub view's.
-        QTest::newRow("first view")
-            << QStringList {} << QStringList {"B"}
-            << QStringList {stopTool, "switchingView(B) solution at B", "B.start", "viewChanged(B)"}
-            << "B/B: B";
-        QTest::newRow("source without manager")
-            << QStringList {"D"} << QStringList {"B"}
-            << QStringList {stopTool, "switchingView(B) solution at B", "B.start", "viewChanged(B)"}
-            << "B/B: B";
-        QTest::newRow("target without manager")
-            << QStringList {"A"} << QStringList {"D"}
-            << QStringList {"A.stop", stopTool, "switchingView(D) solution at D", "viewChanged(D)"}
-            << "D/D: D";
-        QTest::newRow("multi view")
-            << QStringList {"A"} << QStringList {"M"}
-            << QStringList {"A.stop", stopTool, "M1.read(42)", "switchingView(M) solution at M",
-                   "M1.start", "viewChanged(M)"}
-            << "M/M1: M M1";
-        QTest::newRow("current or unknown view changes nothing")
-            << QStringList {"B"} << QStringList {"*B", "B", "b"} << QStringList {} << "B/B: B";
+        row("first view", "", "B", tool + toB, "B/B: B");
+        row("source without manager", "D", "B", tool + toB, "B/B: B");
+        row("target without manager", "A", "D",
+            "A.stop|" + tool + "switchingView(D) solution at D|viewChanged(D)", "D/D: D");
+        row("multi view", "A", "M",
+            "A.stop|" + tool + "M1.read(42)|" + toM + "M1.start|viewChanged(M)", "M/M1: M M1");
+        row("current or unknown view changes nothing", "B", "*B B b", "", "B/B: B");
         // Switching to nothing, or to a view outside the solution, stops the old view and changes
         // nothing else; it can be brought back.
-        QTest::newRow("null") << QStringList {"A"} << QStringList {"*null", "start", "stop"}
-                              << QStringList {"A.stop", "A.start", "A.stop"} << "A/A: ";
-        QTest::newRow("stray") << QStringList {"A"} << QStringList {"*stray", "start"}
-                               << QStringList {"A.stop", "A.start"} << "A/A: A";
+        row("null", "A", "*null start stop", "A.stop|A.start|A.stop", "A/A: ");
+        row("stray", "A", "*stray start", "A.stop|A.start", "A/A: A");
         // By id, the sub view is chosen inside the idle multi view before anything else happens.
-        QTest::newRow("sub view by id, idle multi view")
-            << QStringList {"A"} << QStringList {"M2"}
-            << QStringList {"viewChanged(M)", "A.stop", stopTool, "M2.read(42)",
-                   "switchingView(M) solution at M", "M2.start", "viewChanged(M)"}
-            << "M/M2: M M2";
+        row("sub view by id, idle multi view", "A", "M2",
+            "viewChanged(M)|A.stop|" + tool + "M2.read(42)|" + toM + "M2.start|viewChanged(M)",
+            "M/M2: M M2");
         // The running multi view switches its page in place; the outer switch finds it current.
-        QTest::newRow("sub view by id, current multi view")
-            << QStringList {"M"} << QStringList {"M2"}
-            << QStringList {"M1.stop", "M2.start", "viewChanged(M)"} << "M/M2: M M2";
+        row("sub view by id, current multi view", "M", "M2", "M1.stop|M2.start|viewChanged(M)",
+            "M/M2: M M2");
         // The multi view is stopped, its new page chosen, and the multi view started again; its
         // settings pass from the manager it now reports to that same manager (M1's is unread).
-        QTest::newRow("sub view by pointer, current multi view")
-            << QStringList {"M"} << QStringList {"*M2"}
-            << QStringList {"M1.stop", "viewChanged(M)", stopTool, "M2.read(0)",
-                   "switchingView(M) solution at M", "M2.start", "viewChanged(M)"}
-            << "M/M2: M M2";
+        row("sub view by pointer, current multi view", "M", "*M2",
+            "M1.stop|viewChanged(M)|" + tool + "M2.read(0)|" + toM + "M2.start|viewChanged(M)",
+            "M/M2: M M2");
     }
 
     void switchSequences()
