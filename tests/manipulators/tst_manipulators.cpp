@@ -465,30 +465,30 @@ private Q_SLOTS:
         // change, no signal.
         item->startManipulation(QPointF(290, 50));
         QVERIFY(item->isManipulating());
-        mouseMove(item, QPointF(290, 50));
-        mouseMove(item, QPointF(250, -50));
-        mouseMove(item, QPointF(10, 60));
+        send(item, QEvent::GraphicsSceneMouseMove, QPointF(290, 50));
+        send(item, QEvent::GraphicsSceneMouseMove, QPointF(250, -50));
+        send(item, QEvent::GraphicsSceneMouseMove, QPointF(10, 60));
         item->stopManipulation();
         QVERIFY(!item->isManipulating());
-        mouseMove(item, QPointF(200, 0));
+        send(item, QEvent::GraphicsSceneMouseMove, QPointF(200, 0));
 
         // On the opposite side it is measured from the mouse to the rotation point, so staying on
         // that side gives small angles and crossing over gives angles near 180.
         item->startManipulation(QPointF(10, 50));
-        mouseMove(item, QPointF(50, 150));
-        mouseMove(item, QPointF(290, 52));
+        send(item, QEvent::GraphicsSceneMouseMove, QPointF(50, 150));
+        send(item, QEvent::GraphicsSceneMouseMove, QPointF(290, 52));
         item->stopManipulation();
 
         // Translation, and nothing while manipulation is disabled.
         item->startManipulation(QPointF(200, 50));
         QVERIFY(item->isManipulating());
-        mouseMove(item, QPointF(210, 80));
+        send(item, QEvent::GraphicsSceneMouseMove, QPointF(210, 80));
         item->stopManipulation();
 
         item->disableManipulation();
         item->startManipulation(QPointF(200, 50));
         QVERIFY(!item->isManipulating());
-        mouseMove(item, QPointF(220, 90));
+        send(item, QEvent::GraphicsSceneMouseMove, QPointF(220, 90));
         item->enableManipulation();
         item->startManipulation(QPointF(290, 50));
         QVERIFY(item->isManipulating());
@@ -553,7 +553,7 @@ private Q_SLOTS:
             else if (step.type == QEvent::MouseButtonRelease)
                 item->stopManipulation();
             else
-                sendToItem(item, step.type, step.pos);
+                send(item, step.type, step.pos);
             QCOMPARE(cursorStack(), step.cursors);
         }
 
@@ -634,10 +634,10 @@ private Q_SLOTS:
         // Each line's own manipulation is forwarded as that line's.
         m_log.clear();
         horizontal->startManipulation(QPointF(290, 50));
-        mouseMove(horizontal, QPointF(250, -50));
+        send(horizontal, QEvent::GraphicsSceneMouseMove, QPointF(250, -50));
         horizontal->stopManipulation();
         vertical->startManipulation(QPointF(150, 40));
-        mouseMove(vertical, QPointF(170, 30));
+        send(vertical, QEvent::GraphicsSceneMouseMove, QPointF(170, 30));
         QCOMPARE(m_log, QStringList({"horizontal rotated 45.0", "vertical 170,30"}));
     }
     void groupHoverAndSettings()
@@ -704,7 +704,7 @@ private:
         QTest::mouseRelease(viewport, Qt::LeftButton, {}, m_view->mapFromScene(path.last()));
     }
     QGraphicsItem* itemAt(const QPointF& p) const { return m_scene->itemAt(p, QTransform()); }
-    void sendToItem(QGraphicsItem* item, QEvent::Type type, const QPointF& scenePos)
+    void send(QGraphicsItem* item, QEvent::Type type, const QPointF& scenePos)
     {
         if (type == QEvent::GraphicsSceneMouseMove) {
             QGraphicsSceneMouseEvent event(type);
@@ -716,10 +716,6 @@ private:
             event.setScenePos(scenePos);
             m_scene->sendEvent(item, &event);
         }
-    }
-    void mouseMove(QGraphicsItem* item, const QPointF& scenePos)
-    {
-        sendToItem(item, QEvent::GraphicsSceneMouseMove, scenePos);
     }
     // A cross spanning the test bounds, without half offsets, its lines through the origin.
     CrossDragger* addCross()
