@@ -3,7 +3,6 @@
 #include <guicore/graphics/scene/GraphicsViewExtraWrapper.h>
 
 #include <QEnterEvent>
-#include <QGraphicsRectItem>
 #include <QGraphicsSceneMouseEvent>
 #include <QKeyEvent>
 #include <QMouseEvent>
@@ -81,10 +80,7 @@ private Q_SLOTS:
         QCOMPARE(view->horizontalScrollBarPolicy(), Qt::ScrollBarAlwaysOff);
         QCOMPARE(view->verticalScrollBarPolicy(), Qt::ScrollBarAlwaysOff);
 
-        auto* rect = new QGraphicsRectItem(120, 20, 40, 40);
-        rect->setBrush(Qt::red);
-        rect->setPen(Qt::NoPen);
-        scene->addItem(rect);
+        scene->addRect(120, 20, 40, 40, Qt::NoPen, Qt::red);
         scene->setBackgroundBrush(Qt::white);
         view->show();
         QVERIFY(QTest::qWaitForWindowExposed(view.get()));
