@@ -107,7 +107,8 @@ void record(Action* action, QStringList* log)
     const auto note = [log](const char* what, bool on) {
         log->append(QString::fromLatin1(what) + (on ? "(true)" : "(false)"));
     };
-    QObject::connect(action, &Action::triggered, action, [=](bool on) { note("triggered", on); });
+    QObject::connect(
+        action, &Action::triggered, action, [log](bool on) { log->append(on ? "on" : "off"); });
     QObject::connect(action, &Action::handled, action, [log] { log->append("handled"); });
     QObject::connect(action, &Action::disabled, action, [=](bool on) { note("disabled", on); });
     QObject::connect(action, &Action::enabled, action, [=](bool on) { note("enabled", on); });
@@ -211,11 +212,10 @@ private Q_SLOTS:
         {
             bool checkable, explicitChoice, refuse;
             QStringList expected;
-        } cases[] = {{true, false, false, {"triggered(true)", "start a", "handled"}},
-            {true, false, true, {"triggered(true)", "refused", "handled", "triggered(false)"}},
-            {true, true, false, {"triggered(true)", "start a"}},
-            {false, false, false, {"triggered(true)", "start a"}},
-            {false, false, true, {"triggered(true)", "refused", "triggered(false)"}}};
+        } cases[] = {{true, false, false, {"on", "start a", "handled"}},
+            {true, false, true, {"on", "refused", "handled", "off"}},
+            {true, true, false, {"on", "start a"}}, {false, false, false, {"on", "start a"}},
+            {false, false, true, {"on", "refused", "off"}}};
         for (const auto& c : cases) {
             m_log.clear();
             Action* action = tool("a", c.checkable, probe(c.refuse));
@@ -262,13 +262,10 @@ private Q_SLOTS:
         QVERIFY(action->isActive() && action->isDisabled());
         action->stop();
         action->setEnabled(true);
-        QVERIFY(action->isEnabled());
         QCOMPARE(m_log,
-            (QStringList {"start a", "stop a", "triggered(false)", "triggered(true)", "start a",
-                "handled", "stop a", "triggered(false)", "disabled(true)", "enabled(false)",
-                "triggered(true)", "start a", "handled", "stop a", "triggered(false)",
-                "triggered(true)", "start a", "handled", "stop a", "triggered(false)",
-                "disabled(false)", "enabled(true)"}));
+            (QStringList {"start a", "stop a", "off", "on", "start a", "handled", "stop a", "off",
+                "disabled(true)", "enabled(false)", "on", "start a", "handled", "stop a", "off",
+                "on", "start a", "handled", "stop a", "off", "disabled(false)", "enabled(true)"}));
     }
 
     void nameTooltipAndShortcuts()
@@ -292,7 +289,6 @@ private Q_SLOTS:
         action.setTooltip(QStringLiteral("Tip"));
         QCOMPARE(action.getTooltip(), QStringLiteral("Tip") + suffix);
         action.setShortcutSequence(f5);
-        QCOMPARE(action.getShortcuts(), QList<QKeySequence> {f5});
         action.setShowShortcutInTooltip(false);
         action.setShowShortcutInTooltip(false);
         QCOMPARE(action.getTooltip(), QStringLiteral("Tip"));
@@ -351,7 +347,7 @@ private Q_SLOTS:
         Probe* handler = probe();
         Action* first = tool("first", true, handler);
         Action* second = tool("second", true, handler);
-        first->setParameter(QStringLiteral("mode"), 1);
+        first->setParameter("mode", 1);
         first->start(false);
         // A run counts as cancelled until the concrete handler completes it.
         QVERIFY(handler->isCanceled());
@@ -365,14 +361,13 @@ private Q_SLOTS:
         QVERIFY(handler->isActive() && !handler->isCanceled());
 
         // The handler works on a copy of the parameters, taken at start and again at stop.
-        QVERIFY(handler->containsParameter(QStringLiteral("mode")));
-        handler->removeParameter(QStringLiteral("mode"));
-        QVERIFY(!handler->getParameter(QStringLiteral("mode")).isValid());
+        QVERIFY(handler->containsParameter("mode"));
+        handler->removeParameter("mode");
+        QVERIFY(!handler->getParameter("mode").isValid());
         handler->clearParameters();
-        first->setParameter(QStringLiteral("result"), 42);
+        first->setParameter("result", 42);
         first->stop();
-        QCOMPARE(handler->getCurrentParameters(),
-            (QVariantMap {{QStringLiteral("mode"), 1}, {QStringLiteral("result"), 42}}));
+        QCOMPARE(handler->getCurrentParameters(), (QVariantMap {{"mode", 1}, {"result", 42}}));
         // Stopping an idle handler is a harmless no-op; the next run counts as cancelled again.
         QVERIFY(handler->stopHandler(first));
         first->start(false);
@@ -387,9 +382,9 @@ private Q_SLOTS:
         QPointer<ActionHandler> forB = new Probe(&m_log);
         {
             MultiActionHandler multi;
-            multi.addActionHandler(QStringLiteral("a"), replaced);
-            multi.addActionHandler(QStringLiteral("a"), new Probe(&m_log));
-            multi.addActionHandler(QStringLiteral("b"), forB);
+            multi.addActionHandler("a", replaced);
+            multi.addActionHandler("a", new Probe(&m_log));
+            multi.addActionHandler("b", forB);
             QVERIFY(replaced.isNull());
             for (const char* id : {"a", "b"}) {
                 tool(id, true, &multi)->start(false);
@@ -437,8 +432,7 @@ private Q_SLOTS:
         QTest::mouseMove(&widget, (at + to) / 2);
         QTest::mouseMove(&widget, to);
         QTest::mouseRelease(&widget, Qt::RightButton, {}, to);
-        QCoreApplication::processEvents();
-        QCoreApplication::processEvents();
+        QTest::qWait(20);
         QVERIFY(watched->isActive());
     }
 
@@ -505,19 +499,17 @@ private Q_SLOTS:
 
         // A stopper, and each copy of it, stops its action when it goes.
         m_log.clear();
-        Action* action = tool("tool");
-        action->start(false);
+        a->start(false);
         {
-            ActionStopper stopper(action);
+            ActionStopper stopper(a);
             ActionStopper copy(nullptr);
             copy = stopper;
-            QVERIFY(action->isActive());
+            QVERIFY(a->isActive());
         }
-        QCOMPARE(m_log, (QStringList {"started tool", "on tool", "stopped tool", "off tool"}));
+        QCOMPARE(m_log, (QStringList {"started a", "on a", "stopped a", "off a"}));
         // An action deleted before its stopper is left alone.
-        auto* gone = new Action(QStringLiteral("gone"));
-        ActionStopper late(gone);
-        delete gone;
+        ActionStopper late(b);
+        m_actions[1].reset();
     }
 
     void listFollowsMembers()
@@ -542,10 +534,9 @@ private Q_SLOTS:
         }
         QCOMPARE(enabled, (QList<bool> {false, true, false, true}));
         QCOMPARE(changed.count(), 3);
-        {
-            Action shortLived(QStringLiteral("s"));
-            list.setDefaultAction(&shortLived);
-        }
+        auto* shortLived = new Action(QStringLiteral("s"));
+        list.setDefaultAction(shortLived);
+        delete shortLived;
         QCOMPARE(list.getActions(), (QList<Action*> {&a, &b}));
         QCOMPARE(list.getDefaultAction(), nullptr);
     }
@@ -715,8 +706,7 @@ private Q_SLOTS:
         QSignalSpy stopped(m_manager.get(), &action::ActionManager::wizardActionStoppedSignal);
         m_manager->wizardActionStarted(wizard, b);
         m_manager->wizardActionStopped(wizard, b);
-        QCOMPARE(args(started, 1), QStringList {"a"});
-        QCOMPARE(args(stopped, 1), QStringList {"b"});
+        QCOMPARE(args(started, 1) + args(stopped, 1), (QStringList {"a", "b"}));
 
         // A manager without a solution manager does without.
         action::ActionManager lone;
