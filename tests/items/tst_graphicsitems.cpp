@@ -663,27 +663,6 @@ private Q_SLOTS:
 
     // Label
 
-    void labelPartsAreNamedAndPlaced()
-    {
-        CustomGraphicsLabelItem label("ruler", nullptr, 3.0, true);
-        QCOMPARE((QStringList {label.getBackground()->objectName(), label.getIcon()->objectName(),
-                     label.getTextItem()->objectName()}),
-            (QStringList {"ruler_background", "ruler_icon", "ruler_text"}));
-        QCOMPARE(label.getIcon()->parentItem(), &label);
-        QCOMPARE(label.getCustomChildItems(),
-            (QList<CustomGraphicsItem*> {label.getBackground(), label.getTextItem()}));
-        // Box, icon and text stack in that order; the box is hidden until asked for.
-        QVERIFY(label.getBackground()->zValue() < label.getIcon()->zValue());
-        QVERIFY(label.getIcon()->zValue() < label.getTextItem()->zValue());
-        const bool hiddenFirst = !label.getBackground()->isVisible();
-        label.fillBackground(true);
-        QCOMPARE(
-            (Bools {hiddenFirst, label.getBackground()->isVisible(),
-                label.getTextItem()->hasOutline(),
-                CustomGraphicsLabelItem("plain", nullptr, 0.0, false).getTextItem()->hasOutline()}),
-            (Bools {true, true, true, false}));
-    }
-
     void labelLayout()
     {
         // Text, icon size, wrapped to the text or a fixed box, the icon's size as shown.
@@ -718,10 +697,27 @@ private Q_SLOTS:
         }
     }
 
-    void labelFontFollowsStyleAndSetting()
+    void labelPartsAndFont()
     {
         setLabelFontSize(17);
-        CustomGraphicsLabelItem label("label");
+        CustomGraphicsLabelItem label("ruler", nullptr, 3.0, true);
+        QCOMPARE((QStringList {label.getBackground()->objectName(), label.getIcon()->objectName(),
+                     label.getTextItem()->objectName()}),
+            (QStringList {"ruler_background", "ruler_icon", "ruler_text"}));
+        QCOMPARE(label.getIcon()->parentItem(), &label);
+        QCOMPARE(label.getCustomChildItems(),
+            (QList<CustomGraphicsItem*> {label.getBackground(), label.getTextItem()}));
+        // Box, icon and text stack in that order; the box is hidden until asked for.
+        QVERIFY(label.getBackground()->zValue() < label.getIcon()->zValue());
+        QVERIFY(label.getIcon()->zValue() < label.getTextItem()->zValue());
+        const bool hiddenFirst = !label.getBackground()->isVisible();
+        label.fillBackground(true);
+        QCOMPARE(
+            (Bools {hiddenFirst, label.getBackground()->isVisible(),
+                label.getTextItem()->hasOutline(),
+                CustomGraphicsLabelItem("plain", nullptr, 0.0, false).getTextItem()->hasOutline()}),
+            (Bools {true, true, true, false}));
+
         const QFont font = label.getTextItem()->getFont();
         QCOMPARE(font.family(),
             StyleManager::manager().getFontFamilyForQFont("@MEASUREMENT_LABEL_FONT"));
@@ -1130,6 +1126,7 @@ private Q_SLOTS:
             // No descenders: the glyphs' box ends on the baseline.
             auto* item
                 = fixture.add<CustomGraphicsSimpleTextItem>("simple", nullptr, "HEX", centered);
+            QCOMPARE(item->getFont().pixelSize(), 1);
             QFont font;
             font.setPixelSize(40);
             item->setFont(font);
