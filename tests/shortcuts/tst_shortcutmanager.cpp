@@ -9,11 +9,6 @@
 
 #include <memory>
 
-namespace {
-const char* const noMainWidget = "ShortcutManager : cannot add an application shortcut if the "
-                                 "application main widget is not set.";
-}
-
 class tst_ShortcutManager : public QObject
 {
     Q_OBJECT
@@ -29,19 +24,19 @@ private Q_SLOTS:
         m_main = std::make_unique<QWidget>();
     }
 
-    void widgetShortcutsAreUniquePerWidgetAndKey()
+    void widgetShortcutsAreUniqueAndForgottenWhenDestroyed()
     {
         QShortcut* first = m_manager->addWidgetShortcut(m_main.get(), QKeySequence("Ctrl+S"));
         QCOMPARE(first->parent(), m_main.get());
         QCOMPARE(first->context(), Qt::WindowShortcut);
         QCOMPARE(first->key(), QKeySequence("Ctrl+S"));
         QCOMPARE(m_manager->addWidgetShortcut(m_main.get(), QKeySequence("Ctrl+S")), first);
-        QWidget other;
-        QShortcut* onOther = m_manager->addWidgetShortcut(&other, QKeySequence("Ctrl+S"));
+        auto* child = new QWidget(m_main.get());
+        QShortcut* onChild = m_manager->addWidgetShortcut(child, QKeySequence("Ctrl+S"));
         QShortcut* otherKey = m_manager->addWidgetShortcut(m_main.get(), QKeySequence("Ctrl+T"));
-        QCOMPARE(m_manager->getShortcuts(), (std::vector<QShortcut*> {first, onOther, otherKey}));
-        QCOMPARE(m_manager->findShortCutFor(&other, QKeySequence("Ctrl+S")), onOther);
-        QCOMPARE(m_manager->findShortCutFor(&other, QKeySequence("Ctrl+T")), nullptr);
+        QCOMPARE(m_manager->getShortcuts(), (std::vector<QShortcut*> {first, onChild, otherKey}));
+        QCOMPARE(m_manager->findShortCutFor(child, QKeySequence("Ctrl+S")), onChild);
+        QCOMPARE(m_manager->findShortCutFor(child, QKeySequence("Ctrl+T")), nullptr);
         QVERIFY(!m_manager->addWidgetShortcut(nullptr, QKeySequence("Ctrl+S")));
 
         // Deleting by widget and key removes that one shortcut.
@@ -49,56 +44,47 @@ private Q_SLOTS:
         m_manager->deleteWidgetShortcut(m_main.get(), QKeySequence("Ctrl+U"));
         m_manager->deleteWidgetShortcut(m_main.get(), QKeySequence("Ctrl+T"));
         QVERIFY(doomed.isNull());
-        QCOMPARE(m_manager->getShortcuts(), (std::vector<QShortcut*> {first, onOther}));
-    }
 
-    void destroyedShortcutsAreForgotten()
-    {
-        // Registered by hand, twice: the first registration is found, and every one goes with it.
+        // Registered by hand, twice: the first registration is found, and every one goes with the
+        // shortcut; so do the shortcuts of a deleted widget.
         auto* manual = new QShortcut(QKeySequence("F5"), m_main.get());
         m_manager->addShortcut(nullptr);
         m_manager->addShortcut(manual);
         m_manager->addShortcut(manual);
-        QCOMPARE(m_manager->getShortcuts().size(), size_t(2));
+        QCOMPARE(m_manager->getShortcuts().size(), size_t(4));
         QCOMPARE(m_manager->findShortCutFor(m_main.get(), QKeySequence("F5")), manual);
-        auto* child = new QWidget(m_main.get());
-        m_manager->addWidgetShortcut(child, QKeySequence("Ctrl+1"));
-        QShortcut* onMain = m_manager->addWidgetShortcut(m_main.get(), QKeySequence("Ctrl+2"));
         m_manager->addWidgetShortcut(child, QKeySequence("Ctrl+3"));
         delete manual;
         delete child;
-        QCOMPARE(m_manager->getShortcuts(), std::vector<QShortcut*> {onMain});
+        QCOMPARE(m_manager->getShortcuts(), std::vector<QShortcut*> {first});
         // Nothing dangling is touched.
         m_manager->setEnabled(false);
-        QVERIFY(!onMain->isEnabled());
+        QVERIFY(!first->isEnabled());
     }
 
-    void applicationShortcutsNeedOneLiveMainWidget()
+    void applicationShortcutsFollowTheSwitch()
     {
+        const char* noMainWidget = "ShortcutManager : cannot add an application shortcut if the "
+                                   "application main widget is not set.";
         QTest::ignoreMessage(QtDebugMsg, noMainWidget);
-        QVERIFY(!m_manager->addApplicationShortcut(QKeySequence("Ctrl+Q")));
+        QVERIFY(!m_manager->addApplicationShortcut(QKeySequence("Ctrl+K")));
         QVERIFY(m_manager->getShortcuts().empty());
-
         // A destroyed main widget is forgotten; the next one is set once.
         auto window = std::make_unique<QWidget>();
         m_manager->setMainApplicationWidget(window.get());
         window.reset();
         QTest::ignoreMessage(QtDebugMsg, noMainWidget);
-        QVERIFY(!m_manager->addApplicationShortcut(QKeySequence("Ctrl+Q")));
+        QVERIFY(!m_manager->addApplicationShortcut(QKeySequence("Ctrl+K")));
         m_manager->setMainApplicationWidget(m_main.get());
         QWidget second;
         QTest::ignoreMessage(
             QtDebugMsg, "ShortcutManager : we already have an application main widget set.");
         m_manager->setMainApplicationWidget(&second);
-        QShortcut* shortcut = m_manager->addApplicationShortcut(QKeySequence("Ctrl+Q"));
-        QCOMPARE(shortcut->parent(), m_main.get());
-        QCOMPARE(m_manager->addApplicationShortcut(QKeySequence("Ctrl+Q")), shortcut);
-    }
-
-    void enablingSwitchesShortcutsAndActions()
-    {
-        m_manager->setMainApplicationWidget(m_main.get());
         QShortcut* shortcut = m_manager->addApplicationShortcut(QKeySequence("Ctrl+K"));
+        QCOMPARE(shortcut->parent(), m_main.get());
+        QCOMPARE(m_manager->addApplicationShortcut(QKeySequence("Ctrl+K")), shortcut);
+
+        // The switch turns the shortcuts and the registered actions off and on again.
         QSignalSpy activated(shortcut, &QShortcut::activated);
         QAction action;
         m_manager->addQActionWithShortcut(nullptr);
