@@ -298,8 +298,10 @@ private Q_SLOTS:
         QCOMPARE(vertical->pos(), QPointF(20, 0));
         vertical->setDragging(true);
         drag({QPointF(20, 40), QPointF(37, 40), QPointF(-27, -40)});
-        QCOMPARE(m_log, QStringList({"vertical 30,0", "vertical -30,0"}));
-        QCOMPARE(center->pos(), QPointF(-30, -50));
+        horizontal->setDragging(true);
+        drag({QPointF(-60, -50), QPointF(-60, -23)});
+        QCOMPARE(m_log, QStringList({"vertical 30,0", "vertical -30,0", "horizontal 0,-23"}));
+        QCOMPARE(center->pos(), QPointF(-30, -23));
         vertical->setIsMoveHandledByCaller(true);
         drag({QPointF(-30, 40), QPointF(57, 40)});
         QCOMPARE(vertical->pos(), QPointF(-30, 0));
@@ -460,6 +462,7 @@ private Q_SLOTS:
         QVERIFY(item->isRotatingParallelLine(QPointF(290, 10)));
         QVERIFY(!item->isRotatingParallelLine(QPointF(10, 50)));
         QVERIFY(!item->isRotatingParallelLine(QPointF(150, -10)));
+        QVERIFY(!item->isRotatingParallelLine(QPointF(150, 110)));
 
         // On the direction side the angle is measured from the rotation point to the mouse; no
         // change, no signal.
