@@ -11,11 +11,11 @@
 //   check_dentalviewer image FILE [--measurement-pixels MIN] [--measurement-run MIN]
 //       [--label-fits DUMP NAME] [--contrast DUMP PREFIX MIN] [--selection-stronger DUMP]
 //       [--no-dragger-in DUMP NAME]
-// Every option may be given more than once. Reslices, the numbering and label positions are read
-// from the dumped ui state tree; what is drawn (labels, the chart's teeth) from the dump's
-// window-coordinate boxes, which an image check scales by the dump's device pixel ratio. A NOTE's
-// or a TEXT's "\n" stands for a line break.
-// Prints every failed expectation with what was found instead, and exits with 1 when there was one.
+// Every option but --running may be given more than once. Reslices, the numbering and label
+// positions are read from the dumped ui state tree; what is drawn (labels, the chart's teeth) from
+// the dump's window-coordinate boxes, which an image check scales by the dump's device pixel ratio.
+// A NOTE's or a TEXT's "\n" stands for a line break. Prints every failed expectation with what was
+// found instead, and exits with 1 when there was one.
 
 #include <QColor>
 #include <QCoreApplication>

@@ -43,8 +43,8 @@ private Q_SLOTS:
         using I = GraphicsViewExtraInterface;
         const auto note = [this](const char* name) { return [this, name] { log << name; }; };
         const auto at = [this](const char* name) {
-            return [this, name](
-                       QPointF p) { log << QString("%1 %2,%3").arg(name).arg(p.x()).arg(p.y()); };
+            return
+                [this, name](QPointF p) { log << name + QString(" %1,%2").arg(p.x()).arg(p.y()); };
         };
         I* w = wrapper.get();
         connect(w, &I::panStarted, this, note("panStarted"));
@@ -64,6 +64,7 @@ private Q_SLOTS:
         connect(w, &I::sceneChanged, this, note("sceneChanged"));
         connect(scene.get(), &GraphicsSceneExtra::mousePressed, this, note("scenePressed"));
     }
+
     void cleanup()
     {
         wrapper.reset();
@@ -94,6 +95,7 @@ private Q_SLOTS:
         QTRY_COMPARE(grabbed(QPointF(140, 40)), QColor(Qt::red));
         QCOMPARE(grabbed(QPointF(40, 140)), QColor(Qt::white));
     }
+
     void signalsOfEveryInput_data()
     {
         QTest::addColumn<bool>("handDrag");
@@ -140,6 +142,7 @@ private Q_SLOTS:
         row("enter", false, {{QEvent::Enter}}, {"mouseEntered"});
         row("leave", false, {{QEvent::Leave}}, {"mouseLeft"});
     }
+
     void signalsOfEveryInput()
     {
         QFETCH(bool, handDrag);
@@ -167,12 +170,14 @@ private Q_SLOTS:
         }
         QCOMPARE(log, expected);
     }
+
     void offscreenViewFixesScreenPosition_data()
     {
         QTest::addColumn<int>("usage");
         QTest::newRow("offscreen") << int(GraphicsViewExtra::Offscreen);
         QTest::newRow("on screen") << int(GraphicsViewExtra::OnScreen);
     }
+
     void offscreenViewFixesScreenPosition()
     {
         QFETCH(int, usage);
@@ -195,6 +200,7 @@ private Q_SLOTS:
         QCOMPARE(host.getFixedScreenPosForMouseEvent(QPointF(100, 100), QPoint(7, 8)),
             offscreen ? host.mapFromScene(QPointF(100, 100)) : QPoint(7, 8));
     }
+
     void wrapperForwardsWithItsExceptions()
     {
         view->show();

@@ -31,6 +31,7 @@ private Q_SLOTS:
         QuickGraphicsSceneItem::registerQMLType();
         DevicePixelRatio::registerMainWindow(&mainWindowStandIn);
     }
+
     void init()
     {
         QTest::failOnWarning(QRegularExpression(".*"));
@@ -62,6 +63,7 @@ private Q_SLOTS:
         QVERIFY(QTest::qWaitForWindowExposed(window.get()));
         QTRY_VERIFY(frames.count() > 0);
     }
+
     void rendersSceneThroughOpenGL()
     {
         QCOMPARE(window->rendererInterface()->graphicsApi(), QSGRendererInterface::OpenGL);
@@ -80,6 +82,7 @@ private Q_SLOTS:
         overlay->setBrush(Qt::blue);
         QTRY_COMPARE(window->grabWindow().pixelColor(QPoint(40, 140) * ratio), QColor(Qt::blue));
     }
+
     void inputReachesTheSceneAtDevicePixels()
     {
         QPointF clickedAt;
@@ -128,12 +131,14 @@ private Q_SLOTS:
         QTest::keyClick(window.get(), Qt::Key_A);
         QCOMPARE(keys.count(), 1);
     }
+
     void resizeLeadsToExactlyOneFit_data()
     {
         QTest::addColumn<bool>("interactive");
         QTest::newRow("interactive") << true;
         QTest::newRow("not interactive") << false;
     }
+
     void resizeLeadsToExactlyOneFit()
     {
         QFETCH(bool, interactive);
