@@ -214,7 +214,11 @@ struct TestHoverable : HoverableItem
 struct CountingItem : CustomGraphicsItem
 {
     using CustomGraphicsItem::CustomGraphicsItem;
-    void devicePixelRatioChanged() override { ++ratioChanges; }
+    void devicePixelRatioChanged() override
+    {
+        ++ratioChanges;
+        CustomGraphicsItem::devicePixelRatioChanged();
+    }
     int ratioChanges = 0;
 };
 
