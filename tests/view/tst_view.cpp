@@ -169,68 +169,72 @@ private Q_SLOTS:
         QCOMPARE(viewIdOfNode(empty), QStringLiteral("E"));
 
         // Sub views keep their order; the first one added is active and its page in front.
-        auto [multi, a, b] = makeMultiView();
-        multi->addSubView(nullptr);
-        QCOMPARE(multi->getSubViews(), (std::vector<View*> {a, b}));
-        QCOMPARE(multi->getActiveSubViewID(), QStringLiteral("A"));
-        QCOMPARE(multi->getSubViewByID(QStringLiteral("B")), b);
-        QCOMPARE(multi->getSubViewByID(QStringLiteral("b")), nullptr);
-        auto* stacked = qobject_cast<QStackedWidget*>(multi->getWidget());
+        m_m->addSubView(nullptr);
+        QCOMPARE(m_m->getSubViews(), (std::vector<View*> {m_m1, m_m2}));
+        QCOMPARE(m_m->getActiveSubViewID(), QStringLiteral("M1"));
+        QCOMPARE(m_m->getSubViewByID(QStringLiteral("M2")), m_m2);
+        QCOMPARE(m_m->getSubViewByID(QStringLiteral("m2")), nullptr);
+        auto* stacked = qobject_cast<QStackedWidget*>(m_m->getWidget());
         QVERIFY(stacked);
         QCOMPARE(stacked->objectName(), QStringLiteral("M"));
         QCOMPARE(stacked->count(), 2);
-        QCOMPARE(stacked->widget(0), a->getWidget());
-        QCOMPARE(stacked->widget(1), b->getWidget());
-        QCOMPARE(multi->getActiveWidget(), a->getWidget());
-        QCOMPARE(multi->getViewManager(), a->getViewManager());
+        QCOMPARE(stacked->widget(0), m_m1->getWidget());
+        QCOMPARE(stacked->widget(1), m_m2->getWidget());
+        QCOMPARE(m_m->getActiveWidget(), m_m1->getWidget());
+        QCOMPARE(m_m->getViewManager(), m_m1->getViewManager());
         // An empty id, the active sub view and an unknown one change nothing.
-        multi->switchToSubView(QString());
-        multi->switchToSubView(QStringLiteral("A"));
+        m_m->switchToSubView(QString());
+        m_m->switchToSubView(QStringLiteral("M1"));
         QTest::ignoreMessage(QtWarningMsg, "Can't switch to unknown sub view Nope");
-        multi->switchToSubView(QStringLiteral("Nope"));
-        QCOMPARE(multi->getActiveSubView(), a);
+        m_m->switchToSubView(QStringLiteral("Nope"));
+        QCOMPARE(m_m->getActiveSubView(), m_m1);
         // Idle, the choice is only recorded; the next start shows and starts that sub view only.
-        multi->switchToSubView(QStringLiteral("B"));
-        QCOMPARE(multi->getViewManager(), b->getViewManager());
-        QCOMPARE(multi->getActiveWidget(), b->getWidget());
-        QCOMPARE(stacked->currentWidget(), a->getWidget());
-        multi->reset();
-        multi->stopActions();
-        multi->releaseWidget();
-        multi->start();
-        QCOMPARE(
-            m_log, (QStringList {"B.initialize", "B.stopActions", "B.releaseWidget", "B.start"}));
-        QCOMPARE(stacked->currentWidget(), b->getWidget());
-        QVERIFY(!a->isActive());
-        QCOMPARE(viewIdOfNode(*multi), QStringLiteral("B"));
+        m_m->switchToSubView(QStringLiteral("M2"));
+        QCOMPARE(m_m->getViewManager(), m_m2->getViewManager());
+        QCOMPARE(m_m->getActiveWidget(), m_m2->getWidget());
+        QCOMPARE(stacked->currentWidget(), m_m1->getWidget());
+        m_m->reset();
+        m_m->stopActions();
+        m_m->releaseWidget();
+        m_m->start();
+        QCOMPARE(m_log,
+            (QStringList {"M2.initialize", "M2.stopActions", "M2.releaseWidget", "M2.start"}));
+        QCOMPARE(stacked->currentWidget(), m_m2->getWidget());
+        QVERIFY(!m_m1->isActive());
+        QCOMPARE(viewIdOfNode(*m_m), QStringLiteral("M2"));
+    }
+
+    void destructionTakesPagesOutFirst_data()
+    {
+        QTest::addColumn<bool>("adopted");
+        QTest::newRow("stacked widget alone") << false;
+        QTest::newRow("stacked widget adopted") << true;
     }
 
     void destructionTakesPagesOutFirst()
     {
-        for (bool adopted : {false, true}) {
-            QWidget window;
-            auto [multi, a, b] = makeMultiView();
-            QPointer<QStackedWidget> stacked = static_cast<QStackedWidget*>(multi->getWidget());
-            if (adopted)
-                stacked->setParent(&window);
-            QPointer<ViewManager> managerOfB = b->getViewManager();
-            // Each sub view notes, as it dies, how many pages the stacked widget still has.
-            const auto notePages = [this, stacked](RecordingView& view) {
-                m_log.append(QStringLiteral("%1 dies, pages left %2")
-                                 .arg(view.getID())
-                                 .arg(stacked ? stacked->count() : -1));
-            };
-            a->onDestroy = notePages;
-            b->onDestroy = notePages;
-            m_log.clear();
-            multi.reset();
-            QCOMPARE(m_log, (QStringList {"A dies, pages left 0", "B dies, pages left 0"}));
-            QVERIFY(managerOfB.isNull());
-            // An adopted stacked widget outlives the multi view, empty.
-            QCOMPARE(stacked.isNull(), !adopted);
-            if (adopted)
-                QCOMPARE(stacked->count(), 0);
-        }
+        QFETCH(bool, adopted);
+        QWidget window;
+        QPointer<QStackedWidget> stacked = static_cast<QStackedWidget*>(m_m->getWidget());
+        if (adopted)
+            stacked->setParent(&window);
+        QPointer<ViewManager> managerOfM2 = m_m2->getViewManager();
+        // Each sub view notes, as it dies, how many pages the stacked widget still has.
+        const auto notePages = [this, stacked](RecordingView& view) {
+            m_log.append(QStringLiteral("%1 dies, pages left %2")
+                             .arg(view.getID())
+                             .arg(stacked ? stacked->count() : -1));
+        };
+        m_m1->onDestroy = notePages;
+        m_m2->onDestroy = notePages;
+        f->solution->removeView(m_m);
+        f->solutions.removeView(QStringLiteral("M")).reset();
+        QCOMPARE(m_log, (QStringList {"M1 dies, pages left 0", "M2 dies, pages left 0"}));
+        QVERIFY(managerOfM2.isNull());
+        // An adopted stacked widget outlives the multi view, empty.
+        QCOMPARE(stacked.isNull(), !adopted);
+        if (adopted)
+            QCOMPARE(stacked->count(), 0);
     }
 
     void solutionManagerOwnsItsViews()
@@ -574,23 +578,6 @@ private Q_SLOTS:
     }
 
 private:
-    struct Multi
-    {
-        std::unique_ptr<MultiView> view;
-        RecordingView* a;
-        RecordingView* b;
-    };
-    // A multi view "M" with the sub views "A" and "B".
-    Multi makeMultiView()
-    {
-        auto a = std::make_unique<RecordingView>(QStringLiteral("A"), m_log);
-        auto b = std::make_unique<RecordingView>(QStringLiteral("B"), m_log);
-        Multi result {std::make_unique<MultiView>(QStringLiteral("M")), a.get(), b.get()};
-        result.view->addSubView(std::move(a));
-        result.view->addSubView(std::move(b));
-        return result;
-    }
-
     RecordingView* mortal(const char* id)
     {
         auto* view = new RecordingView(QString::fromLatin1(id), m_log);
