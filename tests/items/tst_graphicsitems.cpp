@@ -771,35 +771,6 @@ private Q_SLOTS:
         QVERIFY(label->boundingRect().contains(label->shape().boundingRect()));
     }
 
-    void labelClicksOnPartsReportedByLabel()
-    {
-        ViewFixture fixture;
-        auto* label = fixture.add<CustomGraphicsLabelItem>("label");
-        label->setText("MMMM");
-        label->setIcon(solidPixmap(16, 16));
-        label->fillBackground(true);
-        QStringList seen;
-        recordClicks(label, seen);
-        const auto click = [&](Qt::MouseButton button, const QPointF& at) {
-            QTest::mouseClick(fixture.view.viewport(), button, {}, fixture.view.mapFromScene(at));
-        };
-        // On the text, on the icon, and beside the label, where nothing takes the press.
-        click(Qt::LeftButton, label->getTextBoundingRect().center());
-        click(Qt::LeftButton, QPointF(-11, -8));
-        click(Qt::RightButton, label->getTextBoundingRect().center());
-        QTest::ignoreMessage(
-            QtWarningMsg, "Mouse event \"MousePress\" not accepted by receiving widget");
-        click(Qt::LeftButton, QPointF(-60, 0));
-        QCOMPARE(seen, (QStringList {"left", "left", "right"}));
-
-        // Hiding tells the scene the area the label covered.
-        QSignalSpy changed(&fixture.scene, &QGraphicsScene::changed);
-        label->setVisible(false);
-        QVERIFY(!label->isVisible());
-        QCOMPARE(
-            changed, (QList<QVariantList> {{QVariant::fromValue(QList {label->boundingRect()})}}));
-    }
-
     void labelRendersBoxAndTextWhereLaidOut()
     {
         ViewFixture fixture(3.0);
@@ -845,7 +816,15 @@ private Q_SLOTS:
         QCOMPARE(fixture.scene.itemIndexMethod(),
             library ? QGraphicsScene::NoIndex : QGraphicsScene::BspTreeIndex);
         auto* label = blueBoxLabel(fixture);
+        label->setIcon(solidPixmap(16, 16));
         label->setAcceptHoverEvents(true);
+        // Hiding or showing tells the scene the area the label covers.
+        QSignalSpy changed(&fixture.scene, &QGraphicsScene::changed);
+        label->setVisible(false);
+        QVERIFY(!label->isVisible());
+        label->setVisible(true);
+        const QVariantList area {QVariant::fromValue(QList {label->boundingRect()})};
+        QCOMPARE(changed, (QList<QVariantList> {area, area}));
         label->setPos(40, 30);
         // Before any hit test the bounds are the box as laid out: it runs upwards from the
         // baseline.
@@ -872,6 +851,21 @@ private Q_SLOTS:
             counts << entered.count() << left.count();
         }
         QCOMPARE(counts, (QList<int> {0, 0, 1, 0, 1, 1}));
+
+        // Clicks on the text and on the icon are the label's; nothing takes a press beside it.
+        QStringList seen;
+        recordClicks(label, seen);
+        const auto click = [&](Qt::MouseButton button, const QPointF& at) {
+            QTest::mouseClick(fixture.view.viewport(), button, {},
+                fixture.view.mapFromScene(label->mapToScene(at)));
+        };
+        click(Qt::LeftButton, label->getTextBoundingRect().center());
+        click(Qt::LeftButton, QPointF(-11, -8));
+        click(Qt::RightButton, label->getTextBoundingRect().center());
+        QTest::ignoreMessage(
+            QtWarningMsg, "Mouse event \"MousePress\" not accepted by receiving widget");
+        click(Qt::LeftButton, QPointF(-60, 0));
+        QCOMPARE(seen, (QStringList {"left", "left", "right"}));
     }
 
     // Line set
