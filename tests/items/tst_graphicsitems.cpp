@@ -998,55 +998,6 @@ private Q_SLOTS:
 
     // Text
 
-    void textTypingLengthAndPaste()
-    {
-        QGraphicsScene scene;
-        auto* item = new CustomGraphicsTextItem;
-        scene.addItem(item);
-        StyleManager& style = StyleManager::manager();
-        QCOMPARE(item->font().family(), style.getFontFamilyForQFont("@MEASUREMENT_LABEL_FONT"));
-        QCOMPARE(item->font().pixelSize(), style.getFontSize("@MEASUREMENT_LABEL_FONT_SIZE_3D"));
-        item->setEditing(true);
-        QCOMPARE(item->textInteractionFlags(), Qt::TextEditable);
-        QSignalSpy changed(item, &CustomGraphicsTextItem::textChanged);
-        typeText(scene, item, "ab");
-        QCOMPARE(item->toPlainText(), QStringLiteral("ab"));
-        QCOMPARE(changed, (QList<QVariantList> {{QStringLiteral("a")}, {QStringLiteral("ab")}}));
-        // Return and Enter are taken but never break the line.
-        QVERIFY(sendKey(scene, item, Qt::Key_Return, "\r"));
-        QVERIFY(sendKey(scene, item, Qt::Key_Enter, "\r"));
-        QCOMPARE(item->toPlainText(), QStringLiteral("ab"));
-        QCOMPARE(changed.count(), 2);
-
-        // At most 256 characters: further letters are refused but still taken.
-        item->setPlainText(QString(255, QLatin1Char('x')));
-        typeText(scene, item, "y");
-        const QString full = QLatin1Char('y') + QString(255, QLatin1Char('x'));
-        QCOMPARE(item->toPlainText(), full);
-        QVERIFY(sendKey(scene, item, Qt::Key_Z, "z"));
-        QCOMPARE(item->toPlainText(), full);
-        sendKey(scene, item, Qt::Key_Backspace);
-        QCOMPARE(item->toPlainText().size(), 255);
-
-        // Pasted line breaks become blanks; a long paste is cut.
-        item->setPlainText(QString());
-        QGuiApplication::clipboard()->setText("one\ntwo\r\nthree");
-        sendKey(scene, item, Qt::Key_V, QString(), Qt::ControlModifier);
-        QCOMPARE(item->toPlainText(), QStringLiteral("one two three"));
-        QCOMPARE(changed.last().at(0).toString(), QStringLiteral("one two three"));
-        QCOMPARE(item->document()->blockCount(), 1);
-        item->setPlainText(QString());
-        QGuiApplication::clipboard()->setText(QString(300, QLatin1Char('q')));
-        sendKey(scene, item, Qt::Key_V, QString(), Qt::ControlModifier);
-        QCOMPARE(item->toPlainText(), QString(256, QLatin1Char('q')));
-
-        // Typing needs editing switched on by the owner.
-        item->setEditing(false);
-        QVERIFY(!item->isSelected() && !item->textCursor().hasSelection());
-        typeText(scene, item, "c");
-        QCOMPARE(item->toPlainText(), QString(256, QLatin1Char('q')));
-    }
-
     void textPressUnderMouse()
     {
         // Button, under the mouse, on the item, editing before, reported, editing after.
@@ -1080,24 +1031,66 @@ private Q_SLOTS:
         }
     }
 
-    void textCaretShapeAndMoves()
+    void textItemEditing()
     {
         ViewFixture fixture(2.0);
         auto* item = fixture.add<CustomGraphicsTextItem>();
+        StyleManager& style = StyleManager::manager();
+        QCOMPARE(item->font().family(), style.getFontFamilyForQFont("@MEASUREMENT_LABEL_FONT"));
+        QCOMPARE(item->font().pixelSize(), style.getFontSize("@MEASUREMENT_LABEL_FONT_SIZE_3D"));
         // An empty item shows a caret until its first change.
         const QRect caret = pixelBox(fixture.render(), isYellow);
         QVERIFY2(caret.width() <= 2 && caret.height() >= 10, qPrintable(QDebug::toString(caret)));
         QVERIFY(qAbs(caret.left() - fixture.view.mapFromScene(item->pos()).x()) <= 1);
+
         item->setEditing(true);
-        typeText(fixture.scene, item, "a");
+        QCOMPARE(item->textInteractionFlags(), Qt::TextEditable);
+        QSignalSpy changed(item, &CustomGraphicsTextItem::textChanged);
+        typeText(fixture.scene, item, "ab");
+        QCOMPARE(item->toPlainText(), QStringLiteral("ab"));
+        QCOMPARE(changed, (QList<QVariantList> {{QStringLiteral("a")}, {QStringLiteral("ab")}}));
         QVERIFY(pixelBox(fixture.render(), isYellow).width() > 2);
-        sendKey(fixture.scene, item, Qt::Key_Backspace);
+        // Return and Enter are taken but never break the line.
+        QVERIFY(sendKey(fixture.scene, item, Qt::Key_Return, "\r"));
+        QVERIFY(sendKey(fixture.scene, item, Qt::Key_Enter, "\r"));
+        QCOMPARE(item->toPlainText(), QStringLiteral("ab"));
+        QCOMPARE(changed.count(), 2);
+        for (int i = 0; i < 2; ++i)
+            sendKey(fixture.scene, item, Qt::Key_Backspace);
         QVERIFY(item->toPlainText().isEmpty());
         item->setEditing(false);
         QVERIFY(pixelBox(fixture.render(), isYellow).isEmpty());
 
+        // At most 256 characters: further letters are refused but still taken.
+        item->setEditing(true);
+        item->setPlainText(QString(255, QLatin1Char('x')));
+        typeText(fixture.scene, item, "y");
+        const QString full = QLatin1Char('y') + QString(255, QLatin1Char('x'));
+        QCOMPARE(item->toPlainText(), full);
+        QVERIFY(sendKey(fixture.scene, item, Qt::Key_Z, "z"));
+        QCOMPARE(item->toPlainText(), full);
+        sendKey(fixture.scene, item, Qt::Key_Backspace);
+        QCOMPARE(item->toPlainText().size(), 255);
+
+        // Pasted line breaks become blanks; a long paste is cut.
+        item->setPlainText(QString());
+        QGuiApplication::clipboard()->setText("one\ntwo\r\nthree");
+        sendKey(fixture.scene, item, Qt::Key_V, QString(), Qt::ControlModifier);
+        QCOMPARE(item->toPlainText(), QStringLiteral("one two three"));
+        QCOMPARE(changed.last().at(0).toString(), QStringLiteral("one two three"));
+        QCOMPARE(item->document()->blockCount(), 1);
+        item->setPlainText(QString());
+        QGuiApplication::clipboard()->setText(QString(300, QLatin1Char('q')));
+        sendKey(fixture.scene, item, Qt::Key_V, QString(), Qt::ControlModifier);
+        QCOMPARE(item->toPlainText(), QString(256, QLatin1Char('q')));
+
+        // Typing needs editing switched on by the owner.
+        item->setEditing(false);
+        QVERIFY(!item->isSelected() && !item->textCursor().hasSelection());
+        typeText(fixture.scene, item, "c");
+        QCOMPARE(item->toPlainText(), QString(256, QLatin1Char('q')));
+
         // The shape keeps the text's size on screen.
-        item->setPlainText("annotation");
         QCOMPARE(item->shape().boundingRect().size(), item->boundingRect().size() / 2.0);
 
         // Moves are reported only while editing; releases always.
