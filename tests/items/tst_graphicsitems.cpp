@@ -273,7 +273,7 @@ private Q_SLOTS:
         setLabelFontSize(12);
     }
 
-    void clickableRegion()
+    void clickableRegionAndShape()
     {
         // Pen width 10: the stroke reaches 5 units either side of the outline.
         const QPainterPath sq = rectPath(QRectF(0, 0, 100, 100));
@@ -296,10 +296,8 @@ private Q_SLOTS:
             item.setVisible(false);
             QVERIFY(!item.isMouseOver(at));
         }
-    }
 
-    void penChangesRegionAndShape()
-    {
+        // After a pen change the region follows once the stroker is set again.
         CustomGraphicsItem item("item");
         const QPainterPath line = linePath(QPointF(0, 0), QPointF(100, 0));
         item.setPen(QPen(Qt::black, 2));
@@ -919,10 +917,8 @@ private Q_SLOTS:
             QCOMPARE(outline.first(), lines.first().p1());
             QCOMPARE(outline.at(1), lines.first().p2());
             // Every consecutive pair of the outline (closing pair included) is one of the lines.
-            for (qsizetype i = 0; i < outline.size(); ++i) {
-                const QLineF edge(outline[i], outline[(i + 1) % outline.size()]);
+            for (const QLineF& edge : polygonLines(outline))
                 QVERIFY(lines.contains(edge) || lines.contains(QLineF(edge.p2(), edge.p1())));
-            }
         }
     }
 
