@@ -868,7 +868,7 @@ private Q_SLOTS:
 
     // Line set
 
-    void closedPolygons()
+    void closedLoopsFromLines()
     {
         const Lines sq = polygonLines(square);
         const Lines tri = polygonLines(triangle);
@@ -902,15 +902,12 @@ private Q_SLOTS:
             QCOMPARE(path.isEmpty(), expected.isEmpty());
             QCOMPARE(loopKeys(path.toSubpathPolygons()), loopKeys(expected));
         }
-    }
 
-    void closedOutlinePoints()
-    {
-        const Lines sq = polygonLines(square);
-        const std::pair<Lines, int> cases[]
+        // One loop given as lines, as the outline of its points from the first line on.
+        const std::pair<Lines, int> outlines[]
             = {{sq, 4}, {{sq[0], sq[2], QLineF(0, 0, 0, 100), QLineF(100, 100, 100, 0)}, 4},
                 {polygonLines({{0, 0}, {10, -5}, {20, 0}, {15, 10}, {5, 10}}), 5}};
-        for (const auto& [lines, count] : cases) {
+        for (const auto& [lines, count] : outlines) {
             const QList<QPointF> outline
                 = CustomGraphicsLineSetItem::getPointsForClosedPolygonFromLines(lines);
             QCOMPARE(outline.size(), count);
