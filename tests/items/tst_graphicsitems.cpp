@@ -236,14 +236,9 @@ class tst_GraphicsItems : public QObject
     {
         settings::SettingsManager::manager()->setUserDefault("labelFontSize", size);
     }
-    /// Renders and counts the pixels of the colour in the row through the scene origin.
-    static int spanThroughOrigin(ViewFixture& fixture, QRgb color)
+    static QRect colourBox(const QImage& image, QRgb c)
     {
-        const QImage image = fixture.render();
-        int count = 0;
-        for (int x = 0; x < image.width(); ++x)
-            count += sameRgb(image.pixel(x, fixture.origin().y()), color) ? 1 : 0;
-        return count;
+        return pixelBox(image, [c](QRgb p) { return sameRgb(p, c); });
     }
     static CustomGraphicsLabelItem* blueBoxLabel(ViewFixture& fixture)
     {
@@ -541,7 +536,7 @@ private Q_SLOTS:
             ellipse->setPen(Qt::NoPen);
             ellipse->setBrush(Qt::red);
             ellipse->setUseZoomAgnostic(agnostic);
-            const int span = spanThroughOrigin(fixture, qRgb(255, 0, 0));
+            const int span = colourBox(fixture.render(), qRgb(255, 0, 0)).width();
             QVERIFY2(qAbs(span - diameter) <= 1, qPrintable(QString::number(span)));
             // The hit region follows what was drawn.
             QVERIFY(ellipse->isMouseOver(fixture.view.mapToScene(fixture.origin() + QPoint(9, 0))));
@@ -553,7 +548,7 @@ private Q_SLOTS:
         path->setPen(QPen(Qt::green, 6, Qt::SolidLine, Qt::FlatCap));
         path->setPainterPath(linePath(QPointF(0, -10), QPointF(0, 10)));
         path->setUseZoomAgnostic(true);
-        int span = spanThroughOrigin(fixture, QColor(Qt::green).rgb());
+        int span = colourBox(fixture.render(), qRgb(0, 255, 0)).width();
         QVERIFY2(qAbs(span - 6) <= 1, qPrintable(QString::number(span)));
         path->setVisible(false);
         auto* handle = fixture.add<CustomGraphicsPointDraggerItem>("h", nullptr, 6.0f);
@@ -561,7 +556,7 @@ private Q_SLOTS:
         handle->setPen(Qt::NoPen);
         // Six pixels at 4x zoom are 1.5 scene units.
         QCOMPARE(over(handle, {{1.4, 0}, {1.6, 0}}), (Bools {true, false}));
-        span = spanThroughOrigin(fixture, qRgb(255, 0, 0));
+        span = colourBox(fixture.render(), qRgb(255, 0, 0)).width();
         QVERIFY2(qAbs(span - 12) <= 1, qPrintable(QString::number(span)));
     }
 
@@ -626,12 +621,11 @@ private Q_SLOTS:
             item->setCapStyle(Qt::FlatCap);
             item->setUseZoomAgnostic(agnostic);
             const QImage image = fixture.render();
-            const int height
-                = pixelBox(image, [](QRgb p) { return sameRgb(p, qRgb(255, 0, 255)); }).height();
+            const int height = colourBox(image, qRgb(255, 0, 255)).height();
             QVERIFY2(qAbs(height - thickness) <= 1, qPrintable(QString::number(height)));
             // The stroke as painted is kept, in scene units.
             QCOMPARE(item->getPainterPath().boundingRect().height(), thickness / 2.0);
-            QVERIFY(pixelBox(image, [](QRgb p) { return sameRgb(p, qRgb(0, 255, 0)); }).isEmpty());
+            QVERIFY(colourBox(image, qRgb(0, 255, 0)).isEmpty());
         }
     }
 
