@@ -207,7 +207,6 @@ struct TestHoverable : HoverableItem
 {
     bool isHoverHit(const QPointF&) const override { return true; }
     void hoverStateChanged(bool state) override { notified.append(qMakePair(state, isHovered())); }
-    char tag = 0;
     QList<QPair<bool, bool>> notified; // new state, stored state at notification
 };
 
@@ -502,19 +501,18 @@ private Q_SLOTS:
         const std::pair<QList<int>, QString> cases[] = {{{}, ""}, {{4}, "a"}, {{1, 3, 2}, "bca"},
             {{2, 5, 2, 5, -1}, "bdace"}, {{-1, 0, 1, 2}, "dcba"}};
         for (const auto& [priorities, expected] : cases) {
-            std::vector<std::unique_ptr<TestHoverable>> owned;
+            std::vector<TestHoverable> owned(priorities.size());
             QList<HoverableItem*> items;
-            for (int priority : priorities) {
-                owned.push_back(std::make_unique<TestHoverable>());
-                owned.back()->setHoverPriority(priority);
-                owned.back()->tag = char('a' + items.size());
-                items.append(owned.back().get());
+            for (TestHoverable& item : owned) {
+                item.setHoverPriority(priorities[items.size()]);
+                items << &item;
             }
             HoverableItem::sortByHoverPriority(items);
-            QString tags;
+            QString order;
             for (HoverableItem* item : items)
-                tags += QLatin1Char(static_cast<TestHoverable*>(item)->tag);
-            QCOMPARE(tags, expected);
+                order
+                    += QLatin1Char(char('a' + (static_cast<TestHoverable*>(item) - owned.data())));
+            QCOMPARE(order, expected);
         }
 
         // A change is told before it is stored; setting the same state again tells nothing.
