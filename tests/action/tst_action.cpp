@@ -243,6 +243,7 @@ private Q_SLOTS:
         action->setDisabled(true);
         action->start(false);
         action->toggle();
+        QVERIFY(!action->isActive());
         action->start(true);
         action->stop();
         action->trigger(true);
