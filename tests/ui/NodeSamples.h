@@ -52,11 +52,9 @@ inline const QStringList& kinds()
 /// The version of a kind's own level: the kinds that gained properties are at 1.1.
 inline QVersionNumber ownVersion(const QString& typeId)
 {
-    return QStringList {
-               "DentalScanComparisonOptionsNode", "Viewer3DNode", "ImplantVisualizationOptionsNode"}
-               .contains(typeId)
-        ? QVersionNumber(1, 1)
-        : QVersionNumber(1, 0);
+    const QStringList newer {"DentalScanComparisonOptionsNode", "Viewer3DNode",
+        "ImplantVisualizationOptionsNode"};
+    return QVersionNumber(1, newer.contains(typeId) ? 1 : 0);
 }
 
 /// Sets one property to a fixed value other than its default; false when the node is not of
@@ -77,75 +75,61 @@ template <typename K> Change change(const QString& name, std::function<void(K&)>
             }};
 }
 
-#define SAMPLE_CHANGE(K, ...) change<ui::K>(#__VA_ARGS__, [](ui::K& n) { n.__VA_ARGS__; })
+#define C(K, ...) change<ui::K>(#__VA_ARGS__, [](ui::K& n) { n.__VA_ARGS__; })
 
 inline const std::vector<Change>& allChanges()
 {
     using namespace ui;
-    static const std::vector<Change> changes {
-        SAMPLE_CHANGE(DataObjectNode, setDataObjectUUID("uuid-1")),
-        SAMPLE_CHANGE(AngulatedResliceNode, setOrigin(QVector3D(1, 2, 3))),
-        SAMPLE_CHANGE(AngulatedResliceNode, setDirection0(QVector3D(0, 1, 0))),
-        SAMPLE_CHANGE(AngulatedResliceNode, setDirection1(QVector3D(0, 0, 1))),
-        SAMPLE_CHANGE(AttachablePointNode, setAttachedPosition(QVector3D(4, 5, 6))),
-        SAMPLE_CHANGE(AttachablePointNode, setAttachedDirection(QVector3D(1, 0, 0))),
-        SAMPLE_CHANGE(AttachablePointNode, setAttachedUpperDirection(QVector3D(0, 0, 1))),
-        SAMPLE_CHANGE(Measurement2DNode, setLabelRelativePositions({{0.5, 0.25}, {-1, 2}})),
-        SAMPLE_CHANGE(DentalScanComparisonOptionsNode, setComparisonScanTransparency(40)),
-        SAMPLE_CHANGE(DentalScanComparisonOptionsNode, setVisualizationMode("distance")),
-        SAMPLE_CHANGE(DentalScanComparisonOptionsNode,
+    static const std::vector<Change> changes {C(DataObjectNode, setDataObjectUUID("uuid-1")),
+        C(AngulatedResliceNode, setOrigin(QVector3D(1, 2, 3))),
+        C(AngulatedResliceNode, setDirection0(QVector3D(0, 1, 0))),
+        C(AngulatedResliceNode, setDirection1(QVector3D(0, 0, 1))),
+        C(AttachablePointNode, setAttachedPosition(QVector3D(4, 5, 6))),
+        C(AttachablePointNode, setAttachedDirection(QVector3D(1, 0, 0))),
+        C(AttachablePointNode, setAttachedUpperDirection(QVector3D(0, 0, 1))),
+        C(Measurement2DNode, setLabelRelativePositions({{0.5, 0.25}, {-1, 2}})),
+        C(DentalScanComparisonOptionsNode, setComparisonScanTransparency(40)),
+        C(DentalScanComparisonOptionsNode, setVisualizationMode("distance")),
+        C(DentalScanComparisonOptionsNode,
             setReferenceScanVisualState({true, false, 0x7f00ff00, 100})),
-        SAMPLE_CHANGE(DentalScanComparisonOptionsNode, setShown(false)),
-        SAMPLE_CHANGE(ViewNode, setViewId("implant.view")),
-        SAMPLE_CHANGE(ViewNode, setAngulatedReslicesHorizontalSlidersPosition(120)),
-        SAMPLE_CHANGE(ViewerNode, setViewerIndex(2)),
-        SAMPLE_CHANGE(ViewerNode, setMaximized(true)),
-        SAMPLE_CHANGE(ViewerNode, setHadContentWhenGenerated(true)),
-        SAMPLE_CHANGE(ViewerNode, setAssociatedDataObjectUUID("uuid-2")),
-        SAMPLE_CHANGE(Viewer2DNode, setZoomBox(QRectF(1.5, 2.5, 30, 40))),
-        SAMPLE_CHANGE(ResliceViewerNode, setPlaneOrientation("axial")),
-        SAMPLE_CHANGE(ResliceViewerNode, setSliderIndex(17)),
-        SAMPLE_CHANGE(CrossSectionalResliceViewerNode, setNumberOfSlices(9)),
-        SAMPLE_CHANGE(CrossSectionalResliceViewerNode, setSliceSpacing(0.25f)),
-        SAMPLE_CHANGE(CrossSectionalResliceViewerNode, setSliderIndex(4)),
-        SAMPLE_CHANGE(Viewer3DNode, setCameraPosition(QVector3D(10, 20, 30))),
-        SAMPLE_CHANGE(Viewer3DNode, setRotation(QQuaternion::fromEulerAngles(10, 20, 30))),
-        SAMPLE_CHANGE(Viewer3DNode, setNearDistance(0.125f)),
-        SAMPLE_CHANGE(Viewer3DNode, setFarDistance(512.5f)),
-        SAMPLE_CHANGE(Viewer3DNode, setFocalDistance(64.0f)),
-        SAMPLE_CHANGE(Viewer3DNode, setMinimalFOV(12.5f)),
-        SAMPLE_CHANGE(CtDataViewer3DNode, setUpdateCameraWhenPatientOrientationChanges(false)),
-        SAMPLE_CHANGE(DentalScanViewer3DNode, setArchType(ToothChart::Lower)),
-        SAMPLE_CHANGE(SnappedResliceNode, setOrigin(QVector3D(7, 8, 9))),
-        SAMPLE_CHANGE(SnappedResliceNode, setDirection0(QVector3D(1, 1, 0))),
-        SAMPLE_CHANGE(SnappedResliceNode, setDirection1(QVector3D(0, 1, 1))),
-        SAMPLE_CHANGE(SnappedResliceNode, setPlaneOrientation("coronal")),
-        SAMPLE_CHANGE(Clipping3DNode, setClippingResliceUUID("uuid-3")),
-        SAMPLE_CHANGE(Clipping3DNode, setMirrored(true)),
-        SAMPLE_CHANGE(BookmarkNode, setAssociatedDataObjectUUID("uuid-4")),
-        change<BookmarkNode>("addDependency",
-            [](auto& n) {
-                auto dependency = std::make_unique<Measurement2DNode>("uuid-5");
-                dependency->setLabelRelativePositions({{3, 4}});
-                n.addDependency(std::move(dependency));
-            }),
-        SAMPLE_CHANGE(SplitterNode, setRow(2)),
-        SAMPLE_CHANGE(SplitterNode, setColumn(3)),
-        SAMPLE_CHANGE(SplitterNode, setRelativeRowSize(5)),
-        SAMPLE_CHANGE(SplitterNode, setRelativeColumnSize(7)),
-        SAMPLE_CHANGE(LayoutTileNode, setLayoutTileId("tile-2x2")),
-        SAMPLE_CHANGE(PeriapicalViewNode, setActiveLayoutId("fmx-18")),
-        SAMPLE_CHANGE(ClinicalPicturesGridViewNode, setActiveLayoutId("grid-3")),
-        SAMPLE_CHANGE(IntraOralPicturesViewNode, setActiveLayoutId("io-4")),
-        SAMPLE_CHANGE(ImplantVisualizationOptionsNode, setAxisVisible(false)),
-        SAMPLE_CHANGE(ImplantVisualizationOptionsNode, setSafetyZoneVisible(false)),
-        SAMPLE_CHANGE(ImplantVisualizationOptionsNode, setSleeveVisible(false)),
-        SAMPLE_CHANGE(ImplantVisualizationOptionsNode, setAnchorPinsVisible(false)),
-    };
+        C(DentalScanComparisonOptionsNode, setShown(false)), C(ViewNode, setViewId("implant.view")),
+        C(ViewNode, setAngulatedReslicesHorizontalSlidersPosition(120)),
+        C(ViewerNode, setViewerIndex(2)), C(ViewerNode, setMaximized(true)),
+        C(ViewerNode, setHadContentWhenGenerated(true)),
+        C(ViewerNode, setAssociatedDataObjectUUID("uuid-2")),
+        C(Viewer2DNode, setZoomBox(QRectF(1.5, 2.5, 30, 40))),
+        C(ResliceViewerNode, setPlaneOrientation("axial")),
+        C(ResliceViewerNode, setSliderIndex(17)),
+        C(CrossSectionalResliceViewerNode, setNumberOfSlices(9)),
+        C(CrossSectionalResliceViewerNode, setSliceSpacing(0.25f)),
+        C(CrossSectionalResliceViewerNode, setSliderIndex(4)),
+        C(Viewer3DNode, setCameraPosition(QVector3D(10, 20, 30))),
+        C(Viewer3DNode, setRotation(QQuaternion::fromEulerAngles(10, 20, 30))),
+        C(Viewer3DNode, setNearDistance(0.125f)), C(Viewer3DNode, setFarDistance(512.5f)),
+        C(Viewer3DNode, setFocalDistance(64.0f)), C(Viewer3DNode, setMinimalFOV(12.5f)),
+        C(CtDataViewer3DNode, setUpdateCameraWhenPatientOrientationChanges(false)),
+        C(DentalScanViewer3DNode, setArchType(ToothChart::Lower)),
+        C(SnappedResliceNode, setOrigin(QVector3D(7, 8, 9))),
+        C(SnappedResliceNode, setDirection0(QVector3D(1, 1, 0))),
+        C(SnappedResliceNode, setDirection1(QVector3D(0, 1, 1))),
+        C(SnappedResliceNode, setPlaneOrientation("coronal")),
+        C(Clipping3DNode, setClippingResliceUUID("uuid-3")), C(Clipping3DNode, setMirrored(true)),
+        C(BookmarkNode, setAssociatedDataObjectUUID("uuid-4")),
+        C(BookmarkNode, addDependency(std::make_unique<Measurement2DNode>("uuid-5"))),
+        C(SplitterNode, setRow(2)), C(SplitterNode, setColumn(3)),
+        C(SplitterNode, setRelativeRowSize(5)), C(SplitterNode, setRelativeColumnSize(7)),
+        C(LayoutTileNode, setLayoutTileId("tile-2x2")),
+        C(PeriapicalViewNode, setActiveLayoutId("fmx-18")),
+        C(ClinicalPicturesGridViewNode, setActiveLayoutId("grid-3")),
+        C(IntraOralPicturesViewNode, setActiveLayoutId("io-4")),
+        C(ImplantVisualizationOptionsNode, setAxisVisible(false)),
+        C(ImplantVisualizationOptionsNode, setSafetyZoneVisible(false)),
+        C(ImplantVisualizationOptionsNode, setSleeveVisible(false)),
+        C(ImplantVisualizationOptionsNode, setAnchorPinsVisible(false))};
     return changes;
 }
 
-#undef SAMPLE_CHANGE
+#undef C
 
 /// A node of the kind with every property changed from its default.
 inline std::unique_ptr<ui::Node> populated(const QString& typeId)

@@ -69,7 +69,7 @@ private Q_SLOTS:
         // The same value again is no change; dependencies are added, so they always are.
         node->clearAlteredRecursively();
         QVERIFY(change.apply(*node));
-        QCOMPARE(node->isAltered(), change.name == "addDependency");
+        QCOMPARE(node->isAltered(), change.name.startsWith("addDependency"));
     }
 
     void childrenCompareAsMultisets()
