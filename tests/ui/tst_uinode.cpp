@@ -58,13 +58,10 @@ private Q_SLOTS:
         QVERIFY(change.apply(*node));
         QVERIFY(node->isAltered());
         // A property left out of the comparison would make the changed node equal a default one.
-        QVERIFY(!node->isEqual(*pristine));
-        QVERIFY(!pristine->isEqual(*node));
-
+        QVERIFY(!node->isEqual(*pristine) && !pristine->isEqual(*node));
         // Copies carry the property and start unaltered.
         const std::unique_ptr<ui::Node> copy = node->clone();
-        QVERIFY(!copy->isAltered());
-        QVERIFY(copy->isEqual(*node));
+        QVERIFY(!copy->isAltered() && copy->isEqual(*node));
 
         // The same value again is no change; dependencies are added, so they always are.
         node->clearAlteredRecursively();
@@ -82,8 +79,7 @@ private Q_SLOTS:
             QCOMPARE(viewWithTiles(left)->isEqual(*viewWithTiles(right)), equal);
             QCOMPARE(viewWithTiles(right)->isEqual(*viewWithTiles(left)), equal);
             // Grandchildren take part as well.
-            ui::ViewNode deepL;
-            ui::ViewNode deepR;
+            ui::ViewNode deepL, deepR;
             deepL.addNode(viewWithTiles(left));
             deepL.addNode(viewWithTiles({"z"}));
             deepR.addNode(viewWithTiles({"z"}));
@@ -96,8 +92,7 @@ private Q_SLOTS:
     {
         // Thousands of siblings of every kind, one tree the reverse of the other: the comparison
         // must pair each child with its equal however far apart they sit.
-        ui::ViewNode left;
-        ui::ViewNode right;
+        ui::ViewNode left, right;
         std::vector<std::unique_ptr<ui::Node>> reversed;
         for (int i = 0; i < 200; ++i) {
             for (const QString& typeId : samples::kinds()) {
@@ -135,21 +130,17 @@ private Q_SLOTS:
             node->setOrigin(QVector3D(x, 1.0f, 2.0f));
             return node;
         };
-        ui::ViewNode left;
-        ui::ViewNode right;
+        ui::ViewNode left, right;
         for (int i = 0; i < 12; ++i) {
             left.addNode(measurement(i, 0.0));
             right.addNode(measurement(11 - i, i % 3 == 0 ? 1e-14 : 0.0));
         }
         left.addNode(reslice(0.0f));
         right.addNode(reslice(-0.0f));
-        QVERIFY(left.isEqual(right));
-        QVERIFY(right.isEqual(left));
-
+        QVERIFY(left.isEqual(right) && right.isEqual(left));
         static_cast<ui::Measurement2DNode*>(right.getNodes().at(5))
             ->setLabelRelativePosition(0, QPointF(0.5 * (6 % 4) + 1e-3, 1.0));
-        QVERIFY(!left.isEqual(right));
-        QVERIFY(!right.isEqual(left));
+        QVERIFY(!left.isEqual(right) && !right.isEqual(left));
     }
 
     void fuzzyFloatRule()
@@ -159,8 +150,7 @@ private Q_SLOTS:
             {0.5, 0.5 + 1e-3, false}, {1e6, 1e6 + 1e-7, true}, {1e6, 1e6 + 1e-5, false},
             {0.0, 1e-13, true}, {0.0, 1e-11, false}, {1e-13, 2e-13, false}, {1.0, -1.0, false}};
         for (const auto& [a, b, equal] : cases) {
-            ui::Measurement2DNode first;
-            ui::Measurement2DNode second;
+            ui::Measurement2DNode first, second;
             first.setLabelRelativePositions({{1.0, a}});
             second.setLabelRelativePositions({{1.0, b}});
             QCOMPARE(first.isEqual(second), equal);
@@ -178,10 +168,8 @@ private Q_SLOTS:
         const ui::Viewer2DNode viewer2D;
         const ui::ResliceViewerNode reslice;
         const ui::RootCanalViewer2DNode rootCanal;
-        QVERIFY(!viewer.isEqual(viewer2D));
-        QVERIFY(!viewer2D.isEqual(viewer));
-        QVERIFY(!reslice.isEqual(rootCanal));
-        QVERIFY(!rootCanal.isEqual(reslice));
+        QVERIFY(!viewer.isEqual(viewer2D) && !viewer2D.isEqual(viewer));
+        QVERIFY(!reslice.isEqual(rootCanal) && !rootCanal.isEqual(reslice));
         QVERIFY(rootCanal.isEqual(ui::RootCanalViewer2DNode()));
         QVERIFY(!ui::PeriapicalViewNode().isEqual(ui::IntraOralPicturesViewNode()));
 
@@ -192,8 +180,7 @@ private Q_SLOTS:
         QVERIFY(left->getLoadingVersions().isEmpty());
         const QMap<QString, QVersionNumber> stored {{"Node", QVersionNumber(0, 9)}};
         right->setLoadingVersions(stored);
-        QVERIFY(!right->isAlteredRecursively());
-        QVERIFY(left->isAlteredRecursively());
+        QVERIFY(!right->isAlteredRecursively() && left->isAlteredRecursively());
         QVERIFY(left->isEqual(*right));
         QCOMPARE(right->clone()->getLoadingVersions(), stored);
     }
