@@ -5,13 +5,9 @@
 #include <guicore/graphics/manipulators/LineDragger.h>
 #include <guicore/graphics/manipulators/LineManipulationGraphicsItem.h>
 
-#include <QGraphicsScene>
-#include <QGraphicsSceneHoverEvent>
-#include <QGraphicsSceneMouseEvent>
+#include <QGraphicsSceneEvent>
 #include <QGraphicsView>
-#include <QPen>
 #include <QPixmapCache>
-#include <QVector2D>
 #include <QtTest>
 
 namespace {
@@ -29,10 +25,8 @@ using Shapes = QList<Qt::CursorShape>;
 Shapes cursorStack()
 {
     QList<QCursor> stack;
-    while (const QCursor* cursor = QGuiApplication::overrideCursor()) {
-        stack.prepend(*cursor);
-        QGuiApplication::restoreOverrideCursor();
-    }
+    for (; QGuiApplication::overrideCursor(); QGuiApplication::restoreOverrideCursor())
+        stack.prepend(*QGuiApplication::overrideCursor());
     Shapes shapes;
     for (const QCursor& cursor : std::as_const(stack)) {
         QGuiApplication::setOverrideCursor(cursor);
@@ -44,8 +38,7 @@ Shapes cursorStack()
 // The first child of that type (and name, when one is given), in stacking order.
 template <typename T> T* child(QGraphicsItem* parent, const QString& name = QString())
 {
-    const QList<QGraphicsItem*> children = parent->childItems();
-    for (QGraphicsItem* item : children) {
+    for (QGraphicsItem* item : parent->childItems()) {
         auto* typed = dynamic_cast<T*>(item);
         if (typed && (name.isEmpty() || typed->objectName() == name))
             return typed;
@@ -53,25 +46,20 @@ template <typename T> T* child(QGraphicsItem* parent, const QString& name = QStr
     return nullptr;
 }
 
-// A group's lines by their stacking: the horizontal line lies above the vertical one.
-std::pair<LineItem*, LineItem*> horizontalAndVerticalOf(QGraphicsItem* group)
+// A group's handle and lines; by their stacking the horizontal line lies above the vertical one.
+std::tuple<CenterDragger*, LineItem*, LineItem*> partsOf(Group* group)
 {
-    std::pair<LineItem*, LineItem*> lines {nullptr, nullptr};
+    std::tuple<CenterDragger*, LineItem*, LineItem*> parts {child<CenterDragger>(group), {}, {}};
     for (QGraphicsItem* item : group->childItems()) {
         if (auto* line = dynamic_cast<LineItem*>(item))
-            (line->zValue() == 0.2 ? lines.first : lines.second) = line;
+            (line->zValue() == 0.2 ? std::get<1>(parts) : std::get<2>(parts)) = line;
     }
-    return lines;
+    return parts;
 }
-
-QString describe(const QPointF& p)
+std::tuple<CenterDragger*, LineDragger*, LineDragger*> partsOf(CrossDragger* cross)
 {
-    return QStringLiteral("%1,%2").arg(p.x()).arg(p.y());
-}
-
-QString describe(float angle)
-{
-    return QString::number(angle, 'f', 1);
+    return {
+        child<CenterDragger>(cross), cross->getHorizontalDragger(), cross->getVerticalDragger()};
 }
 
 } // namespace
@@ -103,75 +91,46 @@ private Q_SLOTS:
             QGuiApplication::restoreOverrideCursor();
     }
 
-    void lineConstraint_data()
-    {
-        QTest::addColumn<Qt::Orientation>("orientation");
-        QTest::addColumn<QRectF>("bounds");
-        QTest::addColumn<float>("tick");
-        QTest::addColumn<bool>("halfOffset");
-        QTest::addColumn<QPointF>("proposed");
-        QTest::addColumn<QPointF>("expected");
-
-        const auto row = [](const char* name, Qt::Orientation orientation, const QRectF& bounds,
-                             float tick, bool halfOffset, QPointF proposed, QPointF expected) {
-            QTest::newRow(name) << orientation << bounds << tick << halfOffset << proposed
-                                << expected;
-        };
-        const auto vertical = Qt::Vertical;
-        const auto horizontal = Qt::Horizontal;
-        // The default rectangle ends at 0 on the right and at the bottom.
-        row("default vertical 50 -> 0", vertical, {}, 0, true, {50, 30}, {0, 0});
-        row("default horizontal 50 -> 0", horizontal, {}, 0, true, {30, 50}, {0, 0});
-        row("default vertical inside", vertical, {}, 0, true, {-250.5, 7}, {-250.5, 0});
-
-        row("vertical floors 27 -> 20", vertical, testBounds, 10, false, {27, 0}, {20, 0});
-        row("vertical floors -27 -> -30", vertical, testBounds, 10, false, {-27, 0}, {-30, 0});
-        row("horizontal truncates -27", horizontal, testBounds, 10, false, {0, -27}, {0, -20});
-        row("horizontal truncates 27", horizontal, testBounds, 10, false, {0, 27}, {0, 20});
-        row("vertical half offset 27 -> 25", vertical, testBounds, 10, true, {27, 0}, {25, 0});
-        row("horizontal half offset 27", horizontal, testBounds, 10, true, {0, 27}, {0, 25});
-
-        // Clamping to the left and top edges.
-        row("vertical left edge", vertical, testBounds, 0, false, {-150, 0}, {-100, 0});
-        row("horizontal top edge", horizontal, testBounds, 0, false, {0, -150}, {0, -100});
-        // Without half offset the vertical line reaches the right edge, while the horizontal line
-        // always stays a whole tick above the bottom edge.
-        row("vertical right edge", vertical, testBounds, 10, false, {150, 0}, {100, 0});
-        row("horizontal bottom less a tick", horizontal, testBounds, 10, false, {0, 150}, {0, 90});
-        // With half offset the rectangle grows by half a tick: right edge 110, less a tick, then
-        // snapped to the middle of the tick.
-        row("vertical right half offset", vertical, testBounds, 10, true, {150, 0}, {105, 0});
-        row("vertical left half offset", vertical, testBounds, 10, true, {-150, 0}, {-95, 0});
-
-        // Snapping in single precision: 0.1 is not exact, the product is rounded as a float.
-        row("single precision snap", vertical, testBounds, 0.1f, false, {0.35, 0}, {3 * 0.1f, 0});
-    }
     void lineConstraint()
     {
-        QFETCH(Qt::Orientation, orientation);
-        QFETCH(QRectF, bounds);
-        QFETCH(float, tick);
-        QFETCH(bool, halfOffset);
-        QFETCH(QPointF, proposed);
-        QFETCH(QPointF, expected);
-
-        auto* dragger = new LineDragger(orientation);
-        m_scene->addItem(dragger);
-        if (!bounds.isNull())
-            dragger->setBoundingRect(bounds);
-        dragger->setTick(tick);
-        dragger->setHalfOffset(halfOffset);
-        record(dragger, &LineDragger::moved, "moved");
-        dragger->move(proposed);
-
-        QCOMPARE(dragger->pos(), expected);
-        QCOMPARE(
-            m_log, expected.isNull() ? QStringList() : QStringList {"moved " + describe(expected)});
+        const Qt::Orientation v = Qt::Vertical, h = Qt::Horizontal;
+        const QRectF none, b = testBounds;
+        const std::tuple<Qt::Orientation, QRectF, float, bool, QPointF, QPointF> cases[] = {
+            // The default rectangle ends at 0 on the right and at the bottom.
+            {v, none, 0, true, {50, 30}, {0, 0}}, {h, none, 0, true, {30, 50}, {0, 0}},
+            {v, none, 0, true, {-250.5, 7}, {-250.5, 0}},
+            // Vertical lines floor to the tick, horizontal ones truncate; a half offset snaps to
+            // the middle of the tick.
+            {v, b, 10, false, {27, 0}, {20, 0}}, {v, b, 10, false, {-27, 0}, {-30, 0}},
+            {h, b, 10, false, {0, -27}, {0, -20}}, {h, b, 10, false, {0, 27}, {0, 20}},
+            {v, b, 10, true, {27, 0}, {25, 0}}, {h, b, 10, true, {0, 27}, {0, 25}},
+            // Clamping to the left and top edges.
+            {v, b, 0, false, {-150, 0}, {-100, 0}}, {h, b, 0, false, {0, -150}, {0, -100}},
+            // Without half offset the vertical line reaches the right edge, while the horizontal
+            // line always stays a whole tick above the bottom edge.
+            {v, b, 10, false, {150, 0}, {100, 0}}, {h, b, 10, false, {0, 150}, {0, 90}},
+            // With half offset the rectangle grows by half a tick: right edge 110, less a tick,
+            // then snapped to the middle of the tick.
+            {v, b, 10, true, {150, 0}, {105, 0}}, {v, b, 10, true, {-150, 0}, {-95, 0}},
+            // Snapping in single precision: 0.1 is not exact, the product is rounded as a float.
+            {v, b, 0.1f, false, {0.35, 0}, {3 * 0.1f, 0}}};
+        for (const auto& [orientation, bounds, tick, halfOffset, proposed, expected] : cases) {
+            m_log.clear();
+            auto* dragger = add(new LineDragger(orientation));
+            if (!bounds.isNull())
+                dragger->setBoundingRect(bounds);
+            dragger->setTick(tick);
+            dragger->setHalfOffset(halfOffset);
+            record(dragger, &LineDragger::moved, "moved");
+            dragger->move(proposed);
+            QCOMPARE(dragger->pos(), expected);
+            QCOMPARE(m_log,
+                expected.isNull() ? QStringList() : QStringList {"moved " + describe(expected)});
+        }
     }
     void pickLineFollowsTheLine()
     {
-        auto* dragger = new LineDragger(Qt::Vertical);
-        m_scene->addItem(dragger);
+        auto* dragger = add(new LineDragger(Qt::Vertical));
         auto* pickLine = child<InvisibleLineDragger>(dragger, "invisibleLineDragger");
         QVERIFY(pickLine);
         QVERIFY(pickLine->flags().testFlag(QGraphicsItem::ItemStacksBehindParent));
@@ -223,8 +182,7 @@ private Q_SLOTS:
     }
     void centerDragger()
     {
-        auto* center = new CenterDragger();
-        m_scene->addItem(center);
+        auto* center = add(new CenterDragger());
         record(center, &CenterDragger::dragged, "dragged");
 
         // Free until a rectangle is set.
@@ -241,8 +199,8 @@ private Q_SLOTS:
         // Hover cursors only while movable.
         m_log.clear();
         center->setRect(-3, -3, 6, 6);
-        record(center, &CenterDragger::hoveringStarted, "started");
-        record(center, &CenterDragger::hoveringStopped, "stopped");
+        record(center, &CenterDragger::hoveringStarted, "started", &CenterDragger::hoveringStopped,
+            "stopped");
 
         center->startHovering();
         QCOMPARE(cursorStack(), Shapes({Qt::SizeAllCursor}));
@@ -261,11 +219,9 @@ private Q_SLOTS:
     void crossMovesSilentlyOrByDrag()
     {
         CrossDragger* cross = addCross();
-        auto* center = child<CenterDragger>(cross);
-        LineDragger* horizontal = cross->getHorizontalDragger();
-        LineDragger* vertical = cross->getVerticalDragger();
-        record(cross, &CrossDragger::horizontalMoved, "horizontal");
-        record(cross, &CrossDragger::verticalMoved, "vertical");
+        const auto [center, horizontal, vertical] = partsOf(cross);
+        record(cross, &CrossDragger::horizontalMoved, "horizontal", &CrossDragger::verticalMoved,
+            "vertical");
         QCOMPARE(child<CenterDragger>(cross, "centerDragger"), center);
         checkCrossing(center, horizontal, vertical, QPointF(0, 0));
 
@@ -311,9 +267,7 @@ private Q_SLOTS:
     void crossMovableAndVisibility()
     {
         CrossDragger cross;
-        auto* center = child<CenterDragger>(&cross);
-        LineDragger* horizontal = cross.getHorizontalDragger();
-        LineDragger* vertical = cross.getVerticalDragger();
+        const auto [center, horizontal, vertical] = partsOf(&cross);
         // Movable reports the horizontal line.
         cross.setMovable(false);
         QVERIFY(!cross.getMovable());
@@ -345,42 +299,25 @@ private Q_SLOTS:
         QVERIFY(!cross.isVerticalDraggerEnabled() && !center->isVisible());
     }
 
-    void clipsTheLineToTheViewport_data()
-    {
-        QTest::addColumn<QRectF>("rect");
-        QTest::addColumn<QPointF>("point");
-        QTest::addColumn<QVector2D>("direction");
-        QTest::addColumn<QLineF>("expected");
-
-        const QPointF inside(120, 50);
-        QTest::newRow("horizontal")
-            << viewport << inside << QVector2D(1, 0) << QLineF(0, 50, 300, 50);
-        QTest::newRow("reversed") << viewport << inside << QVector2D(-7, 0)
-                                  << QLineF(300, 50, 0, 50);
-        QTest::newRow("diagonal from outside") << QRectF(0, 0, 100, 100) << QPointF(-50, -50)
-                                               << QVector2D(2, 2) << QLineF(0, 0, 100, 100);
-        QTest::newRow("misses") << viewport << QPointF(120, 500) << QVector2D(1, 0) << QLineF();
-        QTest::newRow("zero direction") << viewport << inside << QVector2D(0, 0) << QLineF();
-        QTest::newRow("tiny direction") << viewport << inside << QVector2D(5e-6f, 0) << QLineF();
-    }
     void clipsTheLineToTheViewport()
     {
-        QFETCH(QRectF, rect);
-        QFETCH(QPointF, point);
-        QFETCH(QVector2D, direction);
-        QFETCH(QLineF, expected);
-
-        auto* item = new LineItem();
-        m_scene->addItem(item);
-        item->setViewportRectangle(rect);
-        item->setLine(point, direction);
-
-        QCOMPARE(item->line(), expected);
-        QCOMPARE(child<InvisibleLineDragger>(item)->line(), expected);
-        QCOMPARE(item->getRotationPoint(), point);
-        QVERIFY(!expected.isNull() || !item->contains(point));
-        QCOMPARE(itemAt(expected.isNull() ? point : expected.center()),
-            expected.isNull() ? nullptr : item);
+        const QPointF inside(120, 50);
+        const QRectF square(0, 0, 100, 100);
+        const std::tuple<QRectF, QPointF, QVector2D, QLineF> cases[]
+            = {{viewport, inside, {1, 0}, {0, 50, 300, 50}},
+                {viewport, inside, {-7, 0}, {300, 50, 0, 50}},
+                {square, {-50, -50}, {2, 2}, {0, 0, 100, 100}}, {viewport, {120, 500}, {1, 0}, {}},
+                {viewport, inside, {0, 0}, {}}, {viewport, inside, {5e-6f, 0}, {}}};
+        for (const auto& [rect, point, direction, expected] : cases) {
+            LineItem* item = addLine(point, direction, rect);
+            QCOMPARE(item->line(), expected);
+            QCOMPARE(child<InvisibleLineDragger>(item)->line(), expected);
+            QCOMPARE(item->getRotationPoint(), point);
+            QVERIFY(!expected.isNull() || !item->contains(point));
+            QCOMPARE(itemAt(expected.isNull() ? point : expected.center()),
+                expected.isNull() ? nullptr : item);
+            delete item;
+        }
     }
     void unchangedLineOrViewportDoesNotRecompute()
     {
@@ -400,98 +337,69 @@ private Q_SLOTS:
         item->setLine(QPointF(120, 50), QVector2D(2, 0));
         QCOMPARE(item->line(), QLineF(0, 50, 200, 50));
     }
-    void rotateOrTranslateZones_data()
-    {
-        QTest::addColumn<qreal>("rotationX");
-        QTest::addColumn<qreal>("pressX");
-        QTest::addColumn<bool>("rotate");
-        QTest::addColumn<bool>("rotationEnabled");
-        QTest::addColumn<bool>("translationEnabled");
-
-        const auto row = [](const char* name, qreal rotationX, qreal pressX, bool rotate,
-                             bool rotationEnabled = true, bool translationEnabled = true) {
-            QTest::newRow(name) << rotationX << pressX << rotate << rotationEnabled
-                                << translationEnabled;
-        };
-        // Rotation point at the start: the far third rotates.
-        row("start, far end", 0, 290, true);
-        row("start, just inside the third", 0, 201, true);
-        row("start, exactly at the third", 0, 200, false);
-        row("start, near the point", 0, 10, false);
-        row("before the viewport", -100, 250, true);
-        row("before the viewport, near", -100, 50, false);
-        // Rotation point in the middle: the outer third of each side rotates.
-        row("middle, right end", 150, 251, true);
-        row("middle, right third exactly", 150, 250, false);
-        row("middle, left end", 150, 49, true);
-        row("middle, left third exactly", 150, 50, false);
-        row("middle, at the point", 150, 150, false);
-        // Rotation point at the end: the near third of the segment start rotates.
-        row("end, start", 300, 99, true);
-        row("end, third exactly", 300, 100, false);
-        row("end, near the point", 300, 290, false);
-        // Without rotation everything translates; without translation everything rotates, even the
-        // rotation point itself.
-        row("rotation disabled, far end", 150, 295, false, false);
-        row("rotation disabled, near end", 150, 5, false, false);
-        row("translation disabled, at the point", 150, 150, true, true, false);
-        row("translation disabled, middle", 150, 200, true, true, false);
-    }
     void rotateOrTranslateZones()
     {
-        QFETCH(qreal, rotationX);
-        QFETCH(qreal, pressX);
-        QFETCH(bool, rotate);
-        QFETCH(bool, rotationEnabled);
-        QFETCH(bool, translationEnabled);
-
-        LineItem* item = addLine(rotationX);
-        item->enableRotation(rotationEnabled);
-        item->enableTranslation(translationEnabled);
-        QCOMPARE(item->shouldRotateAt(QPointF(pressX, 50)), rotate);
-        // Only the projection onto the line counts.
-        QCOMPARE(item->shouldRotateAt(QPointF(pressX, 80)), rotate);
+        const struct
+        {
+            qreal rotationX, pressX;
+            bool rotate, rotationEnabled = true, translationEnabled = true;
+        } cases[]
+            = {// Rotation point at the start: the far third rotates; before the viewport likewise.
+                {0, 290, true}, {0, 201, true}, {0, 200, false}, {0, 10, false}, {-100, 250, true},
+                {-100, 50, false},
+                // Rotation point in the middle: the outer third of each side rotates.
+                {150, 251, true}, {150, 250, false}, {150, 49, true}, {150, 50, false},
+                {150, 150, false},
+                // Rotation point at the end: the near third of the segment start rotates.
+                {300, 99, true}, {300, 100, false}, {300, 290, false},
+                // Without rotation everything translates; without translation everything rotates,
+                // even the rotation point itself.
+                {150, 295, false, false}, {150, 5, false, false}, {150, 150, true, true, false},
+                {150, 200, true, true, false}};
+        for (const auto& c : cases) {
+            LineItem* item = addLine(c.rotationX);
+            item->enableRotation(c.rotationEnabled);
+            item->enableTranslation(c.translationEnabled);
+            QCOMPARE(item->shouldRotateAt(QPointF(c.pressX, 50)), c.rotate);
+            // Only the projection onto the line counts.
+            QCOMPARE(item->shouldRotateAt(QPointF(c.pressX, 80)), c.rotate);
+            delete item;
+        }
     }
     void manipulationModes()
     {
         LineItem* item = addLine(150);
-        record(item, &LineItem::lineRotated, "rotated");
-        record(item, &LineItem::lineTranslated, "translated");
+        record(item, &LineItem::lineRotated, "rotated", &LineItem::lineTranslated, "translated");
 
-        QVERIFY(item->isRotatingParallelLine(QPointF(290, 50)));
-        QVERIFY(item->isRotatingParallelLine(QPointF(290, 10)));
-        QVERIFY(!item->isRotatingParallelLine(QPointF(10, 50)));
-        QVERIFY(!item->isRotatingParallelLine(QPointF(150, -10)));
-        QVERIFY(!item->isRotatingParallelLine(QPointF(150, 110)));
+        for (const auto& [p, parallel] : {std::pair {QPointF(290, 50), true}, {{290, 10}, true},
+                 {{10, 50}, false}, {{150, -10}, false}, {{150, 110}, false}})
+            QCOMPARE(item->isRotatingParallelLine(p), parallel);
 
         // On the direction side the angle is measured from the rotation point to the mouse; no
         // change, no signal.
         item->startManipulation(QPointF(290, 50));
         QVERIFY(item->isManipulating());
-        send(item, QEvent::GraphicsSceneMouseMove, QPointF(290, 50));
-        send(item, QEvent::GraphicsSceneMouseMove, QPointF(250, -50));
-        send(item, QEvent::GraphicsSceneMouseMove, QPointF(10, 60));
+        move(item, {{290, 50}, {250, -50}, {10, 60}});
         item->stopManipulation();
         QVERIFY(!item->isManipulating());
-        send(item, QEvent::GraphicsSceneMouseMove, QPointF(200, 0));
+        move(item, {{200, 0}});
 
         // On the opposite side it is measured from the mouse to the rotation point, so staying on
         // that side gives small angles and crossing over gives angles near 180.
         item->startManipulation(QPointF(10, 50));
-        send(item, QEvent::GraphicsSceneMouseMove, QPointF(50, 150));
-        send(item, QEvent::GraphicsSceneMouseMove, QPointF(290, 52));
+        move(item, {{50, 150}, {290, 52}});
         item->stopManipulation();
 
         // Translation, and nothing while manipulation is disabled.
         item->startManipulation(QPointF(200, 50));
         QVERIFY(item->isManipulating());
-        send(item, QEvent::GraphicsSceneMouseMove, QPointF(210, 80));
+        move(item, {{210, 80}});
         item->stopManipulation();
 
         item->disableManipulation();
         item->startManipulation(QPointF(200, 50));
         QVERIFY(!item->isManipulating());
-        send(item, QEvent::GraphicsSceneMouseMove, QPointF(220, 90));
+        move(item, {{220, 90}});
         item->enableManipulation();
         item->startManipulation(QPointF(290, 50));
         QVERIFY(item->isManipulating());
@@ -506,43 +414,28 @@ private Q_SLOTS:
         item->startManipulation(QPointF(290, 50));
         QVERIFY(!item->isManipulating());
     }
-    void translationCursorFollowsTheAngle_data()
-    {
-        QTest::addColumn<qreal>("angle");
-        QTest::addColumn<Qt::CursorShape>("shape");
-
-        const QList<Qt::CursorShape> shapes
-            = {Qt::SizeVerCursor, Qt::SizeFDiagCursor, Qt::SizeHorCursor, Qt::SizeBDiagCursor};
-        for (int i = 0; i < 8; ++i)
-            QTest::addRow("%d degrees", i * 45) << qreal(i * 45) << shapes.at(i % 4);
-        QTest::newRow("22 rounds down") << 22.0 << Qt::SizeVerCursor;
-        QTest::newRow("23 rounds up") << 23.0 << Qt::SizeFDiagCursor;
-        QTest::newRow("350 rounds to 8") << 350.0 << Qt::SizeVerCursor;
-    }
     void translationCursorFollowsTheAngle()
     {
-        QFETCH(qreal, angle);
-        QFETCH(Qt::CursorShape, shape);
-
-        auto* item = new LineItem();
-        m_scene->addItem(item);
-        item->setViewportRectangle(QRectF(-100, -100, 200, 200));
-        item->setLine(QPointF(0, 0), QVector2D(QLineF::fromPolar(10, angle).p2()));
-        QVERIFY(qAbs(item->line().angle() - angle) < 0.01);
-        QCOMPARE(item->getTranslationCursor().shape(), shape);
-        QCOMPARE(item->getCursor(false).shape(), shape);
+        const Qt::CursorShape ver = Qt::SizeVerCursor, fdiag = Qt::SizeFDiagCursor;
+        const Qt::CursorShape hor = Qt::SizeHorCursor, bdiag = Qt::SizeBDiagCursor;
+        // Eighths of a turn, rounded: 22 down, 23 up, 350 to the full turn.
+        const std::pair<qreal, Qt::CursorShape> cases[]
+            = {{0, ver}, {45, fdiag}, {90, hor}, {135, bdiag}, {180, ver}, {225, fdiag}, {270, hor},
+                {315, bdiag}, {22, ver}, {23, fdiag}, {350, ver}};
+        for (const auto& [angle, shape] : cases) {
+            LineItem* item = addLine(
+                {0, 0}, QVector2D(QLineF::fromPolar(10, angle).p2()), QRectF(-100, -100, 200, 200));
+            QVERIFY(qAbs(item->line().angle() - angle) < 0.01);
+            QCOMPARE(item->getTranslationCursor().shape(), shape);
+            QCOMPARE(item->getCursor(false).shape(), shape);
+        }
     }
     void overrideCursorsArePaired()
     {
         LineItem* item = addLine(150);
-        struct Step
-        {
-            QEvent::Type type;
-            QPointF pos;
-            Shapes cursors;
-        };
         const Shapes rotate {Qt::BitmapCursor};
-        const Step steps[] {{QEvent::GraphicsSceneHoverEnter, {290, 50}, rotate},
+        const std::tuple<QEvent::Type, QPointF, Shapes> steps[] {
+            {QEvent::GraphicsSceneHoverEnter, {290, 50}, rotate},
             {QEvent::GraphicsSceneHoverMove, {200, 50}, {Qt::SizeVerCursor}},
             {QEvent::MouseButtonPress, {290, 50}, rotate},
             {QEvent::GraphicsSceneMouseMove, {280, 20}, rotate},
@@ -550,14 +443,14 @@ private Q_SLOTS:
             {QEvent::GraphicsSceneHoverMove, {200, 50}, {Qt::SizeVerCursor}},
             {QEvent::GraphicsSceneHoverMove, {10, 50}, rotate},
             {QEvent::GraphicsSceneHoverLeave, {10, 90}, {}}};
-        for (const Step& step : steps) {
-            if (step.type == QEvent::MouseButtonPress)
-                item->startManipulation(step.pos);
-            else if (step.type == QEvent::MouseButtonRelease)
+        for (const auto& [type, pos, cursors] : steps) {
+            if (type == QEvent::MouseButtonPress)
+                item->startManipulation(pos);
+            else if (type == QEvent::MouseButtonRelease)
                 item->stopManipulation();
             else
-                send(item, step.type, step.pos);
-            QCOMPARE(cursorStack(), step.cursors);
+                send(item, type, {pos});
+            QCOMPARE(cursorStack(), cursors);
         }
 
         // The rotate cursor's pixmap is loaded once for all lines.
@@ -574,11 +467,10 @@ private Q_SLOTS:
     }
     void groupConstruction()
     {
-        auto* group = new Group();
-        m_scene->addItem(group);
+        auto* group = add(new Group());
         auto* center = child<CenterDragger>(group);
-        record(group, &Group::horizontalLineTranslated, "horizontal");
-        record(group, &Group::verticalLineTranslated, "vertical");
+        record(group, &Group::horizontalLineTranslated, "horizontal",
+            &Group::verticalLineTranslated, "vertical");
         record(center, &CenterDragger::dragged, "dragged");
         // The drawn lines are clipped in single precision.
         const auto centerNear = [&](const QPointF& p) {
@@ -597,8 +489,8 @@ private Q_SLOTS:
 
         group->setHorizontalLine(QPointF(150, 50), QVector2D(1, 0));
         group->setVerticalLine(QPointF(150, 50), QVector2D(0, 1));
-        const auto [horizontal, vertical] = horizontalAndVerticalOf(group);
-        QVERIFY(horizontal && vertical);
+        const auto [center_, horizontal, vertical] = partsOf(group);
+        QVERIFY(center_ == center && horizontal && vertical);
         checkCrossing(center, horizontal, vertical, QPointF(150, 50));
 
         group->setHorizontalColor(Qt::blue);
@@ -611,8 +503,8 @@ private Q_SLOTS:
         QCOMPARE(extra->parentItem(), group);
         QCOMPARE(extra->pen().color(), QColor(Qt::yellow));
         QCOMPARE(child<InvisibleLineDragger>(extra)->pen().width(), 2);
-        record(group, &Group::horizontalLineRotated, "horizontal rotated");
-        record(group, &Group::verticalLineRotated, "vertical rotated");
+        record(group, &Group::horizontalLineRotated, "horizontal rotated",
+            &Group::verticalLineRotated, "vertical rotated");
         record(extra, &LineItem::lineRotated, "extra");
         extra->setViewportRectangle(viewport);
         extra->setLine(QPointF(150, 50), QVector2D(1, 0));
@@ -623,11 +515,10 @@ private Q_SLOTS:
     void groupSignals()
     {
         Group* group = addGroup();
-        const auto [horizontal, vertical] = horizontalAndVerticalOf(group);
-        record(group, &Group::horizontalLineTranslated, "horizontal");
-        record(group, &Group::verticalLineTranslated, "vertical");
-        record(group, &Group::horizontalLineRotated, "horizontal rotated");
-        record(group, &Group::verticalLineRotated, "vertical rotated");
+        const auto [center, horizontal, vertical] = partsOf(group);
+        record(group, &Group::horizontalLineTranslated, "horizontal",
+            &Group::verticalLineTranslated, "vertical", &Group::horizontalLineRotated,
+            "horizontal rotated", &Group::verticalLineRotated, "vertical rotated");
 
         // Dragging the handle: once for the move and once more for the release.
         drag({QPointF(150, 50), QPointF(170, 40)});
@@ -637,17 +528,16 @@ private Q_SLOTS:
         // Each line's own manipulation is forwarded as that line's.
         m_log.clear();
         horizontal->startManipulation(QPointF(290, 50));
-        send(horizontal, QEvent::GraphicsSceneMouseMove, QPointF(250, -50));
+        move(horizontal, {{250, -50}});
         horizontal->stopManipulation();
         vertical->startManipulation(QPointF(150, 40));
-        send(vertical, QEvent::GraphicsSceneMouseMove, QPointF(170, 30));
+        move(vertical, {{170, 30}});
         QCOMPARE(m_log, QStringList({"horizontal rotated 45.0", "vertical 170,30"}));
     }
     void groupHoverAndSettings()
     {
         Group* group = addGroup();
-        auto* center = child<CenterDragger>(group);
-        const auto [horizontal, vertical] = horizontalAndVerticalOf(group);
+        const auto [center, horizontal, vertical] = partsOf(group);
 
         center->startHovering();
         for (LineItem* line : {horizontal, vertical}) {
@@ -689,13 +579,20 @@ private Q_SLOTS:
     }
 
 private:
+    static QString describe(const QPointF& p)
+    {
+        return QStringLiteral("%1,%2").arg(p.x()).arg(p.y());
+    }
+    static QString describe(float angle) { return QString::number(angle, 'f', 1); }
     // Appends "name arguments" to m_log each time the signal is emitted.
-    template <typename Sender, typename... Args>
-    void record(Sender* sender, void (Sender::*signal)(Args...), const QString& name)
+    template <typename Sender, typename... Args, typename... More>
+    void record(Sender* sender, void (Sender::*signal)(Args...), const QString& name, More... more)
     {
         connect(sender, signal, this, [this, name](Args... args) {
             m_log << (QStringList {name} << QStringList {describe(args)...}).join(' ');
         });
+        if constexpr (sizeof...(More) > 0)
+            record(sender, more...);
     }
     // Presses at the first point, moves through the others and releases at the last.
     void drag(const QList<QPointF>& path)
@@ -707,43 +604,50 @@ private:
         QTest::mouseRelease(viewport, Qt::LeftButton, {}, m_view->mapFromScene(path.last()));
     }
     QGraphicsItem* itemAt(const QPointF& p) const { return m_scene->itemAt(p, QTransform()); }
-    void send(QGraphicsItem* item, QEvent::Type type, const QPointF& scenePos)
+    // Sends the item a hover event, or mouse moves with the left button held through the points.
+    void send(QGraphicsItem* item, QEvent::Type type, const QList<QPointF>& points)
     {
-        if (type == QEvent::GraphicsSceneMouseMove) {
-            QGraphicsSceneMouseEvent event(type);
-            event.setScenePos(scenePos);
-            event.setButtons(Qt::LeftButton);
-            m_scene->sendEvent(item, &event);
-        } else {
-            QGraphicsSceneHoverEvent event(type);
-            event.setScenePos(scenePos);
-            m_scene->sendEvent(item, &event);
+        for (const QPointF& p : points) {
+            QGraphicsSceneMouseEvent move(type);
+            QGraphicsSceneHoverEvent hover(type);
+            move.setScenePos(p);
+            move.setButtons(Qt::LeftButton);
+            hover.setScenePos(p);
+            m_scene->sendEvent(item,
+                type == QEvent::GraphicsSceneMouseMove ? static_cast<QEvent*>(&move) : &hover);
         }
+    }
+    void move(QGraphicsItem* item, const QList<QPointF>& points)
+    {
+        send(item, QEvent::GraphicsSceneMouseMove, points);
     }
     // A cross spanning the test bounds, without half offsets, its lines through the origin.
     CrossDragger* addCross()
     {
-        auto* cross = new CrossDragger();
-        m_scene->addItem(cross);
+        auto* cross = add(new CrossDragger());
         cross->setBoundingRect(testBounds);
         cross->setRect(testBounds);
         cross->setHorizontalHalfOffset(false);
         cross->setVerticalHalfOffset(false);
         return cross;
     }
-    LineItem* addLine(qreal rotationX, const QRectF& rect = viewport)
+    template <typename T> T* add(T* item)
     {
-        auto* item = new LineItem();
         m_scene->addItem(item);
-        item->setViewportRectangle(rect);
-        item->setLine(QPointF(rotationX, 50), QVector2D(1, 0));
         return item;
     }
+    LineItem* addLine(const QPointF& point, const QVector2D& direction, const QRectF& rect)
+    {
+        auto* item = add(new LineItem());
+        item->setViewportRectangle(rect);
+        item->setLine(point, direction);
+        return item;
+    }
+    LineItem* addLine(qreal rotationX) { return addLine({rotationX, 50}, {1, 0}, viewport); }
     // A group whose lines cross at (150, 50) in the viewport.
     Group* addGroup()
     {
-        auto* group = new Group();
-        m_scene->addItem(group);
+        auto* group = add(new Group());
         group->setViewportRectangle(viewport);
         group->setHorizontalLine(QPointF(150, 50), QVector2D(1, 0));
         group->setVerticalLine(QPointF(150, 50), QVector2D(0, 1));
