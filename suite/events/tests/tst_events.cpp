@@ -12,7 +12,7 @@ class tst_Events : public QObject
 private Q_SLOTS:
     void init() { QTest::failOnWarning(QRegularExpression(QStringLiteral(".*"))); }
 
-    void clickOrDragPerButton()
+    void clickOrDragAndViewerFilter()
     {
         const int distance = QGuiApplication::styleHints()->startDragDistance();
         events::ClickOrDragDeterminer gesture;
@@ -45,10 +45,6 @@ private Q_SLOTS:
         drag(Qt::RightButton, QPoint(500, 500));
         drag(Qt::RightButton, QPoint(500 + distance, 500));
         QCOMPARE(calls, QStringList({"start", "move", "click", "end", "click", "start"}));
-    }
-
-    void handlersSeeAllViewersByDefault()
-    {
         struct Handler : events::SceneEventHandler
         {
             bool handleSceneEvent(QEvent*, const QString&) override { return true; }

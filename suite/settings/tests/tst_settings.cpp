@@ -18,25 +18,19 @@ class tst_Settings : public QObject
 {
     Q_OBJECT
 
-    QTemporaryDir m_dir;
-    QString file() const { return m_dir.filePath(QTest::currentTestFunction() + QString(".ini")); }
-
 private Q_SLOTS:
-    void init()
-    {
-        QTest::failOnWarning(QRegularExpression(QStringLiteral(".*")));
-        QVERIFY(m_dir.isValid());
-        captured.clear();
-    }
+    void init() { QTest::failOnWarning(QRegularExpression(QStringLiteral(".*"))); }
 
-    void userDefaultsSignalRealChangesAndSurviveANewManager()
+    void userDefaultsAndMessageSuppression()
     {
+        QTemporaryDir dir;
+        QVERIFY(dir.isValid());
+        const QString file = dir.filePath(QStringLiteral("user.ini"));
         {
-            settings::SettingsManager writer(file(), QSettings::IniFormat);
+            settings::SettingsManager writer(file, QSettings::IniFormat);
             const settings::SettingsData& defaults = writer.getUserDefaults();
             QCOMPARE(defaults.getSetting(QStringLiteral("labelFontSize")), QVariant(12));
-            QVERIFY(!defaults.getSetting(QStringLiteral("unknown")).isValid());
-            QVERIFY(!defaults.hasSetting(QStringLiteral("unknown")));
+            QVERIFY(!defaults.getSetting("unknown").isValid() && !defaults.hasSetting("unknown"));
             QSignalSpy spy(&writer, &settings::SettingsManager::userDefaultSettingChanged);
             writer.setUserDefault(QStringLiteral("labelFontSize"), 12); // the built-in value
             QCOMPARE(spy.count(), 0);
@@ -46,16 +40,12 @@ private Q_SLOTS:
             QCOMPARE(spy.count(), 2);
             QCOMPARE(spy.at(0).at(0).toString(), QStringLiteral("labelFontSize"));
         }
-        settings::SettingsManager reader(file(), QSettings::IniFormat);
+        settings::SettingsManager reader(file, QSettings::IniFormat);
         const QVariant size = reader.getUserDefaults().getSetting(QStringLiteral("labelFontSize"));
         QCOMPARE(size.toInt(), 17);
         QCOMPARE(size.metaType(), QMetaType::fromType<int>()); // the ini file stores text
         QCOMPARE(reader.getUserDefaults().getSetting(QStringLiteral("units")).toString(),
             QStringLiteral("mm"));
-    }
-
-    void suppressionOptions()
-    {
         QtMessageHandler testHandler = qInstallMessageHandler(capture);
         MessageHandler::setMessageSuppressed(QStringLiteral("hidden"), 2);
         qWarning("hidden"); // not installed yet: nothing is filtered

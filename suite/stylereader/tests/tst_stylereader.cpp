@@ -18,13 +18,9 @@ class tst_StyleReader : public QObject
     }
 
 private Q_SLOTS:
-    void init()
-    {
-        QTest::failOnWarning(QRegularExpression(QStringLiteral(".*")));
-        QVERIFY(m_dir.isValid());
-    }
+    void init() { QTest::failOnWarning(QRegularExpression(QStringLiteral(".*"))); }
 
-    void laterFilesOverrideAndReferencesResolveAcrossFiles()
+    void laterFilesReferencesAndPalettes()
     {
         const QString first = write("1.txt",
             "// colours\n"
@@ -42,6 +38,17 @@ private Q_SLOTS:
             (StyleMap {{"@LABEL_FONT", "16 \"Open Sans\""}, {"@NO_SEMICOLON", "3px"},
                 {"@UMLAUT", "M\u00fcnchen"}, {"@BASE", "blue"}, {"@ACCENT", "blue"},
                 {"@CHAIN", "blue"}}));
+        const QString file = write(
+            "palette.txt", "[Dark]\n@BG: #000000;\n@TEXT: @BG;\n[Light]\n@BG: #ffffff;\n[Empty]\n");
+        StyleReader reader;
+        QCOMPARE(reader.convertFilesToStyleMap(QStringLiteral("Dark"), file),
+            (StyleMap {{"@BG", "#000000"}, {"@TEXT", "#000000"}}));
+        QCOMPARE(reader.convertFilesToStyleMap(QStringLiteral("Light"), file),
+            (StyleMap {{"@BG", "#ffffff"}}));
+        QVERIFY(reader.convertFilesToStyleMap(QStringLiteral("Empty"), file).isEmpty());
+        QTest::ignoreMessage(QtWarningMsg,
+            qPrintable(QStringLiteral("StyleReader : unknown palette Sepia in %1").arg(file)));
+        QVERIFY(reader.convertFilesToStyleMap(QStringLiteral("Sepia"), file).isEmpty());
     }
 
     void badLinesFilesAndReferencesWarnAndKeepTheRest()
@@ -60,21 +67,6 @@ private Q_SLOTS:
         QCOMPARE(StyleReader().convertFilesToStyleMap({missing, file}),
             (StyleMap {
                 {"@GOOD", "1"}, {"@A", "@B"}, {"@B", "@A"}, {"@C", "@NOWHERE"}, {"@D", "@A @B"}}));
-    }
-
-    void paletteSections()
-    {
-        const QString file = write(
-            "palette.txt", "[Dark]\n@BG: #000000;\n@TEXT: @BG;\n[Light]\n@BG: #ffffff;\n[Empty]\n");
-        StyleReader reader;
-        QCOMPARE(reader.convertFilesToStyleMap(QStringLiteral("Dark"), file),
-            (StyleMap {{"@BG", "#000000"}, {"@TEXT", "#000000"}}));
-        QCOMPARE(reader.convertFilesToStyleMap(QStringLiteral("Light"), file),
-            (StyleMap {{"@BG", "#ffffff"}}));
-        QVERIFY(reader.convertFilesToStyleMap(QStringLiteral("Empty"), file).isEmpty());
-        QTest::ignoreMessage(QtWarningMsg,
-            qPrintable(QStringLiteral("StyleReader : unknown palette Sepia in %1").arg(file)));
-        QVERIFY(reader.convertFilesToStyleMap(QStringLiteral("Sepia"), file).isEmpty());
     }
 };
 

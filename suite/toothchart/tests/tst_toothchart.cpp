@@ -13,8 +13,8 @@ class tst_ToothChart : public QObject
 private Q_SLOTS:
     void init() { QTest::failOnWarning(QRegularExpression(QStringLiteral(".*"))); }
 
-    // Every name, both ways, is pinned where the application reads it: tst_toothnamegenerator.
-    void onlyDeciduousPositionsHaveChildNotations()
+    // Every name, both ways, is pinned where the application reads it: tst_utility.
+    void notationsArchesAndWalks()
     {
         for (int value = 1; value <= 32; ++value) {
             const bool child
@@ -24,10 +24,6 @@ private Q_SLOTS:
         }
         QCOMPARE(Convertor::getToothTypeForFdiNotation("  48 "), T(32)); // blanks around are fine
         QCOMPARE(Convertor::getToothTypeForUnivNotation(" 32  "), T(32));
-    }
-
-    void rejectsTextsThatNameNoTooth()
-    {
         // "08" and the like are neither: FDI has no quadrant 0, Universal writes no leading zero.
         for (const QString text :
             {"", " ", "19", "10", "56", "66", "91", "0", "39", "U", "1a", "-1", "011", "08"}) {
@@ -37,38 +33,33 @@ private Q_SLOTS:
                 QCOMPARE(Convertor::getToothTypeForUnivNotation(text), ToothChart::UnknownTooth);
             QCOMPARE(Convertor::getFdiNotationForToothType(T(text.toInt() + 40), false), QString());
         }
-    }
-
-    void archesValidityAndWalks()
-    {
-        QCOMPARE(ToothChart::getTeeth(ToothChart::Upper).size(), 16);
-        QCOMPARE(ToothChart::getTeeth(ToothChart::Upper).first(), T(1));
-        QCOMPARE(ToothChart::getTeeth(ToothChart::Lower).first(), T(17));
-        QCOMPARE(ToothChart::getTeethForChild(ToothChart::Upper).first(), T(4));
-        QCOMPARE(ToothChart::getTeethForChild(ToothChart::Lower).last(), T(29));
-        QVERIFY(!ToothChart::isValidTooth(ToothChart::UnknownTooth));
-        QVERIFY(!ToothChart::isValidTooth(ToothChart::NoTooth));
-        QVERIFY(!ToothChart::isValidTooth(T(33)));
-        QVERIFY(ToothChart::isUpperTooth(T(16)));
-        QVERIFY(ToothChart::isLowerTooth(T(17)));
-        QVERIFY(!ToothChart::isLowerTooth(T(33)));
-        QCOMPARE(ToothChart::getArch(T(32)), ToothChart::Lower);
-        QCOMPARE(ToothChart::getNextTooth(T(16), false), T(17));
-        QCOMPARE(ToothChart::getNextTooth(T(32), false), ToothChart::NoTooth);
-        QCOMPARE(ToothChart::getPreviousTooth(T(1), false), ToothChart::NoTooth);
-        QCOMPARE(ToothChart::getPreviousTooth(T(17), false), T(16));
-        QCOMPARE(ToothChart::getPreviousTooth(T(20), true), T(13));
-        QCOMPARE(ToothChart::getPreviousTooth(T(4), true), ToothChart::NoTooth);
-        QCOMPARE(ToothChart::getNextTooth(T(2), true), ToothChart::NoTooth);
-        QCOMPARE(ToothChart::getNextTooth(ToothChart::UnknownTooth, false), ToothChart::NoTooth);
+        using TC = ToothChart;
+        QList<T> all;
+        for (int value = 1; value <= 32; ++value)
+            all << T(value);
+        QCOMPARE(TC::getTeeth(TC::Upper) + TC::getTeeth(TC::Lower), all);
+        for (const T tooth : {TC::UnknownTooth, TC::NoTooth, T(33)})
+            QVERIFY(
+                !TC::isValidTooth(tooth) && !TC::isUpperTooth(tooth) && !TC::isLowerTooth(tooth));
+        QVERIFY(
+            TC::isUpperTooth(T(16)) && !TC::isLowerTooth(T(16)) && TC::getArch(T(16)) == TC::Upper);
+        QVERIFY(
+            TC::isLowerTooth(T(17)) && !TC::isUpperTooth(T(17)) && TC::getArch(T(32)) == TC::Lower);
+        // Tooth, child walk, next, previous.
+        const std::tuple<T, bool, T, T> steps[]
+            = {{T(16), false, T(17), T(15)}, {T(32), false, TC::NoTooth, T(31)},
+                {T(1), false, T(2), TC::NoTooth}, {T(20), true, T(21), T(13)},
+                {T(4), true, T(5), TC::NoTooth}, {T(2), true, TC::NoTooth, TC::NoTooth},
+                {TC::UnknownTooth, false, TC::NoTooth, TC::NoTooth}};
+        for (const auto& [tooth, child, next, previous] : steps) {
+            QCOMPARE(TC::getNextTooth(tooth, child), next);
+            QCOMPARE(TC::getPreviousTooth(tooth, child), previous);
+        }
         // A whole child walk visits exactly the deciduous positions, upper arch first.
         QList<T> walked;
-        for (T tooth = T(4); tooth != ToothChart::NoTooth;
-             tooth = ToothChart::getNextTooth(tooth, true))
+        for (T tooth = T(4); tooth != TC::NoTooth; tooth = TC::getNextTooth(tooth, true))
             walked.append(tooth);
-        QCOMPARE(walked,
-            ToothChart::getTeethForChild(ToothChart::Upper)
-                + ToothChart::getTeethForChild(ToothChart::Lower));
+        QCOMPARE(walked, TC::getTeethForChild(TC::Upper) + TC::getTeethForChild(TC::Lower));
     }
 };
 
