@@ -190,24 +190,20 @@ private Q_SLOTS:
         auto parent = viewWithTiles({"a", "b", "a", "c"});
         parent->clearAlteredRecursively();
         ui::Viewer3DNode viewer;
-        const auto batch = [](const QStringList& ids) {
-            std::vector<std::unique_ptr<ui::Node>> nodes;
-            for (const QString& id : ids)
-                nodes.push_back(tile(id));
-            return nodes;
-        };
+        std::vector<std::unique_ptr<ui::Node>> batch;
+        batch.push_back(tile("d"));
+        batch.push_back(tile("e"));
         {
             // Under the state tree's own lock edits are stored but are no changes.
             ModificationLock lock(ModificationLock::Scope::UserInterfaceState);
-            parent->addNodes(batch({"d", "e"}));
+            parent->addNodes(std::move(batch));
             parent->addNode(tile("f"));
             parent->removeNode(*parent->getNodes().back());
             viewer.setNearDistance(0.5f);
         }
         QCOMPARE(tileIds(*parent), (QStringList {"a", "b", "a", "c", "d", "e"}));
         QCOMPARE(viewer.getNearDistance(), 0.5f);
-        QVERIFY(!parent->isAltered());
-        QVERIFY(!viewer.isAltered());
+        QVERIFY(!parent->isAltered() && !viewer.isAltered());
         {
             ModificationLock lock(ModificationLock::Scope::Document);
             viewer.setNearDistance(0.75f);
@@ -228,23 +224,21 @@ private Q_SLOTS:
         QCOMPARE(parent->getNodes().at(0), firstA);
         QVERIFY(parent->isAltered());
         parent->clearAlteredRecursively();
-        parent->addNode(tile("f"));
-        QVERIFY(parent->isAltered());
-        parent->clearAlteredRecursively();
-        parent->addNodes(batch({"g"}));
+        parent->addNodes(viewWithTiles({"f"})->takeNodes());
         QVERIFY(parent->isAltered());
 
         // A grandchild is not a child; its changes show only in the recursive flags.
         auto grand = viewWithTiles({"g"});
         auto* grandChild = static_cast<ui::LayoutTileNode*>(grand->getNodes().front());
+        parent->clearAlteredRecursively();
         parent->addNode(std::move(grand));
+        QVERIFY(parent->isAltered());
         parent->clearAlteredRecursively();
         parent->removeNode(*grandChild);
         QCOMPARE(parent->getNodes().back()->getNodes().size(), size_t(1));
         QVERIFY(!parent->isAlteredRecursively());
         grandChild->setLayoutTileId("h");
-        QVERIFY(!parent->isAltered());
-        QVERIFY(!parent->getNodes().back()->isAltered());
+        QVERIFY(!parent->isAltered() && !parent->getNodes().back()->isAltered());
         QVERIFY(parent->isAlteredRecursively());
         QVERIFY(parent->getNodes().back()->isAlteredRecursively());
         QVERIFY(parent->clone()->getNodes().empty());
@@ -252,12 +246,12 @@ private Q_SLOTS:
         QVERIFY(!grandChild->isAltered());
 
         const std::vector<ui::Node*> before = parent->getNodes();
-        std::vector<std::unique_ptr<ui::Node>> taken = parent->takeNodes();
-        QVERIFY(parent->getNodes().empty());
-        QCOMPARE(taken.size(), size_t(8));
-        for (size_t i = 0; i < taken.size(); ++i)
-            QCOMPARE(taken[i].get(), before[i]);
-        QVERIFY(parent->takeNodes().empty());
+        std::vector<ui::Node*> taken;
+        for (const auto& node : parent->takeNodes())
+            taken.push_back(node.get());
+        QCOMPARE(taken, before);
+        QCOMPARE(taken.size(), size_t(7));
+        QVERIFY(parent->getNodes().empty() && parent->takeNodes().empty());
     }
 
     void measurementLabelsByIndex()
@@ -266,18 +260,15 @@ private Q_SLOTS:
         node.setLabelRelativePositions({{1, 2}, {3, 4}});
         QCOMPARE(node.getLabelRelativePosition(1), QPointF(3, 4));
         QCOMPARE(node.getLabelRelativePosition(2), QPointF());
-
         node.clearAlteredRecursively();
         node.setLabelRelativePosition(0, {1, 2});
         QVERIFY(!node.isAltered());
         node.setLabelRelativePosition(0, {5, 6});
         QVERIFY(node.isAltered());
-        QCOMPARE(node.getLabelRelativePositions(), (std::vector<QPointF> {{5, 6}, {3, 4}}));
-
         QTest::ignoreMessage(QtWarningMsg, "Measurement2DNode : no label at index 2.");
         node.clearAlteredRecursively();
         node.setLabelRelativePosition(2, {7, 8});
-        QCOMPARE(node.getLabelRelativePositions().size(), size_t(2));
+        QCOMPARE(node.getLabelRelativePositions(), (std::vector<QPointF> {{5, 6}, {3, 4}}));
         QVERIFY(!node.isAltered());
 
         // Lists of different lengths are never equal, however close the common part.
@@ -286,34 +277,28 @@ private Q_SLOTS:
         QVERIFY(!node.isEqual(longer));
     }
 
-    void viewerDefaultsAndClearing()
+    void clearingOptionalValues()
     {
         ui::ViewerNode viewer;
-        QCOMPARE(viewer.getViewerIndex(), -1);
         viewer.setAssociatedDataObjectUUID("abc");
         viewer.clearAlteredRecursively();
         viewer.clearAssociatedDataObjectUUID();
-        QVERIFY(viewer.getAssociatedDataObjectUUID().isEmpty());
-        QVERIFY(viewer.isAltered());
+        QVERIFY(viewer.getAssociatedDataObjectUUID().isEmpty() && viewer.isAltered());
 
         ui::Viewer2DNode viewer2D;
-        QVERIFY(!viewer2D.hasZoomBox());
         viewer2D.clearZoomBox();
-        QVERIFY(!viewer2D.isAltered());
+        QVERIFY(!viewer2D.isAltered() && !viewer2D.hasZoomBox());
         viewer2D.setZoomBox({0, 0, 10, 10});
-        QVERIFY(viewer2D.hasZoomBox());
         viewer2D.clearZoomBox();
-        QVERIFY(!viewer2D.hasZoomBox());
+        QVERIFY(!viewer2D.hasZoomBox() && viewer2D.isAltered());
         // An empty box and no box are different states.
         viewer2D.setZoomBox(QRectF());
-        QVERIFY(viewer2D.hasZoomBox());
-        QVERIFY(!viewer2D.isEqual(ui::Viewer2DNode()));
+        QVERIFY(viewer2D.hasZoomBox() && !viewer2D.isEqual(ui::Viewer2DNode()));
 
         ui::ViewNode view;
         QVERIFY(!view.getAngulatedReslicesHorizontalSlidersPosition().has_value());
         view.setAngulatedReslicesHorizontalSlidersPosition(0);
-        QVERIFY(view.isAltered());
-        QVERIFY(!view.isEqual(ui::ViewNode()));
+        QVERIFY(view.isAltered() && !view.isEqual(ui::ViewNode()));
     }
 
     void scanVisualStateComparedMemberByMember()
@@ -346,16 +331,13 @@ private Q_SLOTS:
         const auto original = bookmark({false, true});
         original->addDependency(nullptr);
         QCOMPARE(original->getDependencies().size(), size_t(2));
-        QVERIFY(original->isDependantOn("ruler"));
-        QVERIFY(!original->isDependantOn("volume"));
-        QVERIFY(original->isAssociatedWith("volume"));
-        QVERIFY(!original->isAssociatedWith("ruler"));
+        QVERIFY(original->isDependantOn("ruler") && !original->isDependantOn("volume"));
+        QVERIFY(original->isAssociatedWith("volume") && !original->isAssociatedWith("ruler"));
 
         // Dependencies are deep-copied and compared regardless of order.
-        const std::unique_ptr<ui::Node> copy = original->clone();
-        auto* copied = dynamic_cast<ui::BookmarkNode*>(copy.get());
-        QVERIFY(copied);
-        QVERIFY(copied->isDependantOn("reslice"));
+        const auto copy = original->clone();
+        const auto* copied = dynamic_cast<ui::BookmarkNode*>(copy.get());
+        QVERIFY(copied && copied->isDependantOn("reslice"));
         for (ui::DataObjectNode* dependency : copied->getDependencies())
             QVERIFY(!original->getDependencies().count(dependency));
         QVERIFY(bookmark({true, false})->isEqual(*original));
