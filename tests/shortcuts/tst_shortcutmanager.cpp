@@ -7,8 +7,6 @@
 #include <QTest>
 #include <QWidget>
 
-#include <memory>
-
 class tst_ShortcutManager : public QObject
 {
     Q_OBJECT
@@ -24,7 +22,7 @@ private Q_SLOTS:
         m_main = std::make_unique<QWidget>();
     }
 
-    void widgetShortcutsAreUniqueAndForgottenWhenDestroyed()
+    void shortcutsAreUniqueFollowTheSwitchAndAreForgotten()
     {
         QShortcut* first = m_manager->addWidgetShortcut(m_main.get(), QKeySequence("Ctrl+S"));
         QCOMPARE(first->parent(), m_main.get());
@@ -39,9 +37,9 @@ private Q_SLOTS:
         QVERIFY(!m_manager->addWidgetShortcut(nullptr, QKeySequence("Ctrl+S")));
 
         // Deleting by widget and key removes that one shortcut.
-        QPointer<QShortcut> doomed = otherKey;
+        QPointer<QShortcut> doomedKey = otherKey;
         m_manager->deleteWidgetShortcut(m_main.get(), QKeySequence("Ctrl+T"));
-        QVERIFY(doomed.isNull());
+        QVERIFY(doomedKey.isNull());
 
         // Registered by hand, twice: the first registration is found, and every one goes with the
         // shortcut; so do the shortcuts of a deleted widget.
@@ -58,10 +56,7 @@ private Q_SLOTS:
         // Nothing dangling is touched.
         m_manager->setEnabled(false);
         QVERIFY(!first->isEnabled());
-    }
 
-    void applicationShortcutsFollowTheSwitch()
-    {
         const char* noMainWidget = "ShortcutManager : cannot add an application shortcut if the "
                                    "application main widget is not set.";
         QTest::ignoreMessage(QtDebugMsg, noMainWidget);
