@@ -2,10 +2,9 @@
 
 #include <QCursor>
 #include <QGuiApplication>
+#include <QHash>
 #include <QMouseEvent>
-#include <QPushButton>
 #include <QRegularExpression>
-#include <QSignalSpy>
 #include <QTest>
 #include <QWheelEvent>
 
@@ -13,12 +12,7 @@ namespace {
 
 QString names(Qt::MouseButtons buttons)
 {
-    QStringList list;
-    if (buttons & Qt::LeftButton)
-        list << QStringLiteral("Left");
-    if (buttons & Qt::RightButton)
-        list << QStringLiteral("Right");
-    return list.join(QLatin1Char('|'));
+    return QStringList {"", "Left", "Right", "Left|Right"}.at(buttons.toInt() & 3);
 }
 
 // Logs the mouse events it receives as readable lines, in order.
@@ -29,25 +23,25 @@ public:
     QStringList log;
 
 protected:
-    void mousePressEvent(QMouseEvent* e) override { record("press " + names(e->button()), e); }
-    void mouseReleaseEvent(QMouseEvent* e) override { record("release " + names(e->button()), e); }
-    void mouseMoveEvent(QMouseEvent* e) override { record(QStringLiteral("move"), e); }
-    void wheelEvent(QWheelEvent* e) override
+    bool event(QEvent* e) override
     {
-        log << QStringLiteral("wheel %1 at %2,%3")
-                   .arg(e->angleDelta().y())
-                   .arg(e->position().x())
-                   .arg(e->position().y());
-    }
-
-private:
-    void record(const QString& what, QMouseEvent* e)
-    {
-        log << QStringLiteral("%1 at %2,%3 [%4]")
-                   .arg(what)
-                   .arg(e->position().x())
-                   .arg(e->position().y())
-                   .arg(names(e->buttons()));
+        static const QHash<int, QString> kinds {{QEvent::MouseButtonPress, "press "},
+            {QEvent::MouseButtonRelease, "release "}, {QEvent::MouseMove, "move"}};
+        if (e->type() == QEvent::Wheel) {
+            const auto* wheel = static_cast<QWheelEvent*>(e);
+            log << QStringLiteral("wheel %1 at %2,%3")
+                       .arg(wheel->angleDelta().y())
+                       .arg(wheel->position().x())
+                       .arg(wheel->position().y());
+        } else if (kinds.contains(e->type())) {
+            const auto* mouse = static_cast<QMouseEvent*>(e);
+            log << QStringLiteral("%1%2 at %3,%4 [%5]")
+                       .arg(kinds.value(e->type()), names(mouse->button()))
+                       .arg(mouse->position().x())
+                       .arg(mouse->position().y())
+                       .arg(names(mouse->buttons()));
+        }
+        return QWidget::event(e);
     }
 };
 
@@ -60,13 +54,94 @@ class tst_MouseSimulator : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void init();
-    void cleanup();
+    void init()
+    {
+        QTest::failOnWarning(QRegularExpression(".*"));
+        // A 200 x 100 logging area. Plain geometries: a layout with fixed sizes makes the
+        // offscreen platform warn.
+        window = std::make_unique<QWidget>();
+        target = new MouseLog(window.get());
+        target->setMouseTracking(true);
+        target->setGeometry(0, 0, 200, 100);
+        window->setGeometry(120, 90, 200, 100);
+        window->show();
+        QVERIFY(QTest::qWaitForWindowExposed(window.get()));
+        simulator = createMouseSimulator();
+        QVERIFY(simulator);
+    }
+    void cleanup()
+    {
+        simulator.reset();
+        window.reset();
+    }
 
-    void unavailablePlatformWarnsOnce();
-    void moveAndClickButton();
-    void pressReleaseAndScroll_data();
-    void pressReleaseAndScroll();
+    void unavailablePlatformWarnsOnce()
+    {
+        if (QGuiApplication::platformName() == QLatin1String("xcb"))
+            QSKIP("The platform has synthetic input");
+        const QPoint before = QCursor::pos();
+        // Operations that send nothing anywhere lose nothing and do not warn.
+        simulator->press(MouseSimulator::NoButton);
+        simulator->release(MouseSimulator::NoButton);
+        simulator->scroll(0);
+
+        QTest::ignoreMessage(QtWarningMsg,
+            qPrintable(
+                QStringLiteral("MouseSimulator : synthetic input is not available on platform ")
+                + QGuiApplication::platformName()));
+        warp(30, 40);
+        simulator->press(MouseSimulator::BothButtons);
+        simulator->scroll(240);
+        simulator->release(MouseSimulator::BothButtons);
+        warp(31, 40);
+        QCoreApplication::processEvents();
+        QCOMPARE(QCursor::pos(), before);
+        QCOMPARE(target->log, QStringList());
+    }
+
+    void pressReleaseAndScroll_data()
+    {
+        using Buttons = MouseSimulator::Buttons;
+        QTest::addColumn<Buttons>("buttons");
+        QTest::addColumn<QList<int>>("amounts");
+        QTest::addColumn<QStringList>("expected");
+
+        QTest::newRow("both") << Buttons(MouseSimulator::BothButtons) << QList<int> {}
+                              << QStringList {"press Left at 30,40 [Left]",
+                                     "press Right at 30,40 [Left|Right]",
+                                     "release Left at 30,40 [Right]", "release Right at 30,40 []"};
+        // One notch is 120 and positive turns away from the user.
+        QTest::newRow("one notch back")
+            << Buttons() << QList<int> {-120} << QStringList {"wheel -120 at 30,40"};
+        // Parts of a notch add up; a turn back eats into what was carried.
+        QTest::newRow("no button, halves add up")
+            << Buttons(MouseSimulator::NoButton) << QList<int> {60, 0, 60}
+            << QStringList {"wheel 120 at 30,40"};
+        QTest::newRow("turn back cancels")
+            << Buttons() << QList<int> {100, -100, 100} << QStringList();
+        QTest::newRow("remainder carried") << Buttons() << QList<int> {300, 60}
+                                           << QStringList(3, QStringLiteral("wheel 120 at 30,40"));
+    }
+
+    void pressReleaseAndScroll()
+    {
+        if (QGuiApplication::platformName() != QLatin1String("xcb"))
+            QSKIP("No synthetic input on this platform");
+        QFETCH(MouseSimulator::Buttons, buttons);
+        QFETCH(QList<int>, amounts);
+        QFETCH(QStringList, expected);
+
+        moveTo(QPoint(30, 40));
+        target->log.clear();
+        simulator->press(buttons);
+        simulator->release(buttons);
+        for (int amount : amounts)
+            simulator->scroll(amount);
+        // XTest events come back in the order they were sent: once a move sent last has arrived,
+        // everything before it has too. That move is not part of the result.
+        moveTo(QPoint(150, 80));
+        QCOMPARE(target->log, expected);
+    }
 
 private:
     QPoint global(int x, int y) const { return window->mapToGlobal(QPoint(x, y)); }
@@ -86,126 +161,8 @@ private:
 
     std::unique_ptr<QWidget> window;
     MouseLog* target = nullptr;
-    QPushButton* button = nullptr;
     std::unique_ptr<MouseSimulator> simulator;
 };
-
-void tst_MouseSimulator::init()
-{
-    QTest::failOnWarning(QRegularExpression(".*"));
-    // A 200 x 100 logging area above a 200 x 50 button. Plain geometries: a layout with fixed
-    // sizes makes the offscreen platform warn.
-    window = std::make_unique<QWidget>();
-    target = new MouseLog(window.get());
-    target->setMouseTracking(true);
-    target->setGeometry(0, 0, 200, 100);
-    button = new QPushButton(QStringLiteral("Press"), window.get());
-    button->setGeometry(0, 100, 200, 50);
-    window->setGeometry(120, 90, 200, 150);
-    window->show();
-    QVERIFY(QTest::qWaitForWindowExposed(window.get()));
-    simulator = createMouseSimulator();
-    QVERIFY(simulator);
-}
-
-void tst_MouseSimulator::cleanup()
-{
-    simulator.reset();
-    window.reset();
-}
-
-void tst_MouseSimulator::unavailablePlatformWarnsOnce()
-{
-    if (QGuiApplication::platformName() == QLatin1String("xcb"))
-        QSKIP("The platform has synthetic input");
-    const QPoint before = QCursor::pos();
-    // Operations that send nothing anywhere lose nothing and do not warn.
-    simulator->press(MouseSimulator::NoButton);
-    simulator->release(MouseSimulator::NoButton);
-    simulator->scroll(0);
-
-    QTest::ignoreMessage(QtWarningMsg,
-        qPrintable(QStringLiteral("MouseSimulator : synthetic input is not available on platform ")
-            + QGuiApplication::platformName()));
-    warp(30, 40);
-    simulator->press(MouseSimulator::BothButtons);
-    simulator->scroll(240);
-    simulator->release(MouseSimulator::BothButtons);
-    warp(31, 40);
-    QCoreApplication::processEvents();
-    QCOMPARE(QCursor::pos(), before);
-    QCOMPARE(target->log, QStringList());
-}
-
-void tst_MouseSimulator::moveAndClickButton()
-{
-    if (QGuiApplication::platformName() != QLatin1String("xcb"))
-        QSKIP("No synthetic input on this platform");
-    // The coordinates are absolute, not relative: each move lands exactly.
-    warp(50, 60);
-    QTRY_COMPARE(QCursor::pos(), global(50, 60));
-    QTRY_VERIFY(!target->log.isEmpty() && target->log.last() == "move at 50,60 []");
-    warp(100, 125);
-    QTRY_COMPARE(QCursor::pos(), global(100, 125));
-
-    QSignalSpy clicked(button, &QPushButton::clicked);
-    simulator->press(MouseSimulator::LeftButton);
-    QTRY_VERIFY(button->isDown());
-    QCOMPARE(clicked.count(), 0);
-    simulator->release(MouseSimulator::LeftButton);
-    QTRY_COMPARE(clicked.count(), 1);
-    QVERIFY(!button->isDown());
-}
-
-void tst_MouseSimulator::pressReleaseAndScroll_data()
-{
-    using Buttons = MouseSimulator::Buttons;
-    QTest::addColumn<Buttons>("buttons");
-    QTest::addColumn<QList<int>>("amounts");
-    QTest::addColumn<QStringList>("expected");
-
-    QTest::newRow("left") << Buttons(MouseSimulator::LeftButton) << QList<int> {}
-                          << QStringList {"press Left at 30,40 [Left]", "release Left at 30,40 []"};
-    QTest::newRow("right") << Buttons(MouseSimulator::RightButton) << QList<int> {}
-                           << QStringList {
-                                  "press Right at 30,40 [Right]", "release Right at 30,40 []"};
-    QTest::newRow("both") << Buttons(MouseSimulator::BothButtons) << QList<int> {}
-                          << QStringList {"press Left at 30,40 [Left]",
-                                 "press Right at 30,40 [Left|Right]",
-                                 "release Left at 30,40 [Right]", "release Right at 30,40 []"};
-    // One notch is 120 and positive turns away from the user.
-    QTest::newRow("two notches away") << Buttons() << QList<int> {240}
-                                      << QStringList {"wheel 120 at 30,40", "wheel 120 at 30,40"};
-    QTest::newRow("one notch back")
-        << Buttons() << QList<int> {-120} << QStringList {"wheel -120 at 30,40"};
-    // Parts of a notch add up; a turn back eats into what was carried.
-    QTest::newRow("no button, halves add up")
-        << Buttons(MouseSimulator::NoButton) << QList<int> {60, 0, 60}
-        << QStringList {"wheel 120 at 30,40"};
-    QTest::newRow("turn back cancels") << Buttons() << QList<int> {100, -100, 100} << QStringList();
-    QTest::newRow("remainder carried") << Buttons() << QList<int> {180, 60}
-                                       << QStringList {"wheel 120 at 30,40", "wheel 120 at 30,40"};
-}
-
-void tst_MouseSimulator::pressReleaseAndScroll()
-{
-    if (QGuiApplication::platformName() != QLatin1String("xcb"))
-        QSKIP("No synthetic input on this platform");
-    QFETCH(MouseSimulator::Buttons, buttons);
-    QFETCH(QList<int>, amounts);
-    QFETCH(QStringList, expected);
-
-    moveTo(QPoint(30, 40));
-    target->log.clear();
-    simulator->press(buttons);
-    simulator->release(buttons);
-    for (int amount : amounts)
-        simulator->scroll(amount);
-    // XTest events come back in the order they were sent: once a move sent last has arrived,
-    // everything before it has too. That move is not part of the result.
-    moveTo(QPoint(150, 80));
-    QCOMPARE(target->log, expected);
-}
 
 QTEST_MAIN(tst_MouseSimulator)
 #include "tst_mousesimulator.moc"
