@@ -1,9 +1,9 @@
 // Checks what the dental viewer's end-to-end script left behind.
-//   check_dentalviewer dump FILE [--lengths N] [--areas N] [--length-mm MM] [--text TEXT]
+//   check_dentalviewer dump FILE [--lengths N] [--areas N] [--length-mm MM]
 //       [--notation N] [--view ID] [--reslice ID POSITION]... [--label-offset X Y]
 //       [--label-size PIXELS] [--selected-tooth NAME] [--status TEXT]...
 //       [--active-sub-view MULTI SUB] [--zoomed-in VIEW W H] [--fitted VIEW W H]
-//       [--zoom-like FILE VIEW] [--panned-from FILE VIEW DX DY]
+//       [--panned-from FILE VIEW DX DY]
 //       [--notes N] [--note TEXT] [--status-bar TEXT] [--problem TEXT] [--running ID]
 //       [--disabled ID TEXT] [--drawn NAME]... [--not-drawn NAME]... [--inside-viewport NAME]...
 //       [--fits-screen] [--window-size W H] [--window-color COLOR] [--buttons-like FILE]
@@ -14,7 +14,7 @@
 // Every option but --running may be given more than once. Reslices, the numbering and label
 // positions are read from the dumped ui state tree; what is drawn (labels, the chart's teeth) from
 // the dump's window-coordinate boxes, which an image check scales by the dump's device pixel ratio.
-// A NOTE's or a TEXT's "\n" stands for a line break. Prints every failed expectation with what was
+// A NOTE's "\n" stands for a line break. Prints every failed expectation with what was
 // found instead, and exits with 1 when there was one.
 
 #include <QColor>
@@ -200,12 +200,10 @@ void checkDump(const QString& fileName, const QStringList& args)
                     && std::abs(text.section(' ', 0, 0).toDouble() - v[0].toDouble()) < 0.15);
         expect(found, texts.value("length"));
     });
-    // --text and --note TEXT: a note of the document reads that, word for word.
-    const auto hasNote = [&](const QStringList& v) {
+    // --note TEXT: a note of the document reads that, word for word.
+    each(args, "--note", 1, [&](const QStringList& v) {
         expect(texts.value("text").contains(QString(v[0]).replace("\\n", "\n")), texts["text"]);
-    };
-    each(args, "--text", 1, hasNote);
-    each(args, "--note", 1, hasNote);
+    });
 
     // What the window shows: a text of the dump, whole or (the hint in the status bar, a problem
     // shown above the views, what it reports about the saved state it read) in part.
@@ -298,20 +296,18 @@ void checkDump(const QString& fileName, const QStringList& args)
             expect(box.isValid() && (fitted ? fits : zoomedIn), box);
         });
     }
-    // --zoom-like FILE VIEW and --panned-from FILE VIEW DX DY: the zoom box of another dump, of
-    // the same size, moved by DX DY scene units (not at all for --zoom-like), to 3 % of its size.
-    const auto zoomedAsIn = [&](const QStringList& v) {
+    // --panned-from FILE VIEW DX DY: the zoom box of another dump, of the same size, moved by DX DY
+    // scene units, to 3 % of its size.
+    each(args, "--panned-from", 4, [&](const QStringList& v) {
         const QRectF before = zoomBox(readDump(v[0])["state"]["root"], v[1]);
         const QRectF box = zoomBox(root, v[1]);
-        const QPointF shift(v.value(2).toDouble(), v.value(3).toDouble());
+        const QPointF shift(v[2].toDouble(), v[3].toDouble());
         const double tolerance = before.width() * 0.03;
         expect(before.isValid() && box.isValid()
                 && QLineF(box.center(), before.center() + shift).length() < tolerance
                 && std::abs(box.width() - before.width()) < tolerance,
             box, "before", before);
-    };
-    each(args, "--zoom-like", 2, zoomedAsIn);
-    each(args, "--panned-from", 4, zoomedAsIn);
+    });
 
     // --active-sub-view MULTI SUB: the multi view's node names its chosen sub view.
     each(args, "--active-sub-view", 2, [&](const QStringList& v) {

@@ -62,8 +62,8 @@ check(dump ${shots}/length-tool.json --running measureLength --status-bar "Escap
 check(dump ${shots}/preferences.json --label-size 18)
 # Typing in a note: the caret keys, a new line and Return; the view does not move meanwhile.
 check(dump ${shots}/note.json --notes 2 --note "Mandibular nerve canal\\ncheck depth"
-    --zoom-like ${shots}/before-note.json Panoramic)
-check(dump ${shots}/emptied.json --notes 1 --text "Implant site")
+    --panned-from ${shots}/before-note.json Panoramic 0 0)
+check(dump ${shots}/emptied.json --notes 1 --note "Implant site")
 check(dump ${shots}/no-stray-note.json --notes 2)
 # Delete, undo and redo of a length made with two clicks.
 check(dump ${shots}/two-lengths.json --lengths 2 --length-mm 20.0)
@@ -97,7 +97,7 @@ check(dump ${shots}/export-failed.json --problem "snapshot was not saved")
 check(dump ${shots}/shortcuts.json --shortcut Undo Ctrl+Z --shortcut Redo Ctrl+Shift+Z
     --shortcut Delete Del --shortcut Quit Ctrl+Q --shortcut "Keyboard shortcuts" F1)
 check(dump ${shots}/state.json --lengths 1 --areas 1 --length-mm 30.0
-    --text "Implant site" --notation UNIV --view Panoramic --reslice "Cross-section A" 0.5
+    --note "Implant site" --notation UNIV --view Panoramic --reslice "Cross-section A" 0.5
     --reslice "Cross-section B" 0.8 --label-offset 52 16 --label-size 18 --selected-tooth 3
     --active-sub-view Cross-sections "Cross-section B" --zoomed-in Panoramic 1200 500)
 # The wheel zooms; Reset view fits the whole panoramic image again.
@@ -128,12 +128,12 @@ set(document ${WORK_DIR}/state/document.json)
 file(READ ${WORK_DIR}/state/ui-state.json good_state)
 file(READ ${document} good_document)
 run_viewer(${script_dir}/restore.script)
-set(restored_checks --lengths 1 --areas 1 --length-mm 30.0 --text "Implant site" --notation UNIV
+set(restored_checks --lengths 1 --areas 1 --length-mm 30.0 --note "Implant site" --notation UNIV
     --view "Tooth chart" --reslice "Cross-section A" 0.5 --reslice "Cross-section B" 0.8
     --label-offset 52 16 --active-sub-view Cross-sections "Cross-section B")
 check(dump ${shots}/restored.json ${restored_checks} --selected-tooth 3 --window-size 1100 720)
 check(dump ${shots}/restored-panoramic.json
-    --zoom-like ${shots}/state.json Panoramic)
+    --panned-from ${shots}/state.json Panoramic 0 0)
 if(EXISTS ${shots}/not-quit.json)
     message(FATAL_ERROR "Ctrl+Q did not quit the viewer")
 endif()
