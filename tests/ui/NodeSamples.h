@@ -13,13 +13,11 @@
 #include <guicore/ui/DentalScanComparisonOptionsNode.h>
 #include <guicore/ui/DentalScanViewer3DNode.h>
 #include <guicore/ui/DiagnosisNode.h>
-#include <guicore/ui/ImageViewerNode.h>
 #include <guicore/ui/ImplantVisualizationOptionsNode.h>
 #include <guicore/ui/IntraOralPicturesViewNode.h>
 #include <guicore/ui/LayoutTileNode.h>
 #include <guicore/ui/Measurement2DNode.h>
 #include <guicore/ui/NodeFactory.h>
-#include <guicore/ui/PanoramicResliceViewerNode.h>
 #include <guicore/ui/PatientNode.h>
 #include <guicore/ui/PeriapicalViewNode.h>
 #include <guicore/ui/RootCanalViewer2DNode.h>
@@ -90,8 +88,13 @@ inline const std::vector<Change>& allChanges()
         C(Measurement2DNode, setLabelRelativePositions({{0.5, 0.25}, {-1, 2}})),
         C(DentalScanComparisonOptionsNode, setComparisonScanTransparency(40)),
         C(DentalScanComparisonOptionsNode, setVisualizationMode("distance")),
+        // Each member of the scan's visual state on its own, then all of them.
+        C(DentalScanComparisonOptionsNode, setReferenceScanVisualState({false, false, 0, 100})),
+        C(DentalScanComparisonOptionsNode, setReferenceScanVisualState({true, true, 0, 100})),
+        C(DentalScanComparisonOptionsNode, setReferenceScanVisualState({true, false, 1, 100})),
+        C(DentalScanComparisonOptionsNode, setReferenceScanVisualState({true, false, 0, 99})),
         C(DentalScanComparisonOptionsNode,
-            setReferenceScanVisualState({true, false, 0x7f00ff00, 100})),
+            setReferenceScanVisualState({false, true, 0x7f00ff00, 40})),
         C(DentalScanComparisonOptionsNode, setShown(false)), C(ViewNode, setViewId("implant.view")),
         C(ViewNode, setAngulatedReslicesHorizontalSlidersPosition(120)),
         C(ViewerNode, setViewerIndex(2)), C(ViewerNode, setMaximized(true)),

@@ -301,20 +301,6 @@ private Q_SLOTS:
         QVERIFY(view.isAltered() && !view.isEqual(ui::ViewNode()));
     }
 
-    void scanVisualStateComparedMemberByMember()
-    {
-        using State = ui::DentalScanComparisonOptionsNode::ScanSetupVisualState;
-        for (const State& changed : {State {false, false, 0, 100}, State {true, true, 0, 100},
-                 State {true, false, 1, 100}, State {true, false, 0, 99}}) {
-            ui::DentalScanComparisonOptionsNode node("scan");
-            node.setReferenceScanVisualState(node.getReferenceScanVisualState());
-            QVERIFY(!node.isAltered());
-            node.setReferenceScanVisualState(changed);
-            QVERIFY(node.isAltered());
-            QVERIFY(!node.isEqual(ui::DentalScanComparisonOptionsNode("scan")));
-        }
-    }
-
     void bookmarkDependencies()
     {
         const auto bookmark = [](const QList<bool>& measurements) {
