@@ -54,7 +54,6 @@ struct ViewFixture
         view.setFrameShape(QFrame::NoFrame);
         view.setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
         view.setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-        view.setRenderHint(QPainter::Antialiasing, false);
         view.resize(300, 200);
         view.setTransform(QTransform::fromScale(zoom, zoom));
         view.centerOn(0, 0);
@@ -82,12 +81,10 @@ struct ViewFixture
 template <typename Match> QRect pixelBox(const QImage& image, Match match)
 {
     QRect box;
-    for (int y = 0; y < image.height(); ++y) {
-        for (int x = 0; x < image.width(); ++x) {
+    for (int y = 0; y < image.height(); ++y)
+        for (int x = 0; x < image.width(); ++x)
             if (match(image.pixel(x, y)))
                 box |= QRect(x, y, 1, 1);
-        }
-    }
     return box;
 }
 
@@ -140,17 +137,10 @@ template <typename Item> Bools over(Item* item, const QList<QPointF>& points)
     return result;
 }
 
-QPainterPath rectPath(const QRectF& rect)
+QPainterPath pathOf(const QPolygonF& polygon)
 {
     QPainterPath path;
-    path.addRect(rect);
-    return path;
-}
-
-QPainterPath linePath(const QPointF& from, const QPointF& to)
-{
-    QPainterPath path(from);
-    path.lineTo(to);
+    path.addPolygon(polygon);
     return path;
 }
 
@@ -197,12 +187,6 @@ bool sendKey(QGraphicsScene& scene, QGraphicsItem* item, int key, const QString&
     return event.isAccepted();
 }
 
-void typeText(QGraphicsScene& scene, QGraphicsItem* item, const QString& text)
-{
-    for (QChar c : text)
-        sendKey(scene, item, c.unicode(), QString(c));
-}
-
 struct TestHoverable : HoverableItem
 {
     bool isHoverHit(const QPointF&) const override { return true; }
@@ -229,7 +213,6 @@ class tst_GraphicsItems : public QObject
 
     QTemporaryDir configDir;
 
-    static bool sameRgb(QRgb a, QRgb b) { return (a & 0xffffff) == (b & 0xffffff); }
     static bool isYellow(QRgb p) { return qRed(p) > 200 && qGreen(p) > 200 && qBlue(p) < 100; }
     static void setLabelFontSize(int size)
     {
@@ -237,16 +220,7 @@ class tst_GraphicsItems : public QObject
     }
     static QRect colourBox(const QImage& image, QRgb c)
     {
-        return pixelBox(image, [c](QRgb p) { return sameRgb(p, c); });
-    }
-    static CustomGraphicsLabelItem* blueBoxLabel(ViewFixture& fixture)
-    {
-        auto* label = fixture.add<CustomGraphicsLabelItem>("label");
-        label->setText("HHHH");
-        label->fillBackground(true);
-        label->setBackgroundBrush(QBrush(Qt::blue));
-        label->setBackgroundOutlinePen(Qt::NoPen);
-        return label;
+        return pixelBox(image, [c](QRgb p) { return (p & 0xffffff) == (c & 0xffffff); });
     }
 
 private Q_SLOTS:
@@ -270,7 +244,7 @@ private Q_SLOTS:
     void clickableRegionAndShape()
     {
         // Pen width 10: the stroke reaches 5 units either side of the outline.
-        const QPainterPath sq = rectPath(QRectF(0, 0, 100, 100));
+        const QPainterPath sq = pathOf(QRectF(0, 0, 100, 100));
         const std::tuple<bool, QPainterPath, QPointF, bool> cases[] = {{false, sq, {50, 50}, true},
             {false, sq, {103, 50}, false}, {true, sq, {50, 50}, false}, {true, sq, {103, 50}, true},
             {true, sq, {107, 50}, false}, {true, {}, {0, 0}, false}, {false, {}, {0, 0}, false}};
@@ -282,35 +256,33 @@ private Q_SLOTS:
             item.setPainterPath(path);
             const QPointF at = probe + QPointF(10, 20);
             QCOMPARE(item.getClickableRegion().isEmpty(), path.isEmpty());
-            QCOMPARE(item.isMouseOver(at), hit);
             // Hidden or disabled items are never under the mouse.
+            Bools seen {item.isMouseOver(at)};
             item.setEnabled(false);
-            QVERIFY(!item.isMouseOver(at));
+            seen << item.isMouseOver(at);
             item.setEnabled(true);
             item.setVisible(false);
-            QVERIFY(!item.isMouseOver(at));
+            QCOMPARE(seen << item.isMouseOver(at), (Bools {hit, false, false}));
         }
 
         // After a pen change the region follows once the stroker is set again.
         CustomGraphicsItem item("item");
-        const QPainterPath line = linePath(QPointF(0, 0), QPointF(100, 0));
+        const QPainterPath line = pathOf({QPointF(0, 0), QPointF(100, 0)});
         item.setPen(QPen(Qt::black, 2));
         item.setUseStroker(true);
         item.setPainterPath(line);
-        const QPointF fiveAbove(50, -5);
-        QVERIFY(!item.isMouseOver(fiveAbove));
         // The region is recomputed before the new pen takes over, so it still has width 2.
+        Bools fiveAbove {item.isMouseOver({50, -5})};
         item.setPen(QPen(Qt::black, 20));
-        QVERIFY(!item.isMouseOver(fiveAbove));
+        fiveAbove << item.isMouseOver({50, -5});
         item.setUseStroker(true);
-        QVERIFY(item.isMouseOver(fiveAbove));
+        QCOMPARE(fiveAbove << item.isMouseOver({50, -5}), (Bools {false, false, true}));
 
         // The shape takes the pen's stroke, but a hairline stays thin.
         item.setPen(QPen(Qt::black, 0));
-        QVERIFY(item.shape().boundingRect().height() < 1e-6);
-        QVERIFY(item.shape().boundingRect().width() >= 100.0);
-        item.setPen(QPen(Qt::black, 6));
-        QCOMPARE(item.shape().boundingRect().height(), 6.0);
+        QCOMPARE(item.shape().boundingRect().size().toSize(), QSize(100, 0));
+        item.setPen(QPen(Qt::black, 6, Qt::SolidLine, Qt::FlatCap));
+        QCOMPARE(item.shape().boundingRect().size(), QSizeF(100, 6));
         item.setPen(Qt::NoPen);
         QCOMPARE(item.shape(), line);
         item.setPainterPath(QPainterPath());
@@ -333,8 +305,7 @@ private Q_SLOTS:
             ViewFixture fixture;
             auto* shape = fixture.add<CustomGraphicsItem>("shape");
             shape->setPen(QPen(Qt::black, 4));
-            shape->setPainterPath(rectPath(QRectF(200, 0, 100, 100)));
-            QVERIFY(!(shape->flags() & QGraphicsItem::ItemIsMovable));
+            shape->setPainterPath(pathOf(QRectF(200, 0, 100, 100)));
             auto* text = fixture.add<CustomGraphicsSimpleTextItem>("simple", nullptr, "I", false);
             QFont font;
             font.setPixelSize(40);
@@ -358,9 +329,6 @@ private Q_SLOTS:
             QCOMPARE(pressItem(text, onGlyph, buttons), taken);
             QCOMPARE(pressItem(pixmap, QPointF(5, 5), buttons), taken);
             QCOMPARE(seen, expected + expected + expected);
-            QSignalSpy visibility(pixmap, &CustomGraphicsPixmapItem::visibilityChanged);
-            pixmap->setVisible(!on);
-            QCOMPARE(visibility.count(), 1);
         }
     }
 
@@ -369,29 +337,47 @@ private Q_SLOTS:
         QStringList seen;
         ViewFixture fixture;
         auto* item = fixture.add<CustomGraphicsItem>("item");
-        item->setPainterPath(rectPath(QRectF(0, 0, 100, 100)));
+        item->setPainterPath(pathOf(QRectF(0, 0, 100, 100)));
         recordClicks(item, seen);
-        connect(item, &CustomGraphicsItem::mouseMoved, this,
-            [&] { seen << (item->isDragging() ? "moved dragging" : "moved"); });
+        const auto dragging = [item] { return QString(item->isDragging() ? " dragging" : ""); };
+        connect(item, &CustomGraphicsItem::mouseMoved, this, [&] { seen << "moved" + dragging(); });
         connect(item, &CustomGraphicsItem::mouseReleased, this,
-            [&] { seen << (item->isDragging() ? "released dragging" : "released"); });
+            [&] { seen << "released" + dragging(); });
         connect(item, &CustomGraphicsItem::mouseHoverEnter, this, [&] { seen << "enter"; });
         connect(item, &CustomGraphicsItem::mouseHoverMove, this, [&] { seen << "move"; });
         connect(item, &CustomGraphicsItem::mouseHoverLeave, this, [&] { seen << "leave"; });
 
-        sendMouse(fixture.scene, QEvent::GraphicsSceneMousePress, QPointF(10, 10));
-        sendMouse(fixture.scene, QEvent::GraphicsSceneMouseMove, QPointF(200, 200));
-        sendMouse(fixture.scene, QEvent::GraphicsSceneMouseRelease, QPointF(200, 200), Qt::NoButton,
-            Qt::LeftButton);
-        QCOMPARE(seen, (QStringList {"left", "moved dragging", "released"}));
-        QVERIFY(!item->isDragging());
+        // A point dragger proposes where it should go, and stays where it is. Grabbed 2 units
+        // right of its centre; the offset is kept. A press beside it starts nothing.
+        auto* parent = fixture.add<QGraphicsRectItem>(QRectF(0, 0, 1, 1));
+        parent->setPos(300, 0);
+        auto* handle = new CustomGraphicsPointDraggerItem("handle", parent);
+        handle->setPos(10, 10);
+        connect(
+            handle, &CustomGraphicsPointDraggerItem::dragStarted, this, [&] { seen << "start"; });
+        connect(handle, &CustomGraphicsPointDraggerItem::positionChangeRequested, this,
+            [&](const QPointF& p) { seen << QStringLiteral("to %1,%2").arg(p.x()).arg(p.y()); });
+        connect(
+            handle, &CustomGraphicsPointDraggerItem::dragFinished, this, [&] { seen << "end"; });
+
+        for (const QPointF& at : {QPointF(10, 10), QPointF(312, 10)}) {
+            QVERIFY(sendMouse(fixture.scene, QEvent::GraphicsSceneMousePress, at));
+            sendMouse(fixture.scene, QEvent::GraphicsSceneMouseMove, at + QPointF(20, 30));
+            sendMouse(fixture.scene, QEvent::GraphicsSceneMouseRelease, at + QPointF(20, 30),
+                Qt::NoButton, Qt::LeftButton);
+        }
+        QCOMPARE(
+            seen, (QStringList {"left", "moved dragging", "released", "start", "to 30,40", "end"}));
+        QCOMPARE(
+            (QList {item->isDragging(), handle->pos() == QPointF(10, 10)}), (Bools {false, true}));
+        QVERIFY(!sendMouse(fixture.scene, QEvent::GraphicsSceneMousePress, QPointF(350, 10)));
 
         // Hovering is reported, but not while the item is being dragged.
         item->setAcceptHoverEvents(true);
         for (bool dragging : {false, true}) {
             seen.clear();
             item->setDragging(dragging);
-            for (qreal x : {50, 60, 300})
+            for (qreal x : {50, 60, 150})
                 sendMouse(fixture.scene, QEvent::GraphicsSceneMouseMove, {x, 50}, Qt::NoButton);
             QCOMPARE(
                 seen, (dragging ? QStringList() : QStringList {"enter", "move", "move", "leave"}));
@@ -411,14 +397,14 @@ private Q_SLOTS:
     void childrenTakeClicksAndMenusUntilRemoved()
     {
         CustomGraphicsItem parent("parent");
-        parent.setPainterPath(rectPath(QRectF(0, 0, 10, 10)));
+        parent.setPainterPath(pathOf(QRectF(0, 0, 10, 10)));
         QStringList seen;
         connect(&parent, &CustomGraphicsItem::leftClicked, this, [&] { seen << "parent"; });
         QList<CustomGraphicsItem*> children;
         for (const QRectF& rect :
             {QRectF(100, 0, 10, 10), QRectF(50, 50, 20, 20), QRectF(50, 50, 20, 20)}) {
             auto* child = new CustomGraphicsItem(QString::number(children.size()));
-            child->setPainterPath(rectPath(rect));
+            child->setPainterPath(pathOf(rect));
             parent.addCustomChildItem(child);
             parent.addCustomChildItem(nullptr);
             connect(child, &CustomGraphicsItem::leftClicked, this,
@@ -431,21 +417,18 @@ private Q_SLOTS:
         // A press off the parent's region goes to the children until one takes it. The
         // forwarding connection was made before the test's own, so the parent reports first.
         QVERIFY(pressItem(&parent, QPointF(60, 60)));
+        QVERIFY(!pressItem(&parent, QPointF(300, 300)));
         QCOMPARE(seen, (QStringList {"parent", "1"}));
         QCOMPARE(
             (Bools {parent.isDragging(), children[1]->isDragging(), children[2]->isDragging()}),
             (Bools {false, true, false}));
-        seen.clear();
-        QVERIFY(!pressItem(&parent, QPointF(300, 300)));
-        QVERIFY(seen.isEmpty());
 
         // A menu is taken on the parent's region, then on a child's, never from the keyboard.
         Bools taken;
-        for (const auto& [x, reason] : {std::pair {5, QGraphicsSceneContextMenuEvent::Mouse},
-                 {60, QGraphicsSceneContextMenuEvent::Mouse},
-                 {25, QGraphicsSceneContextMenuEvent::Mouse},
-                 {5, QGraphicsSceneContextMenuEvent::Keyboard}}) {
-            QGraphicsSceneContextMenuEvent event(QEvent::GraphicsSceneContextMenu);
+        using Menu = QGraphicsSceneContextMenuEvent;
+        for (const auto& [x, reason] : {std::pair {5, Menu::Mouse}, {60, Menu::Mouse},
+                 {25, Menu::Mouse}, {5, Menu::Keyboard}}) {
+            Menu event(QEvent::GraphicsSceneContextMenu);
             event.setScenePos(QPointF(x, x));
             event.setReason(reason);
             parent.contextMenuEvent(&event);
@@ -454,9 +437,8 @@ private Q_SLOTS:
         QCOMPARE(taken, (Bools {true, true, false, false}));
 
         QSignalSpy right(&parent, &CustomGraphicsItem::rightClicked);
-        QVERIFY(pressItem(children[1], QPointF(60, 60), Qt::RightButton));
-        QCOMPARE(right.count(), 1);
         std::unique_ptr<CustomGraphicsItem> removed(children[1]);
+        QVERIFY(pressItem(removed.get(), QPointF(60, 60), Qt::RightButton));
         parent.removeCustomChildItem(removed.get());
         parent.removeCustomChildItem(nullptr);
         QCOMPARE(removed->parentItem(), nullptr);
@@ -473,13 +455,10 @@ private Q_SLOTS:
     void listensToPixelRatioForWholeLife()
     {
         QWidget mainWindow;
-        mainWindow.resize(50, 50);
         mainWindow.show();
         QVERIFY(QTest::qWaitForWindowExposed(&mainWindow));
         DevicePixelRatio::registerMainWindow(&mainWindow);
         QWindow* native = mainWindow.windowHandle();
-        QVERIFY(native);
-
         CountingItem survivor("survivor");
         QPointer<QObject> gone;
         {
@@ -497,27 +476,22 @@ private Q_SLOTS:
 
     void hoverPriorityAndState()
     {
-        // Higher priorities first; equal ones keep their order.
-        const std::pair<QList<int>, QString> cases[] = {{{}, ""}, {{4}, "a"}, {{1, 3, 2}, "bca"},
-            {{2, 5, 2, 5, -1}, "bdace"}, {{-1, 0, 1, 2}, "dcba"}};
-        for (const auto& [priorities, expected] : cases) {
-            std::vector<TestHoverable> owned(priorities.size());
-            QList<HoverableItem*> items;
-            for (TestHoverable& item : owned) {
-                item.setHoverPriority(priorities[items.size()]);
-                items << &item;
-            }
-            HoverableItem::sortByHoverPriority(items);
-            QString order;
-            for (HoverableItem* item : items)
-                order
-                    += QLatin1Char(char('a' + (static_cast<TestHoverable*>(item) - owned.data())));
-            QCOMPARE(order, expected);
+        // Higher priorities first; equal ones keep their order. The lowest starts first, so every
+        // pass of the sort is needed.
+        std::vector<TestHoverable> owned(5);
+        QList<HoverableItem*> items;
+        for (int priority : {-1, 2, 0, 2, 1}) {
+            owned[items.size()].setHoverPriority(priority);
+            items << &owned[items.size()];
         }
+        HoverableItem::sortByHoverPriority(items);
+        QString order;
+        for (HoverableItem* item : items)
+            order += QLatin1Char(char('a' + (static_cast<TestHoverable*>(item) - owned.data())));
+        QCOMPARE(order, QStringLiteral("bdeca"));
 
         // A change is told before it is stored; setting the same state again tells nothing.
-        TestHoverable item;
-        QVERIFY(!item.isHovered());
+        TestHoverable& item = owned[0];
         for (bool hovered : {false, true, true, false})
             item.setHovered(hovered);
         QCOMPARE(item.notified, (QList<QPair<bool, bool>> {{true, false}, {false, true}}));
@@ -544,7 +518,7 @@ private Q_SLOTS:
         ViewFixture fixture(4.0);
         auto* path = fixture.add<CustomGraphicsPathItem>("path");
         path->setPen(QPen(Qt::green, 6, Qt::SolidLine, Qt::FlatCap));
-        path->setPainterPath(linePath(QPointF(0, -10), QPointF(0, 10)));
+        path->setPainterPath(pathOf({QPointF(0, -10), QPointF(0, 10)}));
         path->setUseZoomAgnostic(true);
         int span = colourBox(fixture.render(), qRgb(0, 255, 0)).width();
         QVERIFY2(qAbs(span - 6) <= 1, qPrintable(QString::number(span)));
@@ -563,7 +537,7 @@ private Q_SLOTS:
         CustomGraphicsRectItem plain("plain", nullptr, QRectF(0, 0, 40, 20), 0.0);
         QVERIFY(plain.isUsingStroker());
         QVERIFY(!plain.getHandleRightClick());
-        QCOMPARE(plain.getPainterPath(), rectPath(QRectF(0, 0, 40, 20)));
+        QCOMPARE(plain.getPainterPath(), pathOf(QRectF(0, 0, 40, 20)));
         CustomGraphicsRectItem rounded("rounded", nullptr, QRectF(0, 0, 40, 20), 5.0);
         QPainterPath expected;
         expected.addRoundedRect(QRectF(0, 0, 40, 20), 5.0, 5.0, Qt::AbsoluteSize);
@@ -614,7 +588,7 @@ private Q_SLOTS:
                 : fixture.add<CustomGraphicsStrokerTransparentPathItem>("transparent");
             item->setPen(opaque ? QPen(Qt::NoPen) : QPen(Qt::magenta, 0));
             item->setBrush(opaque ? Qt::magenta : Qt::green);
-            item->setStrokerPath(linePath(QPointF(-20, 0), QPointF(20, 0)));
+            item->setStrokerPath(pathOf({QPointF(-20, 0), QPointF(20, 0)}));
             item->setStrokerWidth(10);
             item->setCapStyle(Qt::FlatCap);
             item->setUseZoomAgnostic(agnostic);
@@ -626,36 +600,6 @@ private Q_SLOTS:
             QVERIFY(colourBox(image, qRgb(0, 255, 0)).isEmpty());
         }
     }
-
-    void pointDraggerProposesWithoutMoving()
-    {
-        ViewFixture fixture;
-        auto* parent = fixture.add<QGraphicsRectItem>(QRectF(0, 0, 1, 1));
-        parent->setPos(100, 0);
-        auto* handle = new CustomGraphicsPointDraggerItem("handle", parent);
-        handle->setPos(10, 10);
-        QStringList seen;
-        connect(
-            handle, &CustomGraphicsPointDraggerItem::dragStarted, this, [&] { seen << "started"; });
-        connect(handle, &CustomGraphicsPointDraggerItem::positionChangeRequested, this,
-            [&](const QPointF& p) { seen << QStringLiteral("to %1,%2").arg(p.x()).arg(p.y()); });
-        connect(handle, &CustomGraphicsPointDraggerItem::dragFinished, this,
-            [&] { seen << "finished"; });
-
-        // Grabbed 2 units right of its centre; the offset is kept.
-        QVERIFY(sendMouse(fixture.scene, QEvent::GraphicsSceneMousePress, QPointF(112, 10)));
-        sendMouse(fixture.scene, QEvent::GraphicsSceneMouseMove, QPointF(132, 40));
-        sendMouse(fixture.scene, QEvent::GraphicsSceneMouseRelease, QPointF(132, 40), Qt::NoButton,
-            Qt::LeftButton);
-        QCOMPARE(seen, (QStringList {"started", "to 30,40", "finished"}));
-        QCOMPARE(handle->pos(), QPointF(10, 10));
-        // A press beside the handle starts nothing.
-        seen.clear();
-        QVERIFY(!sendMouse(fixture.scene, QEvent::GraphicsSceneMousePress, QPointF(150, 10)));
-        QVERIFY(seen.isEmpty());
-    }
-
-    // Label
 
     void labelLayout()
     {
@@ -678,16 +622,13 @@ private Q_SLOTS:
             QCOMPARE(label.getIcon()->boundingRect().size(), iconShown);
             QCOMPARE(label.getIcon()->pos(), QPointF(-iw - 3, -iconShown.height()));
             QCOMPARE(label.getTextItem()->pos(), QPointF(0, 0));
-            const float tw = float(label.getTextBoundingRect().width());
-            const float th = float(label.getTextBoundingRect().height());
+            const QSizeF t = label.getTextBoundingRect().size();
             const QRectF expected = wrap
-                ? QRectF(-8 - iw, 5, tw + 10 + float(iw) + 6, -th - 10)
+                ? QRectF(-8 - iw, 5, float(t.width()) + 10 + float(iw) + 6, -float(t.height()) - 10)
                 : QRectF(-8 - iw, 5, fixedSize.width(), -fixedSize.height());
-            QCOMPARE(label.getBackground()->getRect(), expected);
             // The box reaches 8 pixels beyond the text and icon, and from 5 below the baseline
             // to 5 above the text.
-            if (wrap)
-                QCOMPARE(expected.normalized().topRight(), QPointF(tw + 8.0, -(th + 5.0f)));
+            QCOMPARE(label.getBackground()->getRect(), expected);
         }
     }
 
@@ -698,38 +639,22 @@ private Q_SLOTS:
         QCOMPARE((QStringList {label.getBackground()->objectName(), label.getIcon()->objectName(),
                      label.getTextItem()->objectName()}),
             (QStringList {"ruler_background", "ruler_icon", "ruler_text"}));
-        QCOMPARE(label.getIcon()->parentItem(), &label);
         QCOMPARE(label.getCustomChildItems(),
             (QList<CustomGraphicsItem*> {label.getBackground(), label.getTextItem()}));
-        // Box, icon and text stack in that order; the box is hidden until asked for.
-        QVERIFY(label.getBackground()->zValue() < label.getIcon()->zValue());
-        QVERIFY(label.getIcon()->zValue() < label.getTextItem()->zValue());
-        const bool hiddenFirst = !label.getBackground()->isVisible();
-        label.fillBackground(true);
         QCOMPARE(
-            (Bools {hiddenFirst, label.getBackground()->isVisible(),
-                label.getTextItem()->hasOutline(),
-                CustomGraphicsLabelItem("plain", nullptr, 0.0, false).getTextItem()->hasOutline()}),
-            (Bools {true, true, true, false}));
+            (Bools {label.getTextItem()->hasOutline(),
+                CustomGraphicsLabelItem("plain", nullptr, 0, false).getTextItem()->hasOutline()}),
+            (Bools {true, false}));
 
         const QFont font = label.getTextItem()->getFont();
         QCOMPARE(font.family(),
             StyleManager::manager().getFontFamilyForQFont("@MEASUREMENT_LABEL_FONT"));
-        QVERIFY(!font.family().isEmpty());
         QCOMPARE(font.pixelSize(), 17);
         QCOMPARE(font.letterSpacingType(), QFont::PercentageSpacing);
         QCOMPARE(font.letterSpacing(), 110.0);
 
-        label.setText("42 mm");
-        const QRectF boxBefore = label.getBackground()->getRect();
-        const qreal widthBefore = label.getTextBoundingRect().width();
         setLabelFontSize(24);
         QCOMPARE(label.getTextItem()->getFont().pixelSize(), 24);
-        QVERIFY(label.getTextBoundingRect().width() > widthBefore);
-        // The size change alone does not lay the label out again.
-        QCOMPARE(label.getBackground()->getRect(), boxBefore);
-        label.setText("42 mm ");
-        QVERIFY(label.getBackground()->getRect().width() > boxBefore.width());
         label.setFontSize(9);
         QCOMPARE(label.getTextItem()->getFont().pixelSize(), 9);
 
@@ -761,30 +686,6 @@ private Q_SLOTS:
         QVERIFY(label->boundingRect().contains(label->shape().boundingRect()));
     }
 
-    void labelRendersBoxAndTextWhereLaidOut()
-    {
-        ViewFixture fixture(3.0);
-        auto* label = blueBoxLabel(fixture);
-        const QImage image = fixture.render();
-        // The label ignores the zoom: its box is laid out in pixels around the origin's pixel.
-        const QPoint origin = fixture.origin();
-        const QRect box
-            = label->getBackground()->getRect().normalized().toRect().translated(origin);
-        const auto blueAt = [&](int x, int y) { return image.pixel(x, y) == qRgb(0, 0, 255); };
-        QCOMPARE(
-            (Bools {blueAt(box.left() + 1, box.bottom() - 1),
-                blueAt(box.right() - 1, box.top() + 1), blueAt(box.left() - 2, box.center().y()),
-                blueAt(box.right() + 2, box.center().y()),
-                blueAt(box.center().x(), box.top() - 2)}),
-            (Bools {true, true, false, false, false}));
-
-        // Yellow glyphs lie inside the text's rectangle above the baseline, none outside it.
-        const QRect text = label->getTextBoundingRect().toAlignedRect().translated(origin);
-        const QRect glyphs = pixelBox(image, isYellow);
-        QVERIFY2(glyphs.width() > 20 && text.adjusted(-1, -1, 1, 1).contains(glyphs),
-            qPrintable(QDebug::toString(glyphs) + QDebug::toString(text)));
-    }
-
     void labelPaintsHitsAndHoversInEitherScene_data()
     {
         QTest::addColumn<bool>("library");
@@ -798,7 +699,11 @@ private Q_SLOTS:
         ViewFixture fixture(1.0, library ? new GraphicsSceneExtra : nullptr);
         QCOMPARE(fixture.scene.itemIndexMethod(),
             library ? QGraphicsScene::NoIndex : QGraphicsScene::BspTreeIndex);
-        auto* label = blueBoxLabel(fixture);
+        auto* label = fixture.add<CustomGraphicsLabelItem>("label");
+        label->setText("HHHH");
+        label->fillBackground(true);
+        label->setBackgroundBrush(QBrush(Qt::blue));
+        label->setBackgroundOutlinePen(Qt::NoPen);
         label->setIcon(solidPixmap(16, 16));
         label->setAcceptHoverEvents(true);
         // Hiding or showing tells the scene the area the label covers.
@@ -815,10 +720,18 @@ private Q_SLOTS:
         QVERIFY(box.height() < 0);
         QCOMPARE(label->boundingRect(), box);
 
-        // Left of the text, inside the box: only the box paints there.
+        // Left of the icon, inside the box: only the box paints there, and nothing beside the
+        // box. Yellow glyphs lie inside the text's rectangle above the baseline.
         const QPointF inBoxHere(box.left() + 2, -2);
         const QPointF inBox = label->mapToScene(inBoxHere);
-        QCOMPARE(fixture.render().pixel(fixture.view.mapFromScene(inBox)), qRgb(0, 0, 255));
+        const QImage image = fixture.render();
+        const QPoint boxAt = fixture.view.mapFromScene(label->pos());
+        const QRect boxPixels = box.normalized().toRect().translated(boxAt);
+        QCOMPARE(colourBox(image, qRgb(0, 0, 255)), boxPixels);
+        const QRect text = label->getTextBoundingRect().toAlignedRect().translated(boxAt);
+        const QRect glyphs = pixelBox(image, isYellow);
+        QVERIFY2(glyphs.width() > 20 && text.adjusted(-1, -1, 1, 1).contains(glyphs),
+            qPrintable(QDebug::toString(glyphs) + QDebug::toString(text)));
         QVERIFY(fixture.scene.items(inBox).contains(label));
         QVERIFY(
             !fixture.scene.items(label->mapToScene(QPointF(box.left() - 4, -2))).contains(label));
@@ -867,8 +780,6 @@ private Q_SLOTS:
             {{sq[0], tri[1], sq[1], sq[2], tri[0], sq[3], tri[2]}, {square, triangle}},
             // an open chain
             {{QLineF(0, 0, 10, 0), QLineF(10, 0, 10, 10), QLineF(10, 10, 20, 10)}, {}},
-            // a loop with a dangling tail
-            {sq + Lines {QLineF(100, 100, 150, 150), QLineF(150, 150, 160, 200)}, {square}},
             // a loop with a branch off a corner, and a separate chain
             {Lines {QLineF(100, 0, 140, -40)} + sq + Lines {QLineF(500, 500, 600, 500)}, {square}},
             // a figure eight
@@ -881,12 +792,10 @@ private Q_SLOTS:
             {{QLineF(0, 0, 100, 0), QLineF(100.001, 0, 100, 100), QLineF(100, 100, 0, 0)}, {}},
             // a duplicate segment is one edge
             {tri + Lines {tri[0]}, {triangle}}};
-        for (const auto& [lines, expected] : cases) {
-            const QPainterPath path
-                = CustomGraphicsLineSetItem::createPathWithClosedPolygons(lines);
-            QCOMPARE(path.isEmpty(), expected.isEmpty());
-            QCOMPARE(loopKeys(path.toSubpathPolygons()), loopKeys(expected));
-        }
+        for (const auto& [lines, expected] : cases)
+            QCOMPARE(loopKeys(CustomGraphicsLineSetItem::createPathWithClosedPolygons(lines)
+                                  .toSubpathPolygons()),
+                loopKeys(expected));
 
         // One loop given as lines, as the outline of its points from the first line on.
         const std::pair<Lines, int> outlines[]
@@ -914,30 +823,18 @@ private Q_SLOTS:
                 {sq, Qt::red, true, true, true}, {chain, Qt::red, false, false, true}};
         for (const auto& [lines, fill, closed, hitInside, hitOnEdge] : cases) {
             CustomGraphicsLineSetItem item("lines");
-            QVERIFY(item.isUsingStroker());
             item.setPen(QPen(Qt::black, 4));
             item.setFillColor(fill);
             item.setLineSet(lines);
             QCOMPARE(item.isClosed(), closed);
             QCOMPARE(item.isUsingStroker(), !closed);
-            QCOMPARE(item.getPainterPath().isEmpty(), lines.isEmpty());
             QCOMPARE(over(&item, {{50, 50}, {99, 50}}), (Bools {hitInside, hitOnEdge}));
             // Loose segments: one sub-path each, in list order.
-            if (!closed && !lines.isEmpty())
-                QCOMPARE(item.getPainterPath().toSubpathPolygons().first().first(), lines[0].p1());
-            if (!closed)
-                QCOMPARE(item.getPainterPath().toSubpathPolygons().size(), lines.size());
+            const QList<QPolygonF> parts = item.getPainterPath().toSubpathPolygons();
+            QCOMPARE(parts.size(), closed ? 1 : lines.size());
+            QCOMPARE(parts.value(0).value(0), lines.value(0).p1());
         }
 
-        // The fill colour alone does not rebuild the path; the next line set does.
-        CustomGraphicsLineSetItem item("lines");
-        item.setLineSet(sq);
-        const QPainterPath loose = item.getPainterPath();
-        item.setFillColor(Qt::green);
-        QVERIFY(!item.isClosed());
-        QCOMPARE(item.getPainterPath(), loose);
-        item.setLineSet(item.getLineSet());
-        QVERIFY(item.isClosed());
         // A line set given as closed needs no fill colour; clearing empties everything.
         CustomGraphicsLineSetItem closed("closed");
         closed.setClosedLineSet(polygonLines({{0, 100}, {100, 100}, {100, 0}, {0, 0}}));
@@ -952,29 +849,23 @@ private Q_SLOTS:
 
     void lineSetRendersFilledLoopAndLooseSegments()
     {
-        QGraphicsScene scene(-50, -50, 400, 200);
+        ViewFixture fixture;
         for (const auto& [points, fill] :
             {std::pair {square, QColor(Qt::red)}, {triangle, QColor()}}) {
-            auto* item = new CustomGraphicsLineSetItem("lines");
+            auto* item = fixture.add<CustomGraphicsLineSetItem>("lines");
+            item->setPos(-140, -50);
             item->setPen(QPen(Qt::black, 2));
             item->setFillColor(fill);
             item->setLineSet(polygonLines(points));
-            scene.addItem(item);
         }
-        QImage image(400, 200, QImage::Format_ARGB32);
-        image.fill(Qt::white);
-        QPainter painter(&image);
-        scene.render(&painter, QRectF(0, 0, 400, 200), QRectF(-50, -50, 400, 200));
-        painter.end();
-        const auto at = [&](qreal x, qreal y) { return image.pixel(int(x + 50), int(y + 50)); };
-        QCOMPARE(at(50, 50), qRgb(255, 0, 0));
-        // The fill is laid over the outline: only the outer half of the pen stays black.
-        QCOMPARE(at(-1, 50), qRgb(0, 0, 0));
-        QCOMPARE(at(250, 40), qRgb(255, 255, 255)); // inside the unfilled triangle
-        QCOMPARE(at(250, 0), qRgb(0, 0, 0));
+        const QImage image = fixture.render();
+        const QPoint o = fixture.view.mapFromScene(QPointF(-140, -50));
+        const auto at = [&](int x, int y) { return image.pixel(o + QPoint(x, y)); };
+        // The fill is laid over the outline: only the outer half of the pen stays black. The
+        // triangle is not filled.
+        QCOMPARE((QList<QRgb> {at(50, 50), at(-1, 50), at(250, 40), at(250, 0)}),
+            (QList<QRgb> {qRgb(255, 0, 0), qRgb(0, 0, 0), qRgb(255, 255, 255), qRgb(0, 0, 0)}));
     }
-
-    // Text
 
     void textPressUnderMouse()
     {
@@ -1013,9 +904,8 @@ private Q_SLOTS:
     {
         ViewFixture fixture(2.0);
         auto* item = fixture.add<CustomGraphicsTextItem>();
-        StyleManager& style = StyleManager::manager();
-        QCOMPARE(item->font().family(), style.getFontFamilyForQFont("@MEASUREMENT_LABEL_FONT"));
-        QCOMPARE(item->font().pixelSize(), style.getFontSize("@MEASUREMENT_LABEL_FONT_SIZE_3D"));
+        QCOMPARE(item->font().pixelSize(),
+            StyleManager::manager().getFontSize("@MEASUREMENT_LABEL_FONT_SIZE_3D"));
         // An empty item shows a caret until its first change.
         const QRect caret = pixelBox(fixture.render(), isYellow);
         QVERIFY2(caret.width() <= 2 && caret.height() >= 10, qPrintable(QDebug::toString(caret)));
@@ -1024,7 +914,8 @@ private Q_SLOTS:
         item->setEditing(true);
         QCOMPARE(item->textInteractionFlags(), Qt::TextEditable);
         QSignalSpy changed(item, &CustomGraphicsTextItem::textChanged);
-        typeText(fixture.scene, item, "ab");
+        sendKey(fixture.scene, item, Qt::Key_A, "a");
+        sendKey(fixture.scene, item, Qt::Key_B, "b");
         QCOMPARE(item->toPlainText(), QStringLiteral("ab"));
         QCOMPARE(changed, (QList<QVariantList> {{QStringLiteral("a")}, {QStringLiteral("ab")}}));
         QVERIFY(pixelBox(fixture.render(), isYellow).width() > 2);
@@ -1042,7 +933,7 @@ private Q_SLOTS:
         // At most 256 characters: further letters are refused but still taken.
         item->setEditing(true);
         item->setPlainText(QString(255, QLatin1Char('x')));
-        typeText(fixture.scene, item, "y");
+        sendKey(fixture.scene, item, Qt::Key_Y, "y");
         const QString full = QLatin1Char('y') + QString(255, QLatin1Char('x'));
         QCOMPARE(item->toPlainText(), full);
         QVERIFY(sendKey(fixture.scene, item, Qt::Key_Z, "z"));
@@ -1065,7 +956,7 @@ private Q_SLOTS:
         // Typing needs editing switched on by the owner.
         item->setEditing(false);
         QVERIFY(!item->isSelected() && !item->textCursor().hasSelection());
-        typeText(fixture.scene, item, "c");
+        sendKey(fixture.scene, item, Qt::Key_C, "c");
         QCOMPARE(item->toPlainText(), QString(256, QLatin1Char('q')));
 
         // The shape keeps the text's size on screen.
@@ -1075,14 +966,12 @@ private Q_SLOTS:
         QSignalSpy moved(item, &CustomGraphicsTextItem::mouseMoved);
         QSignalSpy released(item, &CustomGraphicsTextItem::mouseReleased);
         QGraphicsSceneMouseEvent move(QEvent::GraphicsSceneMouseMove);
-        QGraphicsSceneMouseEvent release(QEvent::GraphicsSceneMouseRelease);
-        item->mouseMoveEvent(&move);
-        QCOMPARE(moved.count(), 0);
-        item->setEditing(true);
-        item->mouseMoveEvent(&move);
-        QCOMPARE(moved.count(), 1);
-        item->mouseReleaseEvent(&release);
-        QCOMPARE(released.count(), 1);
+        for (bool editing : {false, true}) {
+            item->setEditing(editing);
+            item->mouseMoveEvent(&move);
+            item->mouseReleaseEvent(&move);
+        }
+        QCOMPARE((QList {moved.count(), released.count()}), (QList<qsizetype> {1, 2}));
     }
 
     void simpleTextCentring()
