@@ -73,12 +73,19 @@ template <typename K> Change change(const QString& name, std::function<void(K&)>
             }};
 }
 
-#define C(K, ...) change<ui::K>(#__VA_ARGS__, [](ui::K& n) { n.__VA_ARGS__; })
+#define C(K, ...) change<K>(#__VA_ARGS__, [](K& n) { n.__VA_ARGS__; })
 
 inline const std::vector<Change>& allChanges()
 {
     using namespace ui;
-    static const std::vector<Change> changes {C(DataObjectNode, setDataObjectUUID("uuid-1")),
+    using Scan = DentalScanComparisonOptionsNode;
+    using Cross = CrossSectionalResliceViewerNode;
+    using Implant = ImplantVisualizationOptionsNode;
+    using V3D = Viewer3DNode;
+    using Snapped = SnappedResliceNode;
+    // The scan's visual state changes each member on its own, then all of them.
+    static const std::vector<Change> changes {
+        C(DataObjectNode, setDataObjectUUID("uuid-1")),
         C(AngulatedResliceNode, setOrigin(QVector3D(1, 2, 3))),
         C(AngulatedResliceNode, setDirection0(QVector3D(0, 1, 0))),
         C(AngulatedResliceNode, setDirection1(QVector3D(0, 0, 1))),
@@ -86,36 +93,29 @@ inline const std::vector<Change>& allChanges()
         C(AttachablePointNode, setAttachedDirection(QVector3D(1, 0, 0))),
         C(AttachablePointNode, setAttachedUpperDirection(QVector3D(0, 0, 1))),
         C(Measurement2DNode, setLabelRelativePositions({{0.5, 0.25}, {-1, 2}})),
-        C(DentalScanComparisonOptionsNode, setComparisonScanTransparency(40)),
-        C(DentalScanComparisonOptionsNode, setVisualizationMode("distance")),
-        // Each member of the scan's visual state on its own, then all of them.
-        C(DentalScanComparisonOptionsNode, setReferenceScanVisualState({false, false, 0, 100})),
-        C(DentalScanComparisonOptionsNode, setReferenceScanVisualState({true, true, 0, 100})),
-        C(DentalScanComparisonOptionsNode, setReferenceScanVisualState({true, false, 1, 100})),
-        C(DentalScanComparisonOptionsNode, setReferenceScanVisualState({true, false, 0, 99})),
-        C(DentalScanComparisonOptionsNode,
-            setReferenceScanVisualState({false, true, 0x7f00ff00, 40})),
-        C(DentalScanComparisonOptionsNode, setShown(false)), C(ViewNode, setViewId("implant.view")),
+        C(Scan, setComparisonScanTransparency(40)), C(Scan, setVisualizationMode("distance")),
+        C(Scan, setReferenceScanVisualState({false, false, 0, 100})),
+        C(Scan, setReferenceScanVisualState({true, true, 0, 100})),
+        C(Scan, setReferenceScanVisualState({true, false, 1, 100})),
+        C(Scan, setReferenceScanVisualState({true, false, 0, 99})),
+        C(Scan, setReferenceScanVisualState({false, true, 0x7f00ff00, 40})),
+        C(Scan, setShown(false)), C(ViewNode, setViewId("implant.view")),
         C(ViewNode, setAngulatedReslicesHorizontalSlidersPosition(120)),
         C(ViewerNode, setViewerIndex(2)), C(ViewerNode, setMaximized(true)),
         C(ViewerNode, setHadContentWhenGenerated(true)),
         C(ViewerNode, setAssociatedDataObjectUUID("uuid-2")),
         C(Viewer2DNode, setZoomBox(QRectF(1.5, 2.5, 30, 40))),
         C(ResliceViewerNode, setPlaneOrientation("axial")),
-        C(ResliceViewerNode, setSliderIndex(17)),
-        C(CrossSectionalResliceViewerNode, setNumberOfSlices(9)),
-        C(CrossSectionalResliceViewerNode, setSliceSpacing(0.25f)),
-        C(CrossSectionalResliceViewerNode, setSliderIndex(4)),
-        C(Viewer3DNode, setCameraPosition(QVector3D(10, 20, 30))),
-        C(Viewer3DNode, setRotation(QQuaternion::fromEulerAngles(10, 20, 30))),
-        C(Viewer3DNode, setNearDistance(0.125f)), C(Viewer3DNode, setFarDistance(512.5f)),
-        C(Viewer3DNode, setFocalDistance(64.0f)), C(Viewer3DNode, setMinimalFOV(12.5f)),
+        C(ResliceViewerNode, setSliderIndex(17)), C(Cross, setNumberOfSlices(9)),
+        C(Cross, setSliceSpacing(0.25f)), C(Cross, setSliderIndex(4)),
+        C(V3D, setCameraPosition(QVector3D(10, 20, 30))),
+        C(V3D, setRotation(QQuaternion::fromEulerAngles(10, 20, 30))),
+        C(V3D, setNearDistance(0.125f)), C(V3D, setFarDistance(512.5f)),
+        C(V3D, setFocalDistance(64.0f)), C(V3D, setMinimalFOV(12.5f)),
         C(CtDataViewer3DNode, setUpdateCameraWhenPatientOrientationChanges(false)),
         C(DentalScanViewer3DNode, setArchType(ToothChart::Lower)),
-        C(SnappedResliceNode, setOrigin(QVector3D(7, 8, 9))),
-        C(SnappedResliceNode, setDirection0(QVector3D(1, 1, 0))),
-        C(SnappedResliceNode, setDirection1(QVector3D(0, 1, 1))),
-        C(SnappedResliceNode, setPlaneOrientation("coronal")),
+        C(Snapped, setOrigin(QVector3D(7, 8, 9))), C(Snapped, setDirection0(QVector3D(1, 1, 0))),
+        C(Snapped, setDirection1(QVector3D(0, 1, 1))), C(Snapped, setPlaneOrientation("coronal")),
         C(Clipping3DNode, setClippingResliceUUID("uuid-3")), C(Clipping3DNode, setMirrored(true)),
         C(BookmarkNode, setAssociatedDataObjectUUID("uuid-4")),
         C(BookmarkNode, addDependency(std::make_unique<Measurement2DNode>("uuid-5"))),
@@ -124,11 +124,9 @@ inline const std::vector<Change>& allChanges()
         C(LayoutTileNode, setLayoutTileId("tile-2x2")),
         C(PeriapicalViewNode, setActiveLayoutId("fmx-18")),
         C(ClinicalPicturesGridViewNode, setActiveLayoutId("grid-3")),
-        C(IntraOralPicturesViewNode, setActiveLayoutId("io-4")),
-        C(ImplantVisualizationOptionsNode, setAxisVisible(false)),
-        C(ImplantVisualizationOptionsNode, setSafetyZoneVisible(false)),
-        C(ImplantVisualizationOptionsNode, setSleeveVisible(false)),
-        C(ImplantVisualizationOptionsNode, setAnchorPinsVisible(false))};
+        C(IntraOralPicturesViewNode, setActiveLayoutId("io-4")), C(Implant, setAxisVisible(false)),
+        C(Implant, setSafetyZoneVisible(false)), C(Implant, setSleeveVisible(false)),
+        C(Implant, setAnchorPinsVisible(false))};
     return changes;
 }
 
