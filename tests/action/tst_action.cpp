@@ -19,9 +19,6 @@
 #include <QTest>
 #include <QWidget>
 
-#include <memory>
-#include <vector>
-
 namespace {
 
 QStringList journal; // what the probes, the recorded actions and the manager did, in order
@@ -82,13 +79,11 @@ public:
     int calls = 0;
 };
 
-// Accepts every mouse event and counts the Escape presses and right releases it gets.
+// Counts the Escape presses and right releases it gets.
 class KeyAndMouseRecorder : public QWidget
 {
 public:
     void keyPressEvent(QKeyEvent* event) override { escapes += event->key() == Qt::Key_Escape; }
-    void mousePressEvent(QMouseEvent*) override { }
-    void mouseMoveEvent(QMouseEvent*) override { }
     void mouseReleaseEvent(QMouseEvent* e) override { releases += e->button() == Qt::RightButton; }
     int escapes = 0, releases = 0;
 };
@@ -192,9 +187,8 @@ private Q_SLOTS:
         Action action(QStringLiteral("a"), QString(), QString(), QIcon());
         QSignalSpy names(&action, &Action::nameChanged);
         QSignalSpy tooltips(&action, &Action::tooltipChanged);
-        action.setName(QStringLiteral("Angle"));
-        action.setName(QStringLiteral("Angle"));
-        action.setName(QStringLiteral("Distance"));
+        for (const char* name : {"Angle", "Angle", "Distance"})
+            action.setName(name);
         // The first name filled the empty tooltip, silently.
         QCOMPARE(action.getTooltip(), QStringLiteral("Angle"));
 
@@ -276,7 +270,7 @@ private Q_SLOTS:
         QCOMPARE(m_solutions->getActionsCount(), 0);
     }
 
-    void startSequence()
+    void handlerRunsStartStopAndRepeats()
     {
         // handled() comes for a checkable action without an explicit choice, even when refused.
         const std::tuple<bool, bool, bool, QStringList> cases[]
@@ -333,6 +327,60 @@ private Q_SLOTS:
             (QStringList {"start a", "stop a", "off", "on", "start a", "handled", "stop a", "off",
                 "disabled=1", "enabled=0", "on", "start a", "handled", "stop a", "off", "on",
                 "start a", "handled", "stop a", "off", "disabled=0", "enabled=1"}));
+
+        init();
+        Probe* handler = probe();
+        Action* first = tool("first", true, handler);
+        Action* second = tool("second", true, handler);
+        first->setParameter("mode", 1);
+        first->start(false);
+        // A run counts as cancelled until the concrete handler completes it.
+        QVERIFY(handler->isCanceled());
+        handler->setCanceled(false);
+        QSignalSpy secondTriggered(second, &Action::triggered);
+        QTest::ignoreMessage(
+            QtDebugMsg, "ActionHandler::startHandler : there is still an action that is busy");
+        second->start(false);
+        QCOMPARE(args(secondTriggered), (QStringList {"true", "false"}));
+        QCOMPARE(activeIds(), QStringList {"first"});
+        QVERIFY(handler->isActive() && !handler->isCanceled());
+
+        // The handler works on a copy of the parameters, taken at start and again at stop.
+        QVERIFY(handler->containsParameter("mode"));
+        handler->removeParameter("mode");
+        QVERIFY(!handler->getParameter("mode").isValid());
+        handler->clearParameters();
+        QCOMPARE(first->getParameter("mode"), QVariant(1));
+        first->setParameter("result", 42);
+        first->stop();
+        QCOMPARE(handler->getCurrentParameters(), (QVariantMap {{"mode", 1}, {"result", 42}}));
+        // Stopping an idle handler is a harmless no-op; the next run counts as cancelled again.
+        QVERIFY(handler->stopHandler(first));
+        first->start(false);
+        QVERIFY(handler->isCanceled());
+        QCOMPARE(journal, (QStringList {"start first", "stop first", "start first"}));
+        QVERIFY(handler->allowClose() && first->allowClose());
+        first->stop();
+
+        // A multi-handler passes each run to the handler for the action's id, and owns them all.
+        journal.clear();
+        QPointer<ActionHandler> replaced = new Probe;
+        QPointer<ActionHandler> forB = new Probe;
+        auto multi = std::make_unique<MultiActionHandler>();
+        multi->addActionHandler("a", replaced);
+        multi->addActionHandler("a", new Probe);
+        multi->addActionHandler("b", forB);
+        QVERIFY(replaced.isNull());
+        for (const char* id : {"a", "b"}) {
+            tool(id, true, multi.get())->start(false);
+            m_actions.back()->stop();
+        }
+        // An action without a handler of its own is stopped at once.
+        tool("unknown", true, multi.get())->start(false);
+        QCOMPARE(activeIds(), QStringList());
+        QCOMPARE(journal, (QStringList {"start a", "stop a", "start b", "stop b"}));
+        multi.reset();
+        QVERIFY(forB.isNull());
     }
 
     void qactionsFollowTheAction()
@@ -407,62 +455,6 @@ private Q_SLOTS:
         QTest::mouseRelease(&widget, Qt::RightButton, {}, to);
         QTest::qWait(20);
         QVERIFY(watched->isActive());
-    }
-
-    void handlersServeOneRunAtATime()
-    {
-        Probe* handler = probe();
-        Action* first = tool("first", true, handler);
-        Action* second = tool("second", true, handler);
-        first->setParameter("mode", 1);
-        first->start(false);
-        // A run counts as cancelled until the concrete handler completes it.
-        QVERIFY(handler->isCanceled());
-        handler->setCanceled(false);
-        QSignalSpy secondTriggered(second, &Action::triggered);
-        QTest::ignoreMessage(
-            QtDebugMsg, "ActionHandler::startHandler : there is still an action that is busy");
-        second->start(false);
-        QCOMPARE(args(secondTriggered), (QStringList {"true", "false"}));
-        QCOMPARE(activeIds(), QStringList {"first"});
-        QVERIFY(handler->isActive() && !handler->isCanceled());
-
-        // The handler works on a copy of the parameters, taken at start and again at stop.
-        QVERIFY(handler->containsParameter("mode"));
-        handler->removeParameter("mode");
-        QVERIFY(!handler->getParameter("mode").isValid());
-        handler->clearParameters();
-        QCOMPARE(first->getParameter("mode"), QVariant(1));
-        first->setParameter("result", 42);
-        first->stop();
-        QCOMPARE(handler->getCurrentParameters(), (QVariantMap {{"mode", 1}, {"result", 42}}));
-        // Stopping an idle handler is a harmless no-op; the next run counts as cancelled again.
-        QVERIFY(handler->stopHandler(first));
-        first->start(false);
-        QVERIFY(handler->isCanceled());
-        QCOMPARE(journal, (QStringList {"start first", "stop first", "start first"}));
-        QVERIFY(handler->allowClose() && first->allowClose());
-        first->stop();
-
-        // A multi-handler passes each run to the handler for the action's id, and owns them all.
-        journal.clear();
-        QPointer<ActionHandler> replaced = new Probe;
-        QPointer<ActionHandler> forB = new Probe;
-        auto multi = std::make_unique<MultiActionHandler>();
-        multi->addActionHandler("a", replaced);
-        multi->addActionHandler("a", new Probe);
-        multi->addActionHandler("b", forB);
-        QVERIFY(replaced.isNull());
-        for (const char* id : {"a", "b"}) {
-            tool(id, true, multi.get())->start(false);
-            m_actions.back()->stop();
-        }
-        // An action without a handler of its own is stopped at once.
-        tool("unknown", true, multi.get())->start(false);
-        QCOMPARE(activeIds(), QStringList());
-        QCOMPARE(journal, (QStringList {"start a", "stop a", "start b", "stop b"}));
-        multi.reset();
-        QVERIFY(forB.isNull());
     }
 
     void groupStopperAndManagerFollowRuns()
@@ -557,16 +549,14 @@ private Q_SLOTS:
 
         // Switching updates off nests; surplus enables are banked, so one disable after two
         // enables leaves updates on.
-        m_manager->setEnableUpdates(false);
-        m_manager->setEnableUpdates(false);
-        m_manager->setEnableUpdates(true);
+        for (const bool on : {false, false, true})
+            m_manager->setEnableUpdates(on);
         m_manager->updateActions();
         QVERIFY(!m_manager->getEnableUpdates());
         m_manager->setEnableUpdates(true);
         QCOMPARE(other->updates, 3);
-        m_manager->setEnableUpdates(true);
-        m_manager->setEnableUpdates(true);
-        m_manager->setEnableUpdates(false);
+        for (const bool on : {true, true, false})
+            m_manager->setEnableUpdates(on);
         m_manager->objectsDeleted();
         QCOMPARE(other->updates, 4);
 
@@ -616,9 +606,8 @@ private Q_SLOTS:
         for (const auto& [stopCurrent, exceptions, stillActive] : cases) {
             init();
             for (const char* id : {"a", "b", "d", "c"}) {
-                Action* action = tool(id);
-                action->setMustBeStopped(QString(id) != "d");
-                action->start(false);
+                tool(id)->setMustBeStopped(QString(id) != "d");
+                m_actions.back()->start(false);
             }
             m_manager->stopActiveMustBeStoppedActions(stopCurrent, exceptions);
             QCOMPARE(activeIds(), stillActive);
