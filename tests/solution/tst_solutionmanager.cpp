@@ -30,7 +30,6 @@ private Q_SLOTS:
         QCOMPARE(added.count(), 3);
         QCOMPARE(added.at(1).at(0).value<Action*>(), &second);
         QCOMPARE(manager.getActionsCount(), 2);
-        QCOMPARE(manager.getAction("b"), &second);
         // Ordered by id, whatever the order of registration.
         QCOMPARE(manager.getAllActions().values(), (QList<Action*> {&other, &second}));
 
@@ -59,14 +58,9 @@ private Q_SLOTS:
         manager.addFeature(nullptr);
         manager.addFeature(&feature);
         QCOMPARE(QList<QVariantList>(featureAdded), QList<QVariantList> {{"implants"}});
-        QVERIFY(manager.hasFeature("implants"));
-        QCOMPARE(manager.getFeature("implants"), &feature);
+        QVERIFY(manager.hasFeature("implants") && manager.getFeature("implants") == &feature);
         QCOMPARE(manager.getFeature("other"), nullptr);
-    }
 
-    void activeSolutionAndCurrentStep()
-    {
-        SolutionManager manager;
         Solution planning("planning", "Planning"), endo("endo", "Endo");
         manager.addSolution(&planning);
         manager.addSolution(&endo);
@@ -79,8 +73,7 @@ private Q_SLOTS:
         manager.clearActiveSolution();
         QCOMPARE(manager.getActiveSolution(), nullptr);
         QCOMPARE(QList<QVariantList>(changed), (QList<QVariantList> {{true}, {false}}));
-        QCOMPARE(manager.getSolution("endo"), &endo);
-        QVERIFY(manager.hasSolution("planning"));
+        QVERIFY(manager.getSolution("endo") == &endo && manager.hasSolution("planning"));
 
         SolutionStep scan("scan", "Scan"), plan("plan", "Plan");
         manager.addSolutionStep(&scan);
@@ -184,7 +177,6 @@ private Q_SLOTS:
         int storage[2] = {};
         auto* first = reinterpret_cast<View*>(&storage[0]);
         auto* second = reinterpret_cast<View*>(&storage[1]);
-
         Solution solution("planning", "Planning");
         for (View* view : {first, second, first})
             solution.addView(view);
@@ -198,7 +190,7 @@ private Q_SLOTS:
         SolutionStep step("s", "S");
         solution.addSolutionStep(&step);
         const Solution copy = solution;
-        QCOMPARE(copy.getSolutionSteps(), QList<SolutionStep*> {&step});
+        QVERIFY(copy.getSolutionSteps() == QList<SolutionStep*> {&step});
         QCOMPARE(copy.getCurrentView(), second);
     }
 
@@ -207,8 +199,7 @@ private Q_SLOTS:
         SolutionManager manager;
         SolutionStep shortId("ST", "Step"), longId("ABCDE", "Step");
         int counter = 9;
-        QCOMPARE(
-            SolutionBuilderHelper::addActionGroupToSolution(manager, nullptr, counter), nullptr);
+        QVERIFY(!SolutionBuilderHelper::addActionGroupToSolution(manager, nullptr, counter));
         QStringList ids;
         for (SolutionStep* step : {&shortId, &shortId, &longId}) {
             SolutionActionGroup* group
@@ -216,19 +207,16 @@ private Q_SLOTS:
             QCOMPARE(manager.getActionGroup(group->getName()), group);
             ids.append(group->getID());
         }
-        QCOMPARE(ids, (QStringList {"ST_9", "ST_10", "ABC_11"}));
-        QCOMPARE(counter, 12);
-        QCOMPARE(shortId.getActionGroups().size(), 2);
+        ids << QString::number(counter) << QString::number(shortId.getActionGroups().size());
+        QCOMPARE(ids, (QStringList {"ST_9", "ST_10", "ABC_11", "12", "2"}));
         SolutionActionGroup* group = longId.getActionGroups().front();
 
         ActionList* tools = SolutionBuilderHelper::addActionListToGroup(manager, "tools", group);
-        QCOMPARE(tools->getName(), "tools");
-        QCOMPARE(tools->parent(), nullptr);
+        QVERIFY(tools->getName() == "tools" && !tools->parent());
         QCOMPARE(manager.getActionList("tools"), tools);
 
         // An unknown action creates no list; a known one gets a list of its own.
-        QCOMPARE(
-            SolutionBuilderHelper::addActionToGroup(manager, "missing", "list", group), nullptr);
+        QVERIFY(!SolutionBuilderHelper::addActionToGroup(manager, "missing", "list", group));
         QVERIFY(!manager.hasActionList("list"));
         SingleAction action("distance");
         manager.addAction(&action);
@@ -236,7 +224,7 @@ private Q_SLOTS:
             SolutionBuilderHelper::addActionToGroup(manager, "distance", "list", group), &action);
         ActionList* list = manager.getActionList("list");
         QCOMPARE(group->getActionLists(), (QList<ActionList*> {tools, list}));
-        QCOMPARE(list->getActions(), QList<Action*> {&action});
+        QVERIFY(list->getActions() == QList<Action*> {&action});
         QCOMPARE(list->getDefaultAction(), &action);
         // The new panel makes the step available, and follows the action from then on.
         QVERIFY(longId.isEnabled());
@@ -260,8 +248,8 @@ private Q_SLOTS:
             QCOMPARE(list.getDefaultListType(), ActionList::DROP_DOWN_LIST);
             SolutionBuilderHelper::addActionsToList({first, second}, &list);
             QCOMPARE(list.getDefaultListType(), expected);
-            QCOMPARE(list.getDefaultAction(), first);
             QCOMPARE(list.getActions(), (QList<Action*> {first, second}));
+            QCOMPARE(list.getDefaultAction(), first);
         }
         SolutionBuilderHelper::addActionsToList({&plain}, nullptr);
     }
