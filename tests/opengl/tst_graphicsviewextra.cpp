@@ -3,9 +3,7 @@
 #include <guicore/graphics/scene/GraphicsViewExtraWrapper.h>
 
 #include <QGraphicsSceneMouseEvent>
-#include <QMouseEvent>
 #include <QOpenGLWidget>
-#include <QScreen>
 #include <QSignalSpy>
 #include <QTest>
 

@@ -9,10 +9,8 @@
 #include <QQmlComponent>
 #include <QQmlEngine>
 #include <QQuickWindow>
-#include <QSGRendererInterface>
 #include <QSignalSpy>
 #include <QTest>
-#include <QWheelEvent>
 #include <QWidget>
 
 // Runs in a real X server with Mesa's software OpenGL; CTest runs it once as it is and once with
