@@ -62,29 +62,25 @@ private:
     QStringList* log;
 };
 
-/// A hover-priority item that is a QObject (through CustomGraphicsItem), or none, which the scene
-/// can only find in its item list.
-template <typename Base> class Hoverable : public Base, public HoverableItem
+/// A hover-priority item that is no QObject, which the scene can only find in its item list.
+class PlainHoverable : public QGraphicsRectItem, public HoverableItem
 {
 public:
-    using Base::Base;
+    using QGraphicsRectItem::QGraphicsRectItem;
     std::function<void(bool)> onHoverState;
     QStringList* hoverLog = nullptr;
 
     bool isHoverHit(const QPointF& scenePos) const override
     {
-        return this->sceneBoundingRect().contains(scenePos);
+        return sceneBoundingRect().contains(scenePos);
     }
     void hoverStateChanged(bool state) override
     {
-        if (hoverLog)
-            hoverLog->append(this->data(0).toString() + (state ? ":hovered" : ":unhovered"));
+        hoverLog->append(data(0).toString() + (state ? ":hovered" : ":unhovered"));
         if (const auto copy = onHoverState)
             copy(state);
     }
 };
-using HoverableProbe = Hoverable<ProbeItem>;
-using PlainHoverable = Hoverable<QGraphicsRectItem>;
 
 inline Qt::MouseButtons buttonsOf(const QString& letters)
 {

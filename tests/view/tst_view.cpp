@@ -237,14 +237,7 @@ private Q_SLOTS:
         QVERIFY(!matrix.getViewer(2, 2));
         const ViewerMatrix::ViewerWithIndex& second = matrix.getViewersWithIndex().at(1);
         QCOMPARE(QPoint(second.row, second.column), QPoint(3, 2));
-
-        // Copies are independent.
-        ViewerMatrix copy(matrix);
-        copy.addViewer(2, 3, viewer(3));
         QCOMPARE(matrix.getViewer(2, 3), viewer(2));
-        ViewerMatrix assigned;
-        assigned = copy;
-        QCOMPARE(assigned.getViewers(), copy.getViewers());
 
         // Sizes are the largest indices used (cells are row, column); gaps count, indices are
         // not counts, an unused row has no columns.
