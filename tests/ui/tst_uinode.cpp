@@ -174,13 +174,10 @@ private Q_SLOTS:
         auto parent = viewWithTiles({"a", "b", "a", "c"});
         parent->clearAlteredRecursively();
         ui::Viewer3DNode viewer;
-        std::vector<std::unique_ptr<ui::Node>> batch;
-        batch.push_back(tile("d"));
-        batch.push_back(tile("e"));
         {
             // Under the state tree's own lock edits are stored but are no changes.
             ModificationLock lock(ModificationLock::Scope::UserInterfaceState);
-            parent->addNodes(std::move(batch));
+            parent->addNodes(viewWithTiles({"d", "e"})->takeNodes());
             parent->addNode(tile("f"));
             parent->removeNode(*parent->getNodes().back());
             viewer.setNearDistance(0.5f);
@@ -212,29 +209,26 @@ private Q_SLOTS:
         QVERIFY(parent->isAltered());
 
         // A grandchild is not a child; its changes show only in the recursive flags.
-        auto grand = viewWithTiles({"g"});
+        auto grandParent = viewWithTiles({"g"});
+        auto* grand = grandParent.get();
         auto* grandChild = static_cast<ui::LayoutTileNode*>(grand->getNodes().front());
         parent->clearAlteredRecursively();
-        parent->addNode(std::move(grand));
+        parent->addNode(std::move(grandParent));
         QVERIFY(parent->isAltered());
         parent->clearAlteredRecursively();
         parent->removeNode(*grandChild);
-        QCOMPARE(parent->getNodes().back()->getNodes().size(), size_t(1));
+        QCOMPARE(grand->getNodes().size(), size_t(1));
         QVERIFY(!parent->isAlteredRecursively());
         grandChild->setLayoutTileId("h");
-        QVERIFY(!parent->isAltered() && !parent->getNodes().back()->isAltered());
-        QVERIFY(parent->isAlteredRecursively());
-        QVERIFY(parent->getNodes().back()->isAlteredRecursively());
+        QVERIFY(!parent->isAltered() && !grand->isAltered());
+        QVERIFY(parent->isAlteredRecursively() && grand->isAlteredRecursively());
         QVERIFY(parent->clone()->getNodes().empty());
         parent->clearAlteredRecursively();
         QVERIFY(!grandChild->isAltered());
 
-        const std::vector<ui::Node*> before = parent->getNodes();
-        std::vector<ui::Node*> taken;
-        for (const auto& node : parent->takeNodes())
-            taken.push_back(node.get());
-        QCOMPARE(taken, before);
-        QCOMPARE(taken.size(), size_t(7));
+        const ui::Node* first = parent->getNodes().front();
+        const std::vector<std::unique_ptr<ui::Node>> taken = parent->takeNodes();
+        QVERIFY(taken.size() == 7 && taken.front().get() == first);
         QVERIFY(parent->getNodes().empty() && parent->takeNodes().empty());
     }
 
