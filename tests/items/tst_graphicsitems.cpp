@@ -520,23 +520,22 @@ private Q_SLOTS:
         path->setPen(QPen(Qt::green, 6, Qt::SolidLine, Qt::FlatCap));
         path->setPainterPath(pathOf({QPointF(0, -10), QPointF(0, 10)}));
         path->setUseZoomAgnostic(true);
-        int span = colourBox(fixture.render(), qRgb(0, 255, 0)).width();
-        QVERIFY2(qAbs(span - 6) <= 1, qPrintable(QString::number(span)));
-        path->setVisible(false);
         auto* handle = fixture.add<CustomGraphicsPointDraggerItem>("h", nullptr, 6.0f);
+        handle->setPos(5, 0);
         handle->setBrush(Qt::red);
         handle->setPen(Qt::NoPen);
         // Six pixels at 4x zoom are 1.5 scene units.
-        QCOMPARE(over(handle, {{1.4, 0}, {1.6, 0}}), (Bools {true, false}));
-        span = colourBox(fixture.render(), qRgb(255, 0, 0)).width();
-        QVERIFY2(qAbs(span - 12) <= 1, qPrintable(QString::number(span)));
+        QCOMPARE(over(handle, {{6.4, 0}, {6.6, 0}}), (Bools {true, false}));
+        const QImage image = fixture.render();
+        const QList<int> spans {
+            colourBox(image, qRgb(0, 255, 0)).width(), colourBox(image, qRgb(255, 0, 0)).width()};
+        QVERIFY2(qAbs(spans[0] - 6) <= 1 && qAbs(spans[1] - 12) <= 1,
+            qPrintable(QDebug::toString(spans)));
     }
 
     void rectPolygonAndSplineRegions()
     {
         CustomGraphicsRectItem plain("plain", nullptr, QRectF(0, 0, 40, 20), 0.0);
-        QVERIFY(plain.isUsingStroker());
-        QVERIFY(!plain.getHandleRightClick());
         QCOMPARE(plain.getPainterPath(), pathOf(QRectF(0, 0, 40, 20)));
         CustomGraphicsRectItem rounded("rounded", nullptr, QRectF(0, 0, 40, 20), 5.0);
         QPainterPath expected;
@@ -621,7 +620,6 @@ private Q_SLOTS:
             const qreal iw = iconShown.width();
             QCOMPARE(label.getIcon()->boundingRect().size(), iconShown);
             QCOMPARE(label.getIcon()->pos(), QPointF(-iw - 3, -iconShown.height()));
-            QCOMPARE(label.getTextItem()->pos(), QPointF(0, 0));
             const QSizeF t = label.getTextBoundingRect().size();
             const QRectF expected = wrap
                 ? QRectF(-8 - iw, 5, float(t.width()) + 10 + float(iw) + 6, -float(t.height()) - 10)
@@ -636,38 +634,40 @@ private Q_SLOTS:
     {
         setLabelFontSize(17);
         CustomGraphicsLabelItem label("ruler", nullptr, 3.0, true);
+        const QList<CustomGraphicsItem*> textParts = label.getTextItem()->getCustomChildItems();
         QCOMPARE((QStringList {label.getBackground()->objectName(), label.getIcon()->objectName(),
-                     label.getTextItem()->objectName()}),
-            (QStringList {"ruler_background", "ruler_icon", "ruler_text"}));
+                     label.getTextItem()->objectName(), textParts[0]->objectName(),
+                     textParts[1]->objectName()}),
+            (QStringList {"ruler_background", "ruler_icon", "ruler_text", "ruler_text_outline",
+                "ruler_text_text"}));
         QCOMPARE(label.getCustomChildItems(),
             (QList<CustomGraphicsItem*> {label.getBackground(), label.getTextItem()}));
-        QCOMPARE(
-            (Bools {label.getTextItem()->hasOutline(),
-                CustomGraphicsLabelItem("plain", nullptr, 0, false).getTextItem()->hasOutline()}),
-            (Bools {true, false}));
+        CustomGraphicsLabelItem plain("plain", nullptr, 0, false);
+        QCOMPARE(plain.getTextItem()->getCustomChildItems().size(), 1);
 
-        const QFont font = label.getTextItem()->getFont();
-        QCOMPARE(font.family(),
-            StyleManager::manager().getFontFamilyForQFont("@MEASUREMENT_LABEL_FONT"));
-        QCOMPARE(font.pixelSize(), 17);
-        QCOMPARE(font.letterSpacingType(), QFont::PercentageSpacing);
-        QCOMPARE(font.letterSpacing(), 110.0);
-
-        setLabelFontSize(24);
-        QCOMPARE(label.getTextItem()->getFont().pixelSize(), 24);
-        label.setFontSize(9);
-        QCOMPARE(label.getTextItem()->getFont().pixelSize(), 9);
+        QFont font;
+        font.setFamily(StyleManager::manager().getFontFamilyForQFont("@MEASUREMENT_LABEL_FONT"));
+        font.setPixelSize(17);
+        font.setLetterSpacing(QFont::PercentageSpacing, 110);
+        QCOMPARE(label.getTextItem()->getFont(), font);
+        // The text's box: advance wide, ascent above and descent below the baseline.
+        label.setText("42 mm");
+        const QFontMetricsF metrics(font);
+        QCOMPARE(label.getTextBoundingRect(),
+            QRectF(0, -metrics.ascent(), metrics.horizontalAdvance("42 mm"),
+                metrics.ascent() + metrics.descent()));
 
         // The constructor applies a lower bound of 1 to the setting; later changes do not, and
         // QFont refuses a size of 0, keeping the one it has.
         setLabelFontSize(0);
         CustomGraphicsLabelItem tiny("tiny");
         QList<int> sizes {tiny.getTextItem()->getFont().pixelSize()};
-        for (int setting : {5, 0}) {
+        for (int setting : {5, 0, 24}) {
             setLabelFontSize(setting);
             sizes << tiny.getTextItem()->getFont().pixelSize();
         }
-        QCOMPARE(sizes, (QList<int> {1, 5, 5}));
+        tiny.setFontSize(9);
+        QCOMPARE(sizes << tiny.getTextItem()->getFont().pixelSize(), (QList<int> {1, 5, 5, 24, 9}));
     }
 
     void labelHitShapeInZoomedView()
@@ -705,6 +705,7 @@ private Q_SLOTS:
         label->setBackgroundBrush(QBrush(Qt::blue));
         label->setBackgroundOutlinePen(Qt::NoPen);
         label->setIcon(solidPixmap(16, 16));
+        label->getTextItem()->setOutlineWidth(6);
         label->setAcceptHoverEvents(true);
         // Hiding or showing tells the scene the area the label covers.
         QSignalSpy changed(&fixture.scene, &QGraphicsScene::changed);
@@ -732,6 +733,10 @@ private Q_SLOTS:
         const QRect glyphs = pixelBox(image, isYellow);
         QVERIFY2(glyphs.width() > 20 && text.adjusted(-1, -1, 1, 1).contains(glyphs),
             qPrintable(QDebug::toString(glyphs) + QDebug::toString(text)));
+        // A black ring as wide as the outline (6 pixels, 3 a side) surrounds the glyphs.
+        const QRect ring = colourBox(image, qRgb(0, 0, 0));
+        QVERIFY2(ring.contains(glyphs) && ring.width() >= glyphs.width() + 5,
+            qPrintable(QDebug::toString(ring) + QDebug::toString(glyphs)));
         QVERIFY(fixture.scene.items(inBox).contains(label));
         QVERIFY(
             !fixture.scene.items(label->mapToScene(QPointF(box.left() - 4, -2))).contains(label));
@@ -796,21 +801,6 @@ private Q_SLOTS:
             QCOMPARE(loopKeys(CustomGraphicsLineSetItem::createPathWithClosedPolygons(lines)
                                   .toSubpathPolygons()),
                 loopKeys(expected));
-
-        // One loop given as lines, as the outline of its points from the first line on.
-        const std::pair<Lines, int> outlines[]
-            = {{sq, 4}, {{sq[0], sq[2], QLineF(0, 0, 0, 100), QLineF(100, 100, 100, 0)}, 4},
-                {polygonLines({{0, 0}, {10, -5}, {20, 0}, {15, 10}, {5, 10}}), 5}};
-        for (const auto& [lines, count] : outlines) {
-            const QList<QPointF> outline
-                = CustomGraphicsLineSetItem::getPointsForClosedPolygonFromLines(lines);
-            QCOMPARE(outline.size(), count);
-            QCOMPARE(outline.first(), lines.first().p1());
-            QCOMPARE(outline.at(1), lines.first().p2());
-            // Every consecutive pair of the outline (closing pair included) is one of the lines.
-            for (const QLineF& edge : polygonLines(outline))
-                QVERIFY(lines.contains(edge) || lines.contains(QLineF(edge.p2(), edge.p1())));
-        }
     }
 
     void lineSetModes()
@@ -875,7 +865,6 @@ private Q_SLOTS:
                 {Qt::LeftButton, true, true, true, {"left"}, true},
                 {Qt::LeftButton, false, true, true, {}, false},
                 {Qt::RightButton, true, true, true, {"right"}, false},
-                {Qt::MiddleButton, true, true, true, {}, false},
                 {Qt::RightButton, true, false, true, {}, true}};
         for (const auto& [button, underMouse, onItem, editingBefore, expected, editingAfter] :
             cases) {
@@ -885,18 +874,15 @@ private Q_SLOTS:
             item->setPlainText("note");
             item->setEditing(editingBefore);
             recordClicks(item, seen);
-            const QPointF onText = item->mapToScene(item->shape().boundingRect().center());
             QGraphicsSceneMouseEvent press(QEvent::GraphicsSceneMousePress);
-            fill(press, onItem ? onText : QPointF(-100, -100), button);
+            fill(press, onItem ? QPointF(5, 5) : QPointF(-100, -100), button);
+            item->mousePressEventUnderMouse(&press, underMouse);
+            // A hidden item is never hit.
+            item->setVisible(false);
             item->mousePressEventUnderMouse(&press, underMouse);
             QCOMPARE(seen, expected);
             QCOMPARE(item->isEditing(), editingAfter);
             QVERIFY(press.isAccepted() || expected.isEmpty());
-            // A hidden item is never hit.
-            item->setVisible(false);
-            seen.clear();
-            item->mousePressEventUnderMouse(&press, underMouse);
-            QVERIFY(seen.isEmpty());
         }
     }
 
@@ -909,10 +895,8 @@ private Q_SLOTS:
         // An empty item shows a caret until its first change.
         const QRect caret = pixelBox(fixture.render(), isYellow);
         QVERIFY2(caret.width() <= 2 && caret.height() >= 10, qPrintable(QDebug::toString(caret)));
-        QVERIFY(qAbs(caret.left() - fixture.view.mapFromScene(item->pos()).x()) <= 1);
 
         item->setEditing(true);
-        QCOMPARE(item->textInteractionFlags(), Qt::TextEditable);
         QSignalSpy changed(item, &CustomGraphicsTextItem::textChanged);
         sendKey(fixture.scene, item, Qt::Key_A, "a");
         sendKey(fixture.scene, item, Qt::Key_B, "b");
@@ -977,14 +961,12 @@ private Q_SLOTS:
     void simpleTextCentring()
     {
         // Centred, zoom-agnostic, zoom.
-        const std::tuple<bool, bool, qreal> cases[]
-            = {{true, false, 1.0}, {true, true, 3.0}, {false, false, 1.0}};
+        const std::tuple<bool, bool, qreal> cases[] = {{true, true, 3.0}, {false, false, 1.0}};
         for (const auto& [centered, agnostic, zoom] : cases) {
             ViewFixture fixture(zoom);
             // No descenders: the glyphs' box ends on the baseline.
             auto* item
                 = fixture.add<CustomGraphicsSimpleTextItem>("simple", nullptr, "HEX", centered);
-            QCOMPARE(item->getFont().pixelSize(), 1);
             QFont font;
             font.setPixelSize(40);
             item->setFont(font);
@@ -999,47 +981,12 @@ private Q_SLOTS:
             // Centred: shifted by half the glyphs' box, which starts at the first glyph's left
             // bearing and ends on the baseline, so the box's centre lands that bearing right of
             // the position. Otherwise the glyphs start at the position and end on it.
-            const QRectF bounds = item->getPainterPath().boundingRect();
-            const QPoint expected
-                = centered ? origin + QPointF(bounds.left(), bounds.bottom()).toPoint() : origin;
-            const QPoint measured
-                = centered ? glyphs.center() : QPoint(glyphs.left(), glyphs.bottom());
-            QVERIFY(qAbs(measured.x() - expected.x()) <= (centered ? 1 : 4));
-            QVERIFY(qAbs(measured.y() - expected.y()) <= 1);
-            QVERIFY(bounds.left() < 5);
+            const QRectF b = item->getPainterPath().boundingRect();
+            const QPoint off = centered ? glyphs.center() - QPointF(b.left(), b.bottom()).toPoint()
+                                        : QPoint(glyphs.left(), glyphs.bottom());
+            QVERIFY(qAbs(off.x() - origin.x()) <= (centered ? 1 : 4)
+                && qAbs(off.y() - origin.y()) <= 1);
         }
-    }
-
-    void outlineTextChildrenAndRendering()
-    {
-        CustomGraphicsOutlineTextItem plain("plain", nullptr, "a", false);
-        QCOMPARE(plain.getCustomChildItems().size(), 1);
-        QCOMPARE(plain.getCustomChildItems().first()->objectName(), QStringLiteral("plain_text"));
-
-        ViewFixture fixture(2.0);
-        auto* item = fixture.add<CustomGraphicsOutlineTextItem>("outlined", nullptr, "HHH", true);
-        QStringList names;
-        for (CustomGraphicsItem* child : item->getCustomChildItems())
-            names << child->objectName();
-        names.sort();
-        QCOMPARE(names, (QStringList {"outlined_outline", "outlined_text"}));
-        QFont font;
-        font.setPixelSize(30);
-        item->setFont(font);
-        item->setTextColor(Qt::yellow);
-        item->setOutlineTextColor(Qt::blue);
-        item->setOutlineWidth(3);
-
-        const QImage image = fixture.render();
-        const QRect text = pixelBox(image, isYellow);
-        const QRect ring = pixelBox(image, [](QRgb p) { return qBlue(p) > 200 && qRed(p) < 60; });
-        // The ring surrounds the glyphs.
-        QVERIFY(!text.isEmpty() && ring.contains(text) && ring.width() > text.width());
-        // The text's box: advance wide, ascent above and descent below the baseline.
-        const QFontMetricsF metrics(font);
-        QCOMPARE(item->textBoundingRect(),
-            QRectF(0, -metrics.ascent(), metrics.horizontalAdvance("HHH"),
-                metrics.ascent() + metrics.descent()));
     }
 };
 
