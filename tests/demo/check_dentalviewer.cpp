@@ -17,7 +17,6 @@
 // A NOTE's "\n" stands for a line break. Prints every failed expectation with what was
 // found instead, and exits with 1 when there was one.
 
-#include <QColor>
 #include <QCoreApplication>
 #include <QDebug>
 #include <QFile>
@@ -25,13 +24,9 @@
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
-#include <QLineF>
 #include <QSet>
-#include <algorithm>
 #include <cmath>
 #include <cstdio>
-#include <functional>
-#include <tuple>
 
 namespace {
 
@@ -85,11 +80,10 @@ void collectNodes(const QJsonValue& node, const QString& type, QList<QJsonValue>
 // The children of the state tree's node of the given view, below the root.
 QJsonArray viewChildren(const QJsonValue& root, const QString& viewId)
 {
-    for (const QJsonValue& node : root["children"].toArray()) {
+    for (const QJsonValue& node : root["children"].toArray())
         if (node["type"].toString() == "ViewNode"
             && node["properties"]["ViewNode"]["viewId"].toString() == viewId)
             return node["children"].toArray();
-    }
     return {};
 }
 
@@ -114,10 +108,9 @@ QRectF rectOf(const QJsonValue& box)
 // The drawn item of that name (a label, a chart tooth), undefined when there is none.
 QJsonValue drawnItem(const QJsonValue& dump, const QString& name)
 {
-    for (const QJsonValue& item : dump["drawn"].toArray()) {
+    for (const QJsonValue& item : dump["drawn"].toArray())
         if (item["name"].toString() == name)
             return item;
-    }
     return QJsonValue::Undefined;
 }
 
@@ -160,12 +153,10 @@ QList<QRgb> pixels(
 {
     QList<QRgb> found;
     const QRect clipped = area.intersected(image.rect());
-    for (int y = clipped.top(); y <= clipped.bottom(); ++y) {
-        for (int x = clipped.left(); x <= clipped.right(); ++x) {
+    for (int y = clipped.top(); y <= clipped.bottom(); ++y)
+        for (int x = clipped.left(); x <= clipped.right(); ++x)
             if (test(image.pixel(x, y)))
                 found.append(image.pixel(x, y));
-        }
-    }
     return found;
 }
 
@@ -312,10 +303,9 @@ void checkDump(const QString& fileName, const QStringList& args)
     // --active-sub-view MULTI SUB: the multi view's node names its chosen sub view.
     each(args, "--active-sub-view", 2, [&](const QStringList& v) {
         QStringList found;
-        for (const QJsonValue& node : viewChildren(root, v[0])) {
+        for (const QJsonValue& node : viewChildren(root, v[0]))
             if (node["type"].toString() == "ViewNode")
                 found.append(node["properties"]["ViewNode"]["viewId"].toString());
-        }
         expect(found == QStringList {v[1]}, found);
     });
     // --reslice ID POSITION: the cross-section's position along the arch (0..1), to two
@@ -467,12 +457,11 @@ void checkImage(const QString& fileName, const QStringList& args)
                 && std::abs(qRed(pixel) - qGreen(pixel)) < 40;
         };
         int longest = 0;
-        for (int y = 0; y + 2 < image.height(); ++y) {
+        for (int y = 0; y + 2 < image.height(); ++y)
             for (int x = 0, run = 0; x < image.width(); ++x) {
                 run = yellowish(x, y) || yellowish(x, y + 1) || yellowish(x, y + 2) ? run + 1 : 0;
                 longest = std::max(longest, run);
             }
-        }
         expect(longest >= v[0].toInt(), "a longest run of", longest, "pixels");
     });
 }
