@@ -154,8 +154,6 @@ private Q_SLOTS:
         const ui::RootCanalViewer2DNode rootCanal;
         QVERIFY(!viewer.isEqual(viewer2D) && !viewer2D.isEqual(viewer));
         QVERIFY(!reslice.isEqual(rootCanal) && !rootCanal.isEqual(reslice));
-        QVERIFY(rootCanal.isEqual(ui::RootCanalViewer2DNode()));
-        QVERIFY(!ui::PeriapicalViewNode().isEqual(ui::IntraOralPicturesViewNode()));
 
         // Neither the altered flags nor the versions read take part; copies keep the latter.
         auto left = viewWithTiles({"a"});
