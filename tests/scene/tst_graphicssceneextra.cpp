@@ -27,33 +27,22 @@ namespace {
 using Mouse = QGraphicsSceneMouseEvent;
 using Hover = QGraphicsSceneHoverEvent;
 
-/// Consumes the events whose kinds are listed, and records every call.
-class RecordingHandler : public GraphicsSceneEventHandler
+/// Consumes the events whose kinds are listed, and records every call; a press first runs onPress.
+struct RecordingHandler : GraphicsSceneEventHandler
 {
-public:
-    explicit RecordingHandler(QStringList* log)
-        : log(log)
-    {
-    }
+    QStringList* log = nullptr;
     QSet<QString> consume;
     std::function<void()> onPress;
 
-    bool record(const QString& what, const QString& tag)
-    {
-        log->append("handler:" + what + "@" + tag);
-        return consume.contains(what);
-    }
-    bool handleMousePressEvent(Mouse*, const QString& tag) override
-    {
-        if (onPress)
-            onPress();
-        return record("press", tag);
-    }
 #define RECORDED(handler, Event, what)                                                             \
     bool handler(Event*, const QString& tag) override                                              \
     {                                                                                              \
-        return record(what, tag);                                                                  \
+        if (QLatin1String(what) == QLatin1String("press") && onPress)                              \
+            onPress();                                                                             \
+        log->append(QStringLiteral("handler:" what "@") + tag);                                    \
+        return consume.contains(what);                                                             \
     }
+    RECORDED(handleMousePressEvent, Mouse, "press")
     RECORDED(handleMouseDoubleClickEvent, Mouse, "double")
     RECORDED(handleMouseMoveEvent, Mouse, "move")
     RECORDED(handleMouseReleaseEvent, Mouse, "release")
@@ -61,9 +50,6 @@ public:
     RECORDED(handleHoverLeaveEvent, Hover, "hoverLeave")
     RECORDED(handleKeyPressEvent, QKeyEvent, "key")
     RECORDED(handleKeyReleaseEvent, QKeyEvent, "keyRelease")
-
-private:
-    QStringList* log;
 };
 
 struct RecordingListener : KeyboardInteractionListener
@@ -524,7 +510,8 @@ private:
     /// Installs a handler that consumes the listed kinds; it outlives the scene.
     RecordingHandler& installHandler(const QSet<QString>& consume = {})
     {
-        handler = std::make_unique<RecordingHandler>(&log);
+        handler = std::make_unique<RecordingHandler>();
+        handler->log = &log;
         handler->consume = consume;
         scene->setEventHandler(handler.get());
         return *handler;

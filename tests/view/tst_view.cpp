@@ -483,10 +483,9 @@ private:
     QString state(const SwitchingViewsManager& switcher) const
     {
         QStringList active;
-        for (View* view : std::initializer_list<View*> {m_a, m_b, m_m, m_m1, m_m2, m_d}) {
+        for (View* view : m_order + QList<View*> {m_m1, m_m2})
             if (view->isActive())
                 active.append(view->getID());
-        }
         const View* current = switcher.getCurrentView();
         return (current ? current->getID() : QString()) + '/' + switcher.getCurrentViewOrSubViewID()
             + ": " + active.join(' ');
