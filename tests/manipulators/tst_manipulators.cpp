@@ -322,30 +322,27 @@ private Q_SLOTS:
     }
     void rotateOrTranslateZones()
     {
-        const struct
-        {
-            qreal rotationX, pressX;
-            bool rotate, rotationEnabled = true, translationEnabled = true;
-        } cases[]
+        const bool t = true, f = false;
+        // rotation point x, press x, rotates, rotation enabled, translation enabled
+        const std::tuple<qreal, qreal, bool, bool, bool> cases[]
             = {// Rotation point at the start: the far third rotates; before the viewport likewise.
-                {0, 290, true}, {0, 201, true}, {0, 200, false}, {0, 10, false}, {-100, 250, true},
-                {-100, 50, false},
+                {0, 290, t, t, t}, {0, 201, t, t, t}, {0, 200, f, t, t}, {0, 10, f, t, t},
+                {-100, 250, t, t, t}, {-100, 50, f, t, t},
                 // Rotation point in the middle: the outer third of each side rotates.
-                {150, 251, true}, {150, 250, false}, {150, 49, true}, {150, 50, false},
-                {150, 150, false},
+                {150, 251, t, t, t}, {150, 250, f, t, t}, {150, 49, t, t, t}, {150, 50, f, t, t},
+                {150, 150, f, t, t},
                 // Rotation point at the end: the near third of the segment start rotates.
-                {300, 99, true}, {300, 100, false}, {300, 290, false},
+                {300, 99, t, t, t}, {300, 100, f, t, t}, {300, 290, f, t, t},
                 // Without rotation everything translates; without translation everything rotates,
                 // even the rotation point itself.
-                {150, 295, false, false}, {150, 5, false, false}, {150, 150, true, true, false},
-                {150, 200, true, true, false}};
-        for (const auto& c : cases) {
-            LineItem* item = addLine(c.rotationX);
-            item->enableRotation(c.rotationEnabled);
-            item->enableTranslation(c.translationEnabled);
-            QCOMPARE(item->shouldRotateAt(QPointF(c.pressX, 50)), c.rotate);
+                {150, 295, f, f, t}, {150, 5, f, f, t}, {150, 150, t, t, f}, {150, 200, t, t, f}};
+        for (const auto& [rotationX, pressX, rotate, rotation, translation] : cases) {
+            LineItem* item = addLine(rotationX);
+            item->enableRotation(rotation);
+            item->enableTranslation(translation);
+            QCOMPARE(item->shouldRotateAt(QPointF(pressX, 50)), rotate);
             // Only the projection onto the line counts.
-            QCOMPARE(item->shouldRotateAt(QPointF(c.pressX, 80)), c.rotate);
+            QCOMPARE(item->shouldRotateAt(QPointF(pressX, 80)), rotate);
             delete item;
         }
     }
@@ -605,27 +602,21 @@ private:
         QCOMPARE(itemAt(crossing + QPointF(1.1, -30)), nullptr);
         center->show();
     }
-    // Both crosses show their handle only while both lines show (visibility of horizontal line,
-    // vertical line, handle after each step).
+    // Both crosses show their handle only while both lines show (after each step, the visibility
+    // of horizontal line, vertical line and handle as the digits of a number).
     template <typename Cross>
     void checkHandleNeedsBothLines(Cross* cross, void (Cross::*showHorizontal)(bool),
         void (Cross::*showVertical)(bool), QGraphicsItem* horizontal, QGraphicsItem* vertical,
         QGraphicsItem* center)
     {
-        QStringList shown;
+        QList<int> shown;
         for (const auto& [show, visible] : {std::pair {showVertical, false}, {showHorizontal, true},
                  {showVertical, true}, {showHorizontal, false}, {showHorizontal, true}}) {
             (cross->*show)(visible);
-            shown << visibility({horizontal, vertical, center});
+            shown << 100 * horizontal->isVisible() + 10 * vertical->isVisible()
+                    + center->isVisible();
         }
-        QCOMPARE(shown, QStringList({"100", "100", "111", "010", "111"}));
-    }
-    static QString visibility(std::initializer_list<QGraphicsItem*> items)
-    {
-        QString shown;
-        for (QGraphicsItem* item : items)
-            shown += item->isVisible() ? '1' : '0';
-        return shown;
+        QCOMPARE(shown, QList<int>({100, 100, 111, 10, 111}));
     }
 
     std::unique_ptr<QGraphicsScene> m_scene;
