@@ -59,8 +59,7 @@ private Q_SLOTS:
         QCOMPARE((QStringList {fresh->getTypeId(), fresh->getTypeName(), levels.first(),
                      levels.last()}),
             (QStringList {typeId, typeId, "Node", typeId}));
-        QVERIFY(ui::NodeFactory::getNodeKindTypeIds().contains(typeId));
-        QVERIFY(!fresh->isAltered());
+        QVERIFY(ui::NodeFactory::getNodeKindTypeIds().contains(typeId) && !fresh->isAltered());
         // One version per class level, each level at its own.
         QMap<QString, QVersionNumber> versions;
         for (const QString& level : levels)
@@ -196,8 +195,7 @@ private Q_SLOTS:
             qPrintable(QStringLiteral("NodeSerializer : the state tree is nested deeper than %1 "
                                       "levels and was not written.")
                            .arg(limit)));
-        QVERIFY(!ui::NodeSerializer::writeFile(*chainNode(limit + 1), f));
-        QVERIFY(!QFile::exists(f));
+        QVERIFY(!ui::NodeSerializer::writeFile(*chainNode(limit + 1), f) && !QFile::exists(f));
 
         QTest::ignoreMessage(QtWarningMsg, qPrintable("NodeSerializer : cannot read " + f + "."));
         QVERIFY(!ui::NodeSerializer::readFile(f));

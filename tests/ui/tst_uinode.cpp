@@ -55,8 +55,7 @@ private Q_SLOTS:
 
         const std::unique_ptr<ui::Node> pristine = ui::NodeFactory::createSpecificNode(typeId);
         std::unique_ptr<ui::Node> node = ui::NodeFactory::createSpecificNode(typeId);
-        QVERIFY(change.apply(*node));
-        QVERIFY(node->isAltered());
+        QVERIFY(change.apply(*node) && node->isAltered());
         // A property left out of the comparison would make the changed node equal a default one.
         QVERIFY(!node->isEqual(*pristine) && !pristine->isEqual(*node));
         // Copies carry the property and start unaltered.
