@@ -24,11 +24,7 @@ class tst_DispatchStress : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void initTestCase()
-    {
-        qRegisterMetaType<QGraphicsSceneMouseEvent*>();
-        StyleManager::createManager(StyleManagerDataProvider());
-    }
+    void initTestCase() { StyleManager::createManager(StyleManagerDataProvider()); }
     void cleanupTestCase() { StyleManager::deleteManager(); }
     void cleanup()
     {
@@ -122,31 +118,31 @@ private:
         if (items.size() >= 40)
             return;
         const QRectF rect(randomPoint(), QSizeF(20 + random(120), 20 + random(120)));
-        const QString name = QStringLiteral("item%1").arg(itemsCreated);
         QGraphicsItem* item = nullptr;
         const int kind = random(4);
+        using Shape = CustomGraphicsItem;
+        using Text = CustomGraphicsTextItem;
+        using Image = CustomGraphicsPixmapItem;
         if (kind == 0) {
-            auto* shape = onSignals(new CustomGraphicsItem(name), &CustomGraphicsItem::leftClicked,
-                &CustomGraphicsItem::rightClicked, &CustomGraphicsItem::mouseReleased,
-                &CustomGraphicsItem::mouseMoved, &CustomGraphicsItem::mouseHoverEnter,
-                &CustomGraphicsItem::mouseHoverLeave, &CustomGraphicsItem::mouseWheelChanged);
+            auto* shape = onSignals(new Shape(QString::number(itemsCreated)), &Shape::leftClicked,
+                &Shape::rightClicked, &Shape::mouseReleased, &Shape::mouseMoved,
+                &Shape::mouseHoverEnter, &Shape::mouseHoverLeave, &Shape::mouseWheelChanged);
             QPainterPath path;
             path.addRect(rect);
             shape->setPainterPath(path);
             shape->setHandleRightClick(random(2));
             item = shape;
         } else if (kind == 1) {
-            auto* text = onSignals(new CustomGraphicsTextItem(),
-                &CustomGraphicsTextItem::leftClicked, &CustomGraphicsTextItem::rightClicked,
-                &CustomGraphicsTextItem::mouseReleased, &CustomGraphicsTextItem::mouseHoverEnter);
+            auto* text = onSignals(new Text(), &Text::leftClicked, &Text::rightClicked,
+                &Text::mouseReleased, &Text::mouseHoverEnter);
             text->setPlainText(QStringLiteral("text %1").arg(itemsCreated));
             item = text;
         } else if (kind == 2) {
             QPixmap pixmap(rect.size().toSize());
             pixmap.fill(Qt::darkCyan);
-            item = onSignals(new CustomGraphicsPixmapItem(name, nullptr, pixmap),
-                &CustomGraphicsPixmapItem::leftClicked, &CustomGraphicsPixmapItem::mouseReleased,
-                &CustomGraphicsPixmapItem::mouseMoved, &CustomGraphicsPixmapItem::mouseHoverMove);
+            item = onSignals(new Image(QString::number(itemsCreated), nullptr, pixmap),
+                &Image::leftClicked, &Image::mouseReleased, &Image::mouseMoved,
+                &Image::mouseHoverMove);
         } else {
             item = new LineDragger(random(2) ? Qt::Horizontal : Qt::Vertical);
         }
