@@ -236,22 +236,17 @@ private Q_SLOTS:
     {
         CustomAction custom("c");
         SingleAction single("s");
-        Action plain("p");
-        const std::tuple<Action*, Action*, ActionList::ACTION_LIST_TYPE> cases[] {
-            {&custom, &single, ActionList::CUSTOM_LIST},
-            {&single, &custom, ActionList::BUTTON_LIST},
-            {&plain, &custom, ActionList::BUTTON_LIST}};
-        for (const auto& [first, second, expected] : cases) {
-            ActionList list("list", "List", nullptr);
-            list.setDefaultListType(ActionList::DROP_DOWN_LIST);
-            SolutionBuilderHelper::addActionsToList({}, &list);
-            QCOMPARE(list.getDefaultListType(), ActionList::DROP_DOWN_LIST);
-            SolutionBuilderHelper::addActionsToList({first, second}, &list);
-            QCOMPARE(list.getDefaultListType(), expected);
-            QCOMPARE(list.getActions(), (QList<Action*> {first, second}));
-            QCOMPARE(list.getDefaultAction(), first);
-        }
-        SolutionBuilderHelper::addActionsToList({&plain}, nullptr);
+        ActionList list("list", "List", nullptr);
+        list.setDefaultListType(ActionList::DROP_DOWN_LIST);
+        SolutionBuilderHelper::addActionsToList({}, &list);
+        QCOMPARE(list.getDefaultListType(), ActionList::DROP_DOWN_LIST);
+        SolutionBuilderHelper::addActionsToList({&custom, &single}, &list);
+        QCOMPARE(list.getDefaultListType(), ActionList::CUSTOM_LIST);
+        QCOMPARE(list.getActions(), (QList<Action*> {&custom, &single}));
+        QCOMPARE(list.getDefaultAction(), &custom);
+        SolutionBuilderHelper::addActionsToList({&single}, &list);
+        QCOMPARE(list.getDefaultListType(), ActionList::BUTTON_LIST);
+        SolutionBuilderHelper::addActionsToList({&single}, nullptr);
     }
 };
 

@@ -123,11 +123,6 @@ private Q_SLOTS:
             {"child not an object",
                 document(nodeJson("ViewNode", QJsonArray {nodeJson("SplitterNode"), 42})),
                 malformed.arg("a node is not a JSON object")},
-            {"bad grandchild deep in a valid tree",
-                document(nodeJson("ViewNode",
-                    QJsonArray {nodeJson(
-                        "ViewerNode", QJsonArray {QJsonObject {{"type", "SplitterNode"}}})})),
-                badVersions.arg("SplitterNode")},
             {"properties not an object",
                 tree(R"({"type": "ViewNode", "versions": {}, "properties": []})"),
                 malformed.arg(R"(the properties of "ViewNode" are not an object)")},
