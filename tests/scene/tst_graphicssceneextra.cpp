@@ -417,6 +417,10 @@ private Q_SLOTS:
         // The middle button: no overlay item accepts it, so every one is offered it.
         QTest::newRow("press") << ""
                                << "pM50,50" << 1;
+        QTest::newRow("move") << "pR300,300 mR301,300"
+                              << "mR50,50" << 1;
+        QTest::newRow("release") << "pR300,300"
+                                 << "rR50,50" << 1;
         // "victim" is hovered first, so that it would be owed a leave.
         QTest::newRow("hover") << "h50,50"
                                << "h50,50" << 1;
