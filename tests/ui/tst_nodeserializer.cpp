@@ -44,40 +44,33 @@ class tst_NodeSerializer : public QObject
 private Q_SLOTS:
     void init() { QTest::failOnWarning(QRegularExpression(".*")); }
 
-    void everyKindIsMadeAndRoundTripsThroughAFile_data()
-    {
-        QTest::addColumn<QString>("typeId");
-        for (const QString& typeId : samples::kinds())
-            QTest::newRow(qPrintable(typeId)) << typeId;
-    }
-
     void everyKindIsMadeAndRoundTripsThroughAFile()
     {
-        QFETCH(QString, typeId);
-        const std::unique_ptr<ui::Node> fresh = ui::NodeFactory::createSpecificNode(typeId);
-        const QList<QString> levels = fresh->getInheritanceList();
-        QCOMPARE((QStringList {fresh->getTypeId(), fresh->getTypeName(), levels.first(),
-                     levels.last()}),
-            (QStringList {typeId, typeId, "Node", typeId}));
-        QVERIFY(ui::NodeFactory::getNodeKindTypeIds().contains(typeId) && !fresh->isAltered());
-        // One version per class level, each level at its own.
-        QMap<QString, QVersionNumber> versions;
-        for (const QString& level : levels)
-            versions.insert(level, samples::ownVersion(level));
-        QCOMPARE(fresh->getVersions(), versions);
-
         QTemporaryDir dir;
         const QString path = dir.filePath("state.json");
-        const std::unique_ptr<ui::Node> node = samples::populated(typeId);
-        node->addNode(samples::populated("SplitterNode"));
-        QVERIFY(ui::NodeSerializer::writeFile(*node, path));
-        const std::unique_ptr<ui::Node> read = ui::NodeSerializer::readFile(path);
-        QVERIFY(read && read->isEqual(*node));
-        QCOMPARE(read->getTypeId(), typeId);
-        QVERIFY(!read->isAlteredRecursively());
-        QCOMPARE(read->getLoadingVersions(), versions);
-        // Written again, the text is the same: nothing is lost or invented on the way.
-        QCOMPARE(ui::NodeSerializer::write(*read), ui::NodeSerializer::write(*node));
+        for (const QString& typeId : samples::kinds()) {
+            const auto fresh = ui::NodeFactory::createSpecificNode(typeId);
+            const QList<QString> levels = fresh->getInheritanceList();
+            QCOMPARE((QStringList {fresh->getTypeId(), fresh->getTypeName(), levels.first(),
+                         levels.last()}),
+                (QStringList {typeId, typeId, "Node", typeId}));
+            QVERIFY(ui::NodeFactory::getNodeKindTypeIds().contains(typeId) && !fresh->isAltered());
+            // One version per class level, each level at its own.
+            QMap<QString, QVersionNumber> versions;
+            for (const QString& level : levels)
+                versions.insert(level, samples::ownVersion(level));
+            QCOMPARE(fresh->getVersions(), versions);
+
+            const auto node = samples::populated(typeId);
+            node->addNode(samples::populated("SplitterNode"));
+            QVERIFY(ui::NodeSerializer::writeFile(*node, path));
+            const auto read = ui::NodeSerializer::readFile(path);
+            QVERIFY2(read && read->isEqual(*node), qPrintable(typeId));
+            QVERIFY(read->getTypeId() == typeId && !read->isAlteredRecursively());
+            QCOMPARE(read->getLoadingVersions(), versions);
+            // Written again, the text is the same: nothing is lost or invented on the way.
+            QCOMPARE(ui::NodeSerializer::write(*read), ui::NodeSerializer::write(*node));
+        }
     }
 
     void malformedInputGivesNoTree_data()
