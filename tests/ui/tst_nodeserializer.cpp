@@ -88,12 +88,8 @@ private Q_SLOTS:
         };
         const char* const node = R"({"type": "Node", "versions": {"Node": "1.0"}})";
         const auto tree = [&](const char* root) { return doc(R"("formatVersion": 1, )", root); };
-        const QByteArray valid
-            = document(nodeJson("ViewNode", QJsonArray {nodeJson("SplitterNode")}));
         const auto deepest = chainNode(ui::NodeSerializer::MAXIMUM_DEPTH);
         const std::tuple<const char*, QByteArray, QString> rows[] {
-            {"truncated", valid.left(valid.size() / 2),
-                "NodeSerializer : the state tree is not valid JSON: .*"},
             {"array document", "[1, 2]", notTree},
             {"foreign object", R"({"root": {}})", notTree},
             {"root is a string", tree(R"("ViewNode")"), notTree},
@@ -152,8 +148,7 @@ private Q_SLOTS:
         for (const auto& [type, name, value] : wrongValues) {
             QJsonObject node = nodeJson(type);
             node.insert("properties", QJsonObject {{type, QJsonObject {{name, value}}}});
-            QTest::addRow("wrong value %d", i++)
-                << document(node) << malformed.arg(reason.arg(name, type));
+            QTest::addRow("%d", i++) << document(node) << malformed.arg(reason.arg(name, type));
         }
     }
 
@@ -161,10 +156,7 @@ private Q_SLOTS:
     {
         QFETCH(QByteArray, json);
         QFETCH(QString, warning);
-        if (warning.endsWith(".*"))
-            QTest::ignoreMessage(QtWarningMsg, QRegularExpression(warning));
-        else
-            QTest::ignoreMessage(QtWarningMsg, qPrintable(warning));
+        QTest::ignoreMessage(QtWarningMsg, qPrintable(warning));
         QVERIFY(!ui::NodeSerializer::read(json));
     }
 
