@@ -1,8 +1,6 @@
-#include <guicore/action/Action.h>
 #include <guicore/action/ActionList.h>
 #include <guicore/action/CustomAction.h>
 #include <guicore/action/SingleAction.h>
-#include <guicore/solution/Feature.h>
 #include <guicore/solution/Solution.h>
 #include <guicore/solution/SolutionActionGroup.h>
 #include <guicore/solution/SolutionBuilderHelper.h>
