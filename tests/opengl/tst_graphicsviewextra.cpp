@@ -201,9 +201,8 @@ private Q_SLOTS:
             resized, (QList<QVariantList> {{QRectF(0, 0, 320, 240)}, {QRectF(0, 0, 300, 200)}}));
         QCOMPARE(wrapper->size(), QSize(300, 200));
 
-        QVERIFY(wrapper->hasView(view.get()));
         QGraphicsView other;
-        QVERIFY(!wrapper->hasView(&other));
+        QVERIFY(wrapper->hasView(view.get()) && !wrapper->hasView(&other));
         QCOMPARE(wrapper->scene(), scene.get());
         QCOMPARE(wrapper->viewport(), view->viewport());
         QCOMPARE(wrapper->viewportRect(), view->viewport()->rect());
