@@ -42,12 +42,11 @@ using Bools = QList<bool>;
 struct ViewFixture
 {
     std::unique_ptr<QGraphicsScene> owned;
-    QGraphicsScene& scene;
+    QGraphicsScene& scene {*owned};
     QGraphicsView view {&scene};
 
     explicit ViewFixture(qreal zoom = 1.0, QGraphicsScene* given = nullptr)
         : owned(given ? given : new QGraphicsScene(-500, -500, 1000, 1000))
-        , scene(*owned)
     {
         view.setFrameShape(QFrame::NoFrame);
         view.setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
@@ -94,8 +93,6 @@ void fill(QGraphicsSceneMouseEvent& event, const QPointF& scenePos, Qt::MouseBut
     if (button == Qt::NoButton)
         button = buttons & Qt::RightButton ? Qt::RightButton : Qt::MouseButton(buttons.toInt());
     event.setScenePos(scenePos);
-    event.setScreenPos(scenePos.toPoint());
-    event.setButtonDownScenePos(button, scenePos);
     event.setButton(button);
     event.setButtons(buttons);
 }
@@ -164,13 +161,6 @@ QStringList loopKeys(const QList<QPolygonF>& loops)
     }
     keys.sort();
     return keys;
-}
-
-QPixmap solidPixmap(int w, int h)
-{
-    QPixmap pixmap(w, h);
-    pixmap.fill(Qt::blue);
-    return pixmap;
 }
 
 const QList<QPointF> square {{0, 0}, {100, 0}, {100, 100}, {0, 100}};
@@ -301,7 +291,7 @@ private Q_SLOTS:
             text->setFont(font);
             text->setPen(QPen(Qt::black, 2));
             auto* pixmap
-                = fixture.add<CustomGraphicsPixmapItem>("pixmap", nullptr, solidPixmap(10, 10));
+                = fixture.add<CustomGraphicsPixmapItem>("pixmap", nullptr, QPixmap(10, 10));
             pixmap->setVisible(on);
             recordClicks(shape, seen);
             recordClicks(text, seen);
@@ -457,7 +447,6 @@ private Q_SLOTS:
         // The destroyed item was unregistered: notifying again reaches only the living one.
         Q_EMIT native->screenChanged(native->screen());
         QCOMPARE(survivor.ratioChanges, 2);
-        DevicePixelRatio::registerMainWindow(nullptr);
     }
 
     void zoomAgnosticItemsKeepScreenSize()
@@ -492,8 +481,7 @@ private Q_SLOTS:
         const QImage image = fixture.render();
         const QList<int> spans {
             colourBox(image, qRgb(0, 255, 0)).width(), colourBox(image, qRgb(255, 0, 0)).width()};
-        QVERIFY2(qAbs(spans[0] - 6) <= 1 && qAbs(spans[1] - 12) <= 1,
-            qPrintable(QDebug::toString(spans)));
+        QVERIFY(qAbs(spans[0] - 6) <= 1 && qAbs(spans[1] - 12) <= 1);
     }
 
     void rectPolygonAndSplineRegions()
@@ -572,7 +560,7 @@ private Q_SLOTS:
             CustomGraphicsLabelItem label("label");
             label.setText(text);
             if (iconSize.isValid())
-                label.setIcon(solidPixmap(iconSize.width(), iconSize.height()));
+                label.setIcon(QPixmap(iconSize));
             label.wrapSizeToText(wrap);
             label.setWidth(fixedSize.width());
             label.setHeight(fixedSize.height());
@@ -587,6 +575,19 @@ private Q_SLOTS:
             // to 5 above the text.
             QCOMPARE(label.getBackground()->getRect(), expected);
         }
+
+        ViewFixture fixture(2.0);
+        auto* label = fixture.add<CustomGraphicsLabelItem>("label");
+        label->setPos(10, 10);
+        label->setText("3.4 cm");
+        label->wrapSizeToText(false);
+        label->setWidth(60);
+        label->setHeight(20);
+        // The box is (-8, 5, 60, -20) in pixels: (-4, -7.5) to (26, 2.5) in scene units at 2x.
+        QCOMPARE(label->shape().boundingRect(), QRectF(QPointF(-4, -7.5), QPointF(26, 2.5)));
+        QCOMPARE(label->getClickableRegion().boundingRect(), label->shape().boundingRect());
+        QCOMPARE(over(label, {{35, 3}, {37, 10}, {10, 13}}), (Bools {true, false, false}));
+        QVERIFY(label->boundingRect().contains(label->shape().boundingRect()));
     }
 
     void labelPartsAndFont()
@@ -629,22 +630,6 @@ private Q_SLOTS:
         QCOMPARE(sizes << tiny.getTextItem()->getFont().pixelSize(), (QList<int> {1, 5, 5, 24, 9}));
     }
 
-    void labelHitShapeInZoomedView()
-    {
-        ViewFixture fixture(2.0);
-        auto* label = fixture.add<CustomGraphicsLabelItem>("label");
-        label->setPos(10, 10);
-        label->setText("3.4 cm");
-        label->wrapSizeToText(false);
-        label->setWidth(60);
-        label->setHeight(20);
-        // The box is (-8, 5, 60, -20) in pixels: (-4, -7.5) to (26, 2.5) in scene units at 2x.
-        QCOMPARE(label->shape().boundingRect(), QRectF(QPointF(-4, -7.5), QPointF(26, 2.5)));
-        QCOMPARE(label->getClickableRegion().boundingRect(), label->shape().boundingRect());
-        QCOMPARE(over(label, {{35, 3}, {37, 10}, {10, 13}}), (Bools {true, false, false}));
-        QVERIFY(label->boundingRect().contains(label->shape().boundingRect()));
-    }
-
     void labelPaintsHitsAndHoversInEitherScene_data()
     {
         QTest::addColumn<bool>("library");
@@ -663,7 +648,9 @@ private Q_SLOTS:
         label->fillBackground(true);
         label->setBackgroundBrush(QBrush(Qt::blue));
         label->setBackgroundOutlinePen(Qt::NoPen);
-        label->setIcon(solidPixmap(16, 16));
+        QPixmap icon(16, 16);
+        icon.fill(Qt::blue);
+        label->setIcon(icon);
         label->getTextItem()->setOutlineWidth(6);
         label->setAcceptHoverEvents(true);
         // Hiding or showing tells the scene the area the label covers.
@@ -768,8 +755,7 @@ private Q_SLOTS:
             item.setPen(QPen(Qt::black, 4));
             item.setFillColor(fill);
             item.setLineSet(lines);
-            QCOMPARE(item.isClosed(), closed);
-            QCOMPARE(item.isUsingStroker(), !closed);
+            QCOMPARE((Bools {item.isClosed(), item.isUsingStroker()}), (Bools {closed, !closed}));
             QCOMPARE(over(&item, {{50, 50}, {99, 50}}), (Bools {hitInside, hitOnEdge}));
             // Loose segments: one sub-path each, in list order.
             const QList<QPolygonF> parts = item.getPainterPath().toSubpathPolygons();
@@ -787,10 +773,7 @@ private Q_SLOTS:
         QCOMPARE((Bools {closed.getLineSet().isEmpty(), closed.getPainterPath().isEmpty(),
                      closed.isClosed(), closed.isMouseOver({50, 50})}),
             (Bools {true, true, false, false}));
-    }
 
-    void lineSetRendersFilledLoopAndLooseSegments()
-    {
         ViewFixture fixture;
         for (const auto& [points, fill] :
             {std::pair {square, QColor(Qt::red)}, {triangle, QColor()}}) {
@@ -834,7 +817,6 @@ private Q_SLOTS:
             item->mousePressEventUnderMouse(&press, underMouse);
             QCOMPARE(seen, expected);
             QCOMPARE(item->isEditing(), editingAfter);
-            QVERIFY(press.isAccepted() || expected.isEmpty());
         }
     }
 
@@ -852,7 +834,6 @@ private Q_SLOTS:
         QSignalSpy changed(item, &CustomGraphicsTextItem::textChanged);
         sendKey(fixture.scene, item, Qt::Key_A, "a");
         sendKey(fixture.scene, item, Qt::Key_B, "b");
-        QCOMPARE(item->toPlainText(), QStringLiteral("ab"));
         QCOMPARE(changed, (QList<QVariantList> {{QStringLiteral("a")}, {QStringLiteral("ab")}}));
         QVERIFY(pixelBox(fixture.render(), isYellow).width() > 2);
         // Return and Enter are taken but never break the line.
@@ -878,7 +859,6 @@ private Q_SLOTS:
         item->setPlainText(QString());
         QGuiApplication::clipboard()->setText("one\ntwo\r\nthree");
         sendKey(fixture.scene, item, Qt::Key_V, QString(), Qt::ControlModifier);
-        QCOMPARE(item->toPlainText(), QStringLiteral("one two three"));
         QCOMPARE(changed.last().at(0).toString(), QStringLiteral("one two three"));
         item->setPlainText(QString());
         QGuiApplication::clipboard()->setText(QString(300, QLatin1Char('q')));
