@@ -40,8 +40,7 @@ template <typename... Found> void expect(bool condition, const Found&... found)
         return;
     ++failures;
     QString text;
-    QDebug debug(&text);
-    ((debug << found), ...);
+    ((QDebug(&text) << found), ...);
     std::fprintf(stderr, "FAIL: %s: found %s\n", qPrintable(checking), qPrintable(text.trimmed()));
 }
 
@@ -114,11 +113,6 @@ QJsonValue drawnItem(const QJsonValue& dump, const QString& name)
     return QJsonValue::Undefined;
 }
 
-QRectF drawnBox(const QJsonValue& dump, const QString& name)
-{
-    return rectOf(drawnItem(dump, name)["box"]);
-}
-
 // A box of the dump in the pixels of a screenshot of the window.
 QRect pixelBox(const QJsonValue& dump, const QRectF& box)
 {
@@ -178,11 +172,10 @@ void checkDump(const QString& fileName, const QStringList& args)
 
     // --lengths, --areas, --notes N: how many the document holds of each kind.
     for (const auto& [option, kind] : {std::pair {"--lengths", "length"},
-             std::pair {"--areas", "area"}, std::pair {"--notes", "text"}}) {
+             std::pair {"--areas", "area"}, std::pair {"--notes", "text"}})
         each(args, option, 1, [&, kind = kind](const QStringList& v) {
             expect(texts.value(kind).size() == v[0].toInt(), texts.value(kind));
         });
-    }
     each(args, "--length-mm", 1, [&](const QStringList& v) {
         bool found = false;
         for (const QString& text : texts.value("length"))
@@ -204,12 +197,11 @@ void checkDump(const QString& fileName, const QStringList& args)
              std::tuple {"--window-color", "windowColor", true},
              std::tuple {"--status-bar", "statusBar", false},
              std::tuple {"--problem", "problem", false},
-             std::tuple {"--status", "statusMessage", false}}) {
+             std::tuple {"--status", "statusMessage", false}})
         each(args, option, 1, [&, field = field, whole = whole](const QStringList& v) {
             const QString shown = dump[field].toString();
             expect(whole ? shown == v[0] : shown.contains(v[0]), shown);
         });
-    }
     // The tool left running, none when --running is not given.
     const int running = args.indexOf("--running");
     checking = running >= 0 ? args.mid(running, 2).join(' ') : QStringLiteral("no tool running");
@@ -224,13 +216,12 @@ void checkDump(const QString& fileName, const QStringList& args)
             action);
     });
     // Drawn items: present or absent, and inside the viewer's viewport.
-    for (const bool drawn : {true, false}) {
+    for (const bool drawn : {true, false})
         each(args, drawn ? "--drawn" : "--not-drawn", 1, [&, drawn](const QStringList& v) {
             expect(drawnItem(dump, v[0]).isUndefined() != drawn, drawnItem(dump, v[0]));
         });
-    }
     each(args, "--inside-viewport", 1, [&](const QStringList& v) {
-        const QRectF box = drawnBox(dump, v[0]);
+        const QRectF box = rectOf(drawnItem(dump, v[0])["box"]);
         const QRectF viewport = rectOf(dump["viewport"]);
         expect(!box.isEmpty() && viewport.adjusted(-0.5, -0.5, 0.5, 0.5).contains(box), box,
             "in the viewport", viewport);
@@ -260,8 +251,8 @@ void checkDump(const QString& fileName, const QStringList& args)
     // the lower ones.
     each(args, "--chart-layout", 0, [&](const QStringList&) {
         for (int t = 1; t <= 32; ++t) {
-            const QRectF tooth = drawnBox(dump, QStringLiteral("chartTooth%1").arg(t));
-            const QRectF label = drawnBox(dump, QStringLiteral("chartLabel%1").arg(t));
+            const QRectF tooth = rectOf(drawnItem(dump, "chartTooth" + QString::number(t))["box"]);
+            const QRectF label = rectOf(drawnItem(dump, "chartLabel" + QString::number(t))["box"]);
             expect(!tooth.isEmpty() && !label.isEmpty()
                     && std::abs(label.center().x() - tooth.center().x()) <= 2.0
                     && (t <= 16 ? label.bottom() <= tooth.top() : label.top() >= tooth.bottom()),
@@ -276,7 +267,7 @@ void checkDump(const QString& fileName, const QStringList& args)
     // --zoomed-in VIEW W H: the view shows less than the whole W x H image in both directions,
     // which a fitted view never does. --fitted VIEW W H: the whole image is in view, and it fills
     // one direction.
-    for (const bool fitted : {false, true}) {
+    for (const bool fitted : {false, true})
         each(args, fitted ? "--fitted" : "--zoomed-in", 3, [&, fitted](const QStringList& v) {
             const QRectF box = zoomBox(root, v[0]);
             const QSizeF image(v[1].toDouble(), v[2].toDouble());
@@ -286,7 +277,6 @@ void checkDump(const QString& fileName, const QStringList& args)
                 = box.width() < image.width() * 0.95 && box.height() < image.height() * 0.95;
             expect(box.isValid() && (fitted ? fits : zoomedIn), box);
         });
-    }
     // --panned-from FILE VIEW DX DY: the zoom box of another dump, of the same size, moved by DX DY
     // scene units, to 3 % of its size.
     each(args, "--panned-from", 4, [&](const QStringList& v) {
@@ -381,7 +371,7 @@ void checkImage(const QString& fileName, const QStringList& args)
     // the strips just right of it and above it, where a text that outgrew its box would run.
     each(args, "--label-fits", 2, [&](const QStringList& v) {
         const QJsonValue dump = readDump(v[0]);
-        const QRect box = pixelBox(dump, drawnBox(dump, v[1]));
+        const QRect box = pixelBox(dump, rectOf(drawnItem(dump, v[1])["box"]));
         const auto text
             = [&](const QRect& area) { return pixels(image, area, isLabelText).size(); };
         const auto inside = text(box);
@@ -434,7 +424,7 @@ void checkImage(const QString& fileName, const QStringList& args)
     // --no-dragger-in DUMP NAME: no line of a dragger shows through the box.
     each(args, "--no-dragger-in", 2, [&](const QStringList& v) {
         const QJsonValue dump = readDump(v[0]);
-        const QRect box = pixelBox(dump, drawnBox(dump, v[1]));
+        const QRect box = pixelBox(dump, rectOf(drawnItem(dump, v[1])["box"]));
         const auto bright = pixels(image, box, [](QRgb p) {
             return qRed(p) < 100 && qGreen(p) > 150 && qBlue(p) > 200;
         }).size();
@@ -477,7 +467,5 @@ int main(int argc, char* argv[])
         return 2;
     }
     (args[1] == "dump" ? checkDump : checkImage)(args[2], args);
-    if (failures == 0)
-        std::printf("ok: %s\n", qPrintable(args[2]));
     return failures == 0 ? 0 : 1;
 }
