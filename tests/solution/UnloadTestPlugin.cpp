@@ -73,26 +73,24 @@ public Q_SLOTS:
     // The host calls this once it has registered the actions, features and views.
     void buildSolution(SolutionManager* manager)
     {
-        auto* solution = dynamic_cast<Solution*>(manager->getFeature(QStringLiteral("unload")));
+        auto* solution = dynamic_cast<Solution*>(manager->getFeature("unload"));
         manager->addSolution(solution);
         for (View* view : getViews())
             solution->addView(view);
-        m_step = std::make_unique<SolutionStep>(QStringLiteral("step"), QStringLiteral("Step"));
+        m_step = std::make_unique<SolutionStep>("step", "Step");
         solution->addSolutionStep(m_step.get());
         manager->addSolutionStep(m_step.get());
         manager->setCurrentSolutionStep(m_step->getID());
 
         // The multi-action registers its child through the action framework's registry face.
-        auto* tools = static_cast<MultiAction*>(manager->getAction(QStringLiteral("tools")));
+        auto* tools = static_cast<MultiAction*>(manager->getAction("tools"));
         tools->setSolutionManager(manager);
         tools->addAction(getActions().at(2));
 
-        int counter = 0;
-        SolutionActionGroup* group
-            = SolutionBuilderHelper::addActionGroupToSolution(*manager, m_step.get(), counter);
-        ActionList* list
-            = SolutionBuilderHelper::addActionListToGroup(*manager, QStringLiteral("panel"), group);
-        SolutionBuilderHelper::addActionsToList(getActions(), list);
+        int n = 0;
+        auto* group = SolutionBuilderHelper::addActionGroupToSolution(*manager, m_step.get(), n);
+        SolutionBuilderHelper::addActionsToList(
+            getActions(), SolutionBuilderHelper::addActionListToGroup(*manager, "panel", group));
     }
 
 private:
