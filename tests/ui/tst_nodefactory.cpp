@@ -86,16 +86,14 @@ private Q_SLOTS:
         ui::PatientNode patient; // without a UUID, and so kept
         auto view = std::make_unique<ui::ViewNode>();
         view->setViewId("implants");
-        std::unique_ptr<ui::DataObjectNode> nodes[] {
-            std::make_unique<ui::AngulatedResliceNode>("r-old"),
-            std::make_unique<ui::AngulatedResliceNode>("unknown"),
-            std::make_unique<ui::Measurement2DNode>(),
-            std::make_unique<ui::DiagnosisNode>("d-old")};
-        static_cast<ui::AngulatedResliceNode&>(*nodes[0]).setOrigin({1, 2, 3});
-        nodes[0]->addNode(std::make_unique<ui::Measurement2DNode>("m-old"));
+        auto reslice = std::make_unique<ui::AngulatedResliceNode>("r-old");
+        reslice->setOrigin({1, 2, 3});
+        std::unique_ptr<ui::Node> nodes[] {std::make_unique<ui::Viewer3DNode>(),
+            std::move(reslice), std::make_unique<ui::AngulatedResliceNode>("unknown"),
+            std::make_unique<ui::Measurement2DNode>(), std::make_unique<ui::DiagnosisNode>("d-old")};
         nodes[1]->addNode(std::make_unique<ui::Measurement2DNode>("m-old"));
-        nodes[2]->addNode(std::make_unique<ui::DiagnosisNode>("d-old"));
-        view->addNode(std::make_unique<ui::Viewer3DNode>());
+        nodes[2]->addNode(std::make_unique<ui::Measurement2DNode>("m-old"));
+        nodes[3]->addNode(std::make_unique<ui::DiagnosisNode>("d-old"));
         for (auto& node : nodes)
             view->addNode(std::move(node));
         patient.addNode(std::move(view));
@@ -108,19 +106,18 @@ private Q_SLOTS:
         const auto copy = ui::NodeFactory::replicateRecursively(&patient,
             {{"m-old", "m-new"}, {"d-old", "d-new"}, {"r-old", "r-new"},
                 {"r-old", "ignored, the first conversion wins"}, {"", "from nothing"}});
-        QVERIFY(copy && uuidOf(copy.get()).isEmpty());
+        QVERIFY(copy && uuidOf(copy.get()).isEmpty() && !copy->isAlteredRecursively());
         QCOMPARE(copy->getTypeId(), QString("PatientNode"));
         const auto* copiedView = static_cast<ui::ViewNode*>(copy->getNodes().front());
-        QCOMPARE(copiedView->getViewId(), QString("implants"));
         const std::vector<ui::Node*> children = copiedView->getNodes();
         QCOMPARE(children.size(), size_t(3));
-        QCOMPARE(children[0]->getTypeId(), QString("Viewer3DNode"));
-        QCOMPARE((QStringList {uuidOf(children[1]), uuidOf(children[1]->getNodes().front()),
+        QCOMPARE((QStringList {copiedView->getViewId(), children[0]->getTypeId(),
+                     uuidOf(children[1]), uuidOf(children[1]->getNodes().front()),
                      uuidOf(children[2])}),
-            (QStringList {"r-new", "m-new", "d-new"}));
+            (QStringList {"implants", "Viewer3DNode", "r-new", "m-new", "d-new"}));
         QCOMPARE(
             static_cast<ui::AngulatedResliceNode*>(children[1])->getOrigin(), QVector3D(1, 2, 3));
-        QVERIFY(!copy->isAlteredRecursively() && !patient.isAlteredRecursively());
+        QVERIFY(!patient.isAlteredRecursively());
         QCOMPARE(uuidOf(patient.getNodes().front()->getNodes()[1]), QString("r-old"));
 
         // A patient with a UUID is a data object like any other; at the top, a data object
