@@ -90,7 +90,8 @@ private Q_SLOTS:
         reslice->setOrigin({1, 2, 3});
         std::unique_ptr<ui::Node> nodes[] {std::make_unique<ui::Viewer3DNode>(),
             std::move(reslice), std::make_unique<ui::AngulatedResliceNode>("unknown"),
-            std::make_unique<ui::Measurement2DNode>(), std::make_unique<ui::DiagnosisNode>("d-old")};
+            std::make_unique<ui::Measurement2DNode>(),
+            std::make_unique<ui::DiagnosisNode>("d-old")};
         nodes[1]->addNode(std::make_unique<ui::Measurement2DNode>("m-old"));
         nodes[2]->addNode(std::make_unique<ui::Measurement2DNode>("m-old"));
         nodes[3]->addNode(std::make_unique<ui::DiagnosisNode>("d-old"));
