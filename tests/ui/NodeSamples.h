@@ -63,17 +63,11 @@ struct Change
     std::function<bool(ui::Node&)> apply;
 };
 
-template <typename K> Change change(const QString& name, std::function<void(K&)> set)
-{
-    return {name, [set](ui::Node& node) {
-                auto* kind = dynamic_cast<K*>(&node);
-                if (kind)
-                    set(*kind);
-                return kind != nullptr;
-            }};
-}
-
-#define C(K, ...) change<K>(#__VA_ARGS__, [](K& n) { n.__VA_ARGS__; })
+#define C(K, ...)                                                                                  \
+    Change { #__VA_ARGS__, [](ui::Node& node) {                                                    \
+        auto* n = dynamic_cast<K*>(&node);                                                         \
+        return n && (n->__VA_ARGS__, true);                                                        \
+    } }
 
 inline const std::vector<Change>& allChanges()
 {
