@@ -164,9 +164,8 @@ private Q_SLOTS:
     void deepTreesAtTheLimitAndUnreadableFiles()
     {
         const int limit = ui::NodeSerializer::MAXIMUM_DEPTH;
-        const std::unique_ptr<ui::Node> deepest = chainNode(limit);
-        const std::unique_ptr<ui::Node> read
-            = ui::NodeSerializer::read(ui::NodeSerializer::write(*deepest));
+        const auto deepest = chainNode(limit);
+        const auto read = ui::NodeSerializer::read(ui::NodeSerializer::write(*deepest));
         QVERIFY(read && read->isEqual(*deepest));
 
         // A tree that could not be read back is not written at all.
