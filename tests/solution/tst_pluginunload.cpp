@@ -10,7 +10,6 @@
 
 #include <QPluginLoader>
 #include <QPointer>
-#include <QRegularExpression>
 #include <QShortcut>
 #include <QTest>
 #include <QWidget>

@@ -25,7 +25,6 @@
 #include <guicore/ui/SplitterNode.h>
 #include <guicore/ui/ViewNode.h>
 
-#include <QRegularExpression>
 #include <QTest>
 
 #include <functional>
