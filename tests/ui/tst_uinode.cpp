@@ -55,7 +55,7 @@ private Q_SLOTS:
         }
     }
 
-    void childrenCompareAsMultisetsAndKindsFirst()
+    void comparisonRules()
     {
         const std::tuple<QStringList, QStringList, bool> cases[] {{{"a", "b"}, {"a", "b"}, true},
             {{"a", "b", "c"}, {"c", "a", "b"}, true}, {{"a", "a"}, {"a", "b"}, false},
@@ -72,6 +72,22 @@ private Q_SLOTS:
         const ui::RootCanalViewer2DNode rootCanal;
         QVERIFY(!viewer.isEqual(viewer2D) && !viewer2D.isEqual(viewer));
         QVERIFY(!reslice.isEqual(rootCanal) && !rootCanal.isEqual(reslice));
+
+        // Relative for large values, absolute only near zero.
+        const std::tuple<double, double, bool> fuzzy[] {{0.5, 0.5 + 1e-15, true},
+            {0.5, 0.5 + 1e-3, false}, {1e6, 1e6 + 1e-7, true}, {1e6, 1e6 + 1e-5, false},
+            {0.0, 1e-13, true}, {0.0, 1e-11, false}, {1e-13, 2e-13, false}, {1.0, -1.0, false}};
+        for (const auto& [a, b, equal] : fuzzy) {
+            ui::Measurement2DNode first, second;
+            first.setLabelRelativePositions({{1.0, a}});
+            second.setLabelRelativePositions({{1.0, b}});
+            QCOMPARE(first.isEqual(second), equal);
+            QCOMPARE(second.isEqual(first), equal);
+            // A setter that receives a value fuzzy-equal to the one held makes no change.
+            first.clearAlteredRecursively();
+            first.setLabelRelativePositions({{1.0, b}});
+            QCOMPARE(first.isAltered(), !equal);
+        }
     }
 
     void wideMixedTreesCompareInAnyOrder()
@@ -111,25 +127,6 @@ private Q_SLOTS:
             [](ui::Node* node) { return dynamic_cast<ui::DataObjectNode*>(node) != nullptr; });
         static_cast<ui::DataObjectNode*>(*dataObject)->setDataObjectUUID("elsewhere");
         QVERIFY(!left.isEqual(right));
-    }
-
-    void fuzzyFloatRule()
-    {
-        // Relative for large values, absolute only near zero.
-        const std::tuple<double, double, bool> cases[] {{0.5, 0.5 + 1e-15, true},
-            {0.5, 0.5 + 1e-3, false}, {1e6, 1e6 + 1e-7, true}, {1e6, 1e6 + 1e-5, false},
-            {0.0, 1e-13, true}, {0.0, 1e-11, false}, {1e-13, 2e-13, false}, {1.0, -1.0, false}};
-        for (const auto& [a, b, equal] : cases) {
-            ui::Measurement2DNode first, second;
-            first.setLabelRelativePositions({{1.0, a}});
-            second.setLabelRelativePositions({{1.0, b}});
-            QCOMPARE(first.isEqual(second), equal);
-            QCOMPARE(second.isEqual(first), equal);
-            // A setter that receives a value fuzzy-equal to the one held makes no change.
-            first.clearAlteredRecursively();
-            first.setLabelRelativePositions({{1.0, b}});
-            QCOMPARE(first.isAltered(), !equal);
-        }
     }
 
     void editingChildren()
