@@ -134,11 +134,4 @@ inline std::unique_ptr<ui::Node> populated(const QString& typeId)
     return node;
 }
 
-inline std::unique_ptr<ui::LayoutTileNode> tile(const QString& id)
-{
-    auto node = std::make_unique<ui::LayoutTileNode>();
-    node->setLayoutTileId(id);
-    return node;
-}
-
 } // namespace samples

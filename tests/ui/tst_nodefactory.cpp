@@ -3,8 +3,6 @@
 #include <guicore/ui/NodeKind.h>
 #include <guicore/ui/NodeSerializer.h>
 
-using samples::tile;
-
 namespace {
 
 const char* const kNoConversion = "Adapted UUID not found for DataObject. This should only happen "
@@ -65,18 +63,18 @@ private Q_SLOTS:
             QVERIFY(!ui::NodeFactory::getNodeKindTypeIds().contains(typeId));
         }
         const auto placeholder = ui::NodeFactory::createSpecificNode("Node");
-        placeholder->addNode(tile("a"));
+        placeholder->addNode(std::make_unique<ui::LayoutTileNode>());
         QTest::ignoreMessage(
             QtWarningMsg, "Trying to clone a base ui::Node. This should never happen!");
         const auto copy = placeholder->clone();
         QVERIFY(copy->getTypeId() == "Node" && copy->getNodes().empty());
 
         // Placeholders compare by their children only, and never equal a real kind.
-        copy->addNode(tile("a"));
+        copy->addNode(std::make_unique<ui::LayoutTileNode>());
         QVERIFY(copy->isEqual(*placeholder));
         const auto unknown = ui::NodeFactory::createSpecificNode("FutureNode");
         QVERIFY(!unknown->isEqual(*placeholder));
-        unknown->addNode(tile("a"));
+        unknown->addNode(std::make_unique<ui::LayoutTileNode>());
         QVERIFY(unknown->isEqual(*placeholder));
         QVERIFY(!unknown->isEqual(ui::ViewNode()) && !ui::ViewNode().isEqual(*unknown));
     }

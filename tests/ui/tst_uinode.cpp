@@ -2,7 +2,6 @@
 
 #include <objectmodel/ModificationLock.h>
 
-using samples::tile;
 using utility::ModificationLock;
 
 namespace {
@@ -10,8 +9,11 @@ namespace {
 std::unique_ptr<ui::Node> viewWithTiles(const QStringList& ids)
 {
     auto view = std::make_unique<ui::ViewNode>();
-    for (const QString& id : ids)
-        view->addNode(tile(id));
+    for (const QString& id : ids) {
+        auto tile = std::make_unique<ui::LayoutTileNode>();
+        tile->setLayoutTileId(id);
+        view->addNode(std::move(tile));
+    }
     return view;
 }
 
@@ -129,7 +131,7 @@ private Q_SLOTS:
             // Under the state tree's own lock edits are stored but are no changes.
             ModificationLock lock(ModificationLock::Scope::UserInterfaceState);
             parent->addNodes(viewWithTiles({"d", "e"})->takeNodes());
-            parent->addNode(tile("f"));
+            parent->addNode(std::make_unique<ui::LayoutTileNode>());
             parent->removeNode(*parent->getNodes().back());
         }
         QVERIFY(parent->isEqual(*viewWithTiles({"a", "b", "a", "c", "d", "e"})));
@@ -138,7 +140,7 @@ private Q_SLOTS:
         // Adding nothing and removing an equal node that is not a child are no changes.
         parent->addNodes({});
         parent->addNode(nullptr);
-        parent->removeNode(*tile("a"));
+        parent->removeNode(*viewWithTiles({"a"})->getNodes().front());
         QCOMPARE(parent->getNodes().size(), size_t(6));
         QVERIFY(!parent->isAltered());
 
