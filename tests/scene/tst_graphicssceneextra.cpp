@@ -82,6 +82,12 @@ QGraphicsRectItem* addMovable(QGraphicsScene& scene, const QRectF& rect, qreal z
     return movable;
 }
 
+// Subclasses ask the scene where its own items handle events.
+struct OpenScene : GraphicsSceneExtra
+{
+    using GraphicsSceneExtra::eventHandlingObjectBelowMouse;
+};
+
 } // namespace
 
 // The scene's own dispatch of mouse, hover, wheel and key events to its items, and the wheel and
@@ -101,7 +107,7 @@ private Q_SLOTS:
     {
         QTest::failOnWarning(QRegularExpression(".*"));
         log.clear();
-        scene = std::make_unique<GraphicsSceneExtra>();
+        scene = std::make_unique<OpenScene>();
         scene->setSceneRect(0, 0, 400, 400);
         // Text items measure their hit shape through the scene's first view.
         view = std::make_unique<QGraphicsView>(scene.get());
@@ -181,8 +187,11 @@ private Q_SLOTS:
         addProbe("quiet", QRectF(0, 0, 50, 50))->setHandleRightClick(false);
         QCOMPARE(run("w25,25,120"), "quiet:wheel120");
         // A line item under the cursor makes the point one that handles events.
+        // Only the line itself counts: beside it, the quiet item alone is no such object.
         QGraphicsLineItem* line = scene->addLine(0, 25, 50, 25, QPen(Qt::black, 4));
-        QCOMPARE(run("w25,25,120"), "quiet:wheel120 quiet:wheel120");
+        QCOMPARE(run("w25,25,120 w25,10,120"), "quiet:wheel120 quiet:wheel120 quiet:wheel120");
+        QVERIFY(scene->eventHandlingObjectBelowMouse(QPointF(25, 25)));
+        QVERIFY(!scene->eventHandlingObjectBelowMouse(QPointF(25, 10)));
         delete line;
         addProbe("handling", QRectF(0, 0, 50, 50), 1);
         QCOMPARE(run("w25,25,60"), "handling:wheel60");
@@ -523,7 +532,7 @@ private:
 
     QStringList log;
     std::unique_ptr<RecordingHandler> handler;
-    std::unique_ptr<GraphicsSceneExtra> scene;
+    std::unique_ptr<OpenScene> scene;
     std::unique_ptr<QGraphicsView> view;
 };
 

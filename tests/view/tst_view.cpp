@@ -458,6 +458,11 @@ private Q_SLOTS:
         press(Qt::Key_F6);
         QCOMPARE(visited.mid(6), (QStringList {"A", "D"}));
 
+        // A destroyed view's shortcut entries go, the other views' stay.
+        f->solution->removeView(m_d);
+        f->solutions.removeView(QStringLiteral("D")).reset();
+        QCOMPARE(f->switcher.getShortcutFor(QKeySequence(Qt::Key_F6)), nullptr);
+        QCOMPARE(f->switcher.getShortcutFor(QKeySequence(Qt::Key_F5)), f5.data());
         // The shortcuts belong to the window; once it is gone they are forgotten.
         owner.reset();
         QVERIFY(f5.isNull());
