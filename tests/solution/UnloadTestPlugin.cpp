@@ -14,11 +14,6 @@
 #include <guicore/solution/SolutionStep.h>
 #include <guicore/view/MultiView.h>
 
-#include <QObject>
-#include <QtPlugin>
-
-#include <memory>
-
 #include "../view/ViewTestDoubles.h"
 
 class UnloadTestPlugin : public QObject, public SolutionPluginInterface

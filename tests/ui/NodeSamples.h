@@ -27,8 +27,6 @@
 
 #include <QTest>
 
-#include <functional>
-
 namespace samples {
 
 /// Every built-in kind.
@@ -77,8 +75,7 @@ inline const std::vector<Change>& allChanges()
     using V3D = Viewer3DNode;
     using Snapped = SnappedResliceNode;
     // The scan's visual state changes each member on its own, then all of them.
-    static const std::vector<Change> changes {
-        C(DataObjectNode, setDataObjectUUID("uuid-1")),
+    static const std::vector<Change> changes {C(DataObjectNode, setDataObjectUUID("uuid-1")),
         C(AngulatedResliceNode, setOrigin(QVector3D(1, 2, 3))),
         C(AngulatedResliceNode, setDirection0(QVector3D(0, 1, 0))),
         C(AngulatedResliceNode, setDirection1(QVector3D(0, 0, 1))),

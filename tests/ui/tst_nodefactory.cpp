@@ -26,17 +26,6 @@ private:
     QString m_caption;
 };
 
-std::unique_ptr<ui::Node> annotatedTree()
-{
-    auto patient = std::make_unique<ui::PatientNode>();
-    auto annotations = std::make_unique<AnnotationViewerNode>();
-    annotations->setCaption(QStringLiteral("Implant 36"));
-    annotations->setZoomBox(QRectF(10, 20, 300, 200));
-    annotations->addNode(std::make_unique<ui::Viewer2DNode>());
-    patient->addNode(std::move(annotations));
-    return patient;
-}
-
 QString uuidOf(const ui::Node* node)
 {
     const auto* dataObject = dynamic_cast<const ui::DataObjectNode*>(node);
@@ -86,8 +75,8 @@ private Q_SLOTS:
         view->setViewId("implants");
         auto reslice = std::make_unique<ui::AngulatedResliceNode>("r-old");
         reslice->setOrigin({1, 2, 3});
-        std::unique_ptr<ui::Node> nodes[] {std::make_unique<ui::Viewer3DNode>(),
-            std::move(reslice), std::make_unique<ui::AngulatedResliceNode>("unknown"),
+        std::unique_ptr<ui::Node> nodes[] {std::make_unique<ui::Viewer3DNode>(), std::move(reslice),
+            std::make_unique<ui::AngulatedResliceNode>("unknown"),
             std::make_unique<ui::Measurement2DNode>(),
             std::make_unique<ui::DiagnosisNode>("d-old")};
         nodes[1]->addNode(std::make_unique<ui::Measurement2DNode>("m-old"));
@@ -110,9 +99,9 @@ private Q_SLOTS:
         const auto* copiedView = static_cast<ui::ViewNode*>(copy->getNodes().front());
         const std::vector<ui::Node*> children = copiedView->getNodes();
         QCOMPARE(children.size(), size_t(3));
-        QCOMPARE((QStringList {copiedView->getViewId(), children[0]->getTypeId(),
-                     uuidOf(children[1]), uuidOf(children[1]->getNodes().front()),
-                     uuidOf(children[2])}),
+        QCOMPARE(
+            (QStringList {copiedView->getViewId(), children[0]->getTypeId(), uuidOf(children[1]),
+                uuidOf(children[1]->getNodes().front()), uuidOf(children[2])}),
             (QStringList {"implants", "Viewer3DNode", "r-new", "m-new", "d-new"}));
         QCOMPARE(
             static_cast<ui::AngulatedResliceNode*>(children[1])->getOrigin(), QVector3D(1, 2, 3));
@@ -131,13 +120,17 @@ private Q_SLOTS:
 
     void applicationKindIsMadeReplicatedAndUnregistered()
     {
-        const auto made = ui::NodeFactory::createSpecificNode("AnnotationViewerNode");
+        auto made = ui::NodeFactory::createSpecificNode("AnnotationViewerNode");
         QCOMPARE(made->getInheritanceList(),
             QList<QString>({"Node", "ViewerNode", "Viewer2DNode", "AnnotationViewerNode"}));
         QCOMPARE(made->getVersions().value("AnnotationViewerNode"), QVersionNumber(2, 1));
         QVERIFY(ui::NodeFactory::getNodeKindTypeIds().contains("AnnotationViewerNode"));
 
-        const auto tree = annotatedTree();
+        static_cast<AnnotationViewerNode*>(made.get())->setCaption(QStringLiteral("Implant 36"));
+        static_cast<AnnotationViewerNode*>(made.get())->setZoomBox(QRectF(10, 20, 300, 200));
+        made->addNode(std::make_unique<ui::Viewer2DNode>());
+        const auto tree = std::make_unique<ui::PatientNode>();
+        tree->addNode(std::move(made));
         const auto replica = ui::NodeFactory::replicateRecursively(tree.get(), {});
         QVERIFY(replica && replica->isEqual(*tree) && !replica->isAlteredRecursively());
 
@@ -200,7 +193,6 @@ private Q_SLOTS:
             QCOMPARE(ui::NodeFactory::getNodeKindTypeIds(), known);
         }
     }
-
 };
 
 QTEST_MAIN(tst_NodeFactory)

@@ -4,9 +4,7 @@
 
 using utility::ModificationLock;
 
-namespace {
-
-std::unique_ptr<ui::Node> viewWithTiles(const QStringList& ids)
+static std::unique_ptr<ui::Node> viewWithTiles(const QStringList& ids)
 {
     auto view = std::make_unique<ui::ViewNode>();
     for (const QString& id : ids) {
@@ -16,8 +14,6 @@ std::unique_ptr<ui::Node> viewWithTiles(const QStringList& ids)
     }
     return view;
 }
-
-} // namespace
 
 class tst_UiNode : public QObject
 {
@@ -60,12 +56,20 @@ private Q_SLOTS:
             QCOMPARE(viewWithTiles(right)->isEqual(*viewWithTiles(left)), equal);
         }
         // A base and a derived kind never compare equal, whichever way round.
-        const ui::ViewerNode viewer;
-        const ui::Viewer2DNode viewer2D;
-        const ui::ResliceViewerNode reslice;
-        const ui::RootCanalViewer2DNode rootCanal;
+        ui::ViewerNode viewer;
+        ui::Viewer2DNode viewer2D, equal, equal2;
+        ui::ResliceViewerNode reslice;
+        ui::RootCanalViewer2DNode rootCanal;
         QVERIFY(!viewer.isEqual(viewer2D) && !viewer2D.isEqual(viewer));
         QVERIFY(!reslice.isEqual(rootCanal) && !rootCanal.isEqual(reslice));
+        // The first candidate equal to the node, passing over empty ones; or none.
+        struct : ui::ViewNode
+        {
+            using ui::Node::findCorrespondingNode;
+        } finder;
+        QCOMPARE(
+            finder.findCorrespondingNode(viewer2D, {nullptr, &reslice, &equal, &equal2}), &equal);
+        QCOMPARE(finder.findCorrespondingNode(viewer2D, {nullptr, &reslice}), nullptr);
 
         // Relative for large values, absolute only near zero.
         const std::tuple<double, double, bool> fuzzy[] {{0.5, 0.5 + 1e-15, true},
@@ -95,20 +99,18 @@ private Q_SLOTS:
         for (int i = 0; i < 200; ++i) {
             for (const QString& typeId : samples::kinds()) {
                 std::unique_ptr<ui::Node> node = samples::populated(typeId);
-                if (auto* dataObject = dynamic_cast<ui::DataObjectNode*>(node.get()))
-                    dataObject->setDataObjectUUID(QString::number(i));
                 auto* measurement = dynamic_cast<ui::Measurement2DNode*>(node.get());
-                if (measurement) {
-                    measurement->setDataObjectUUID("same");
-                    measurement->setLabelRelativePositions({{0.5 * (i % 4), 1.0}});
+                auto* reslice = dynamic_cast<ui::AngulatedResliceNode*>(node.get());
+                if (auto* dataObject = dynamic_cast<ui::DataObjectNode*>(node.get()))
+                    dataObject->setDataObjectUUID(measurement ? "same" : QString::number(i));
+                for (double scale : {1.0, 1 + 1e-14}) {
+                    if (measurement)
+                        measurement->setLabelRelativePositions({{0.5 * (i % 4) * scale, 1.0}});
+                    if (reslice)
+                        reslice->setOrigin({scale == 1.0 ? -0.0f : 0.0f, 1, 2});
+                    if (scale == 1.0)
+                        reversed.push_back(node->clone());
                 }
-                if (auto* reslice = dynamic_cast<ui::AngulatedResliceNode*>(node.get()))
-                    reslice->setOrigin({-0.0f, 1, 2});
-                reversed.push_back(node->clone());
-                if (measurement)
-                    measurement->setLabelRelativePositions({{0.5 * (i % 4) * (1 + 1e-14), 1.0}});
-                if (auto* reslice = dynamic_cast<ui::AngulatedResliceNode*>(node.get()))
-                    reslice->setOrigin({0.0f, 1, 2});
                 left.addNode(std::move(node));
             }
         }
@@ -116,10 +118,7 @@ private Q_SLOTS:
         right.addNodes(std::move(reversed));
         QVERIFY(left.isEqual(right) && right.isEqual(left));
 
-        const std::vector<ui::Node*> children = right.getNodes();
-        const auto dataObject = std::find_if(children.begin(), children.end(),
-            [](ui::Node* node) { return dynamic_cast<ui::DataObjectNode*>(node) != nullptr; });
-        static_cast<ui::DataObjectNode*>(*dataObject)->setDataObjectUUID("elsewhere");
+        static_cast<ui::DataObjectNode*>(left.getNodes().front())->setDataObjectUUID("elsewhere");
         QVERIFY(!left.isEqual(right));
     }
 
@@ -134,8 +133,8 @@ private Q_SLOTS:
             parent->addNode(std::make_unique<ui::LayoutTileNode>());
             parent->removeNode(*parent->getNodes().back());
         }
-        QVERIFY(parent->isEqual(*viewWithTiles({"a", "b", "a", "c", "d", "e"})));
-        QVERIFY(!parent->isAltered());
+        QVERIFY(parent->isEqual(*viewWithTiles({"a", "b", "a", "c", "d", "e"}))
+            && !parent->isAltered());
 
         // Adding nothing and removing an equal node that is not a child are no changes.
         parent->addNodes({});
@@ -151,9 +150,8 @@ private Q_SLOTS:
             ModificationLock lock(ModificationLock::Scope::Document);
             parent->removeNode(*parent->getNodes().at(2));
         }
-        QVERIFY(parent->isEqual(*viewWithTiles({"a", "b", "c", "d", "e"})));
+        QVERIFY(parent->isEqual(*viewWithTiles({"a", "b", "c", "d", "e"})) && parent->isAltered());
         QCOMPARE(parent->getNodes().at(0), firstA);
-        QVERIFY(parent->isAltered());
         parent->clearAlteredRecursively();
         parent->addNodes(viewWithTiles({"f"})->takeNodes());
         QVERIFY(parent->isAltered());
@@ -228,12 +226,10 @@ private Q_SLOTS:
         const auto bookmark = [](const QList<bool>& measurements) {
             auto node = std::make_unique<ui::BookmarkNode>();
             node->setAssociatedDataObjectUUID("volume");
-            for (bool measurement : measurements) {
-                if (measurement)
-                    node->addDependency(std::make_unique<ui::Measurement2DNode>("ruler"));
-                else
-                    node->addDependency(std::make_unique<ui::AngulatedResliceNode>("reslice"));
-            }
+            for (bool measurement : measurements)
+                node->addDependency(measurement
+                        ? std::unique_ptr<ui::DataObjectNode>(new ui::Measurement2DNode("ruler"))
+                        : std::make_unique<ui::AngulatedResliceNode>("reslice"));
             return node;
         };
         const auto original = bookmark({false, true});
