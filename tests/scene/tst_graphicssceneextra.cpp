@@ -65,15 +65,6 @@ struct KeyboardScene : KeyboardInteractionHandler
     void release(QKeyEvent* event) const { notifyKeyReleased(event); }
 };
 
-LineManipulationGraphicsItem* addManipulator(QGraphicsScene& scene, const QPointF& at)
-{
-    auto* manipulator = new LineManipulationGraphicsItem();
-    manipulator->setViewportRectangle(QRectF(0, 0, 400, 400));
-    manipulator->setLine(at, QVector2D(1, 0));
-    scene.addItem(manipulator);
-    return manipulator;
-}
-
 QGraphicsRectItem* addMovable(QGraphicsScene& scene, const QRectF& rect, qreal z = 0.0)
 {
     auto* movable = scene.addRect(rect);
@@ -307,7 +298,10 @@ private Q_SLOTS:
     void manipulatorAndDraggerTakeLeftPressOnly()
     {
         QGraphicsRectItem* movable = addMovable(*scene, QRectF(0, 0, 400, 400));
-        LineManipulationGraphicsItem* manipulator = addManipulator(*scene, QPointF(200, 200));
+        auto* manipulator = new LineManipulationGraphicsItem();
+        manipulator->setViewportRectangle(QRectF(0, 0, 400, 400));
+        manipulator->setLine(QPointF(200, 200), QVector2D(1, 0));
+        scene->addItem(manipulator);
         manipulator->setZValue(10);
         auto* dragger = new LineDragger(Qt::Vertical);
         dragger->setBoundingRect(QRectF(0, 0, 400, 400));
@@ -420,22 +414,17 @@ private Q_SLOTS:
 
     void itemsRemovedDuringDispatchAreSkipped_data()
     {
-        QTest::addColumn<QString>("setup");
         QTest::addColumn<QString>("trigger");
         QTest::addColumn<int>("actingCall");
+        QTest::addColumn<QString>("setup");
         // The middle button: no overlay item accepts it, so every one is offered it.
-        QTest::newRow("press") << ""
-                               << "pM50,50" << 1;
-        QTest::newRow("move") << "pR300,300 mR301,300"
-                              << "mR50,50" << 1;
-        QTest::newRow("release") << "pR300,300"
-                                 << "rR50,50" << 1;
+        QTest::newRow("press") << "pM50,50" << 1 << "";
+        QTest::newRow("move") << "mR50,50" << 1 << "pR300,300 mR301,300";
+        QTest::newRow("release") << "rR50,50" << 1 << "pR300,300";
         // "victim" is hovered first, so that it would be owed a leave.
-        QTest::newRow("hover") << "h50,50"
-                               << "h50,50" << 1;
+        QTest::newRow("hover") << "h50,50" << 1 << "h50,50";
         // The stock handling gives the wheel to the top item first; act in the scene's own pass.
-        QTest::newRow("wheel") << ""
-                               << "w50,50,120" << 2;
+        QTest::newRow("wheel") << "w50,50,120" << 2 << "";
     }
 
     void itemsRemovedDuringDispatchAreSkipped()

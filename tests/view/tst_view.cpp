@@ -257,40 +257,35 @@ private Q_SLOTS:
         }
     }
 
-    void warnsWithoutActiveSolution_data()
-    {
-        QTest::addColumn<bool>("withSolutionManager");
-        QTest::newRow("no solution manager") << false;
-        QTest::newRow("no active solution") << true;
-    }
-
     void warnsWithoutActiveSolution()
     {
-        QFETCH(bool, withSolutionManager);
-        SwitchingViewsManager switcher;
-        if (withSolutionManager) {
-            f->solutions.clearActiveSolution();
-            switcher.setSolutionManager(&f->solutions);
-        }
-        record(switcher);
-        QWidget window;
-        NullHandler handler;
-        const char* noSolution
-            = "SwitchingViewsManager : no solution manager or active solution is set.";
-        const char* noActive = "SwitchingViewsManager : no solution is currently active.";
-        for (const char* warning : {noSolution, noSolution, noActive, noActive, noActive})
-            QTest::ignoreMessage(QtWarningMsg, warning);
-        switcher.switchToView(QStringLiteral("A"));
-        switcher.switchToView(m_a);
-        switcher.installViewSwitchingShortcuts(&window);
-        switcher.registerSceneEventHandler(&handler);
-        switcher.unregisterSceneEventHandler(&handler);
+        // Without a solution manager, then with one that has no active solution.
+        for (bool withSolutionManager : {false, true}) {
+            SwitchingViewsManager switcher;
+            if (withSolutionManager) {
+                f->solutions.clearActiveSolution();
+                switcher.setSolutionManager(&f->solutions);
+            }
+            record(switcher);
+            QWidget window;
+            NullHandler handler;
+            const char* noSolution
+                = "SwitchingViewsManager : no solution manager or active solution is set.";
+            const char* noActive = "SwitchingViewsManager : no solution is currently active.";
+            for (const char* warning : {noSolution, noSolution, noActive, noActive, noActive})
+                QTest::ignoreMessage(QtWarningMsg, warning);
+            switcher.switchToView(QStringLiteral("A"));
+            switcher.switchToView(m_a);
+            switcher.installViewSwitchingShortcuts(&window);
+            switcher.registerSceneEventHandler(&handler);
+            switcher.unregisterSceneEventHandler(&handler);
 
-        QVERIFY(m_log.isEmpty());
-        QCOMPARE(state(switcher), "/: ");
-        QCOMPARE(switcher.getShortcutFor(QKeySequence(Qt::Key_F5)), nullptr);
-        QCOMPARE(switcher.getParentViewOfSubView(QStringLiteral("M1")), nullptr);
-        QCOMPARE(switcher.getViews().size(), withSolutionManager ? 4 : 0);
+            QVERIFY(m_log.isEmpty());
+            QCOMPARE(state(switcher), "/: ");
+            QCOMPARE(switcher.getShortcutFor(QKeySequence(Qt::Key_F5)), nullptr);
+            QCOMPARE(switcher.getParentViewOfSubView(QStringLiteral("M1")), nullptr);
+            QCOMPARE(switcher.getViews().size(), withSolutionManager ? 4 : 0);
+        }
     }
 
     void switchSequences_data()
