@@ -116,14 +116,10 @@ private Q_SLOTS:
 
         // Settings go through the hooks; the stored record comes back refreshed from the viewers.
         RecordingManager manager(QStringLiteral("m"), m_log);
-        ViewSettings settings;
-        settings.firstValue = 7;
-        settings.fourthValue = -3;
-        manager.setViewSettings(settings);
+        manager.setViewSettings(ViewSettings {7, 2, 0.5f, 3, -3, 9, true});
         QCOMPARE(m_log, (QStringList {"m.read(7)"}));
         manager.liveValue = 4;
-        QCOMPARE(manager.getViewSettings().firstValue, 4);
-        QCOMPARE(manager.getViewSettings().fourthValue, -3);
+        QCOMPARE(manager.getViewSettings(), (ViewSettings {4, 2, 0.5f, 3, -3, 9, true}));
     }
 
     void multiViewForwardsToActiveSubView()
