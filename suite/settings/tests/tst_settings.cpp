@@ -3,16 +3,7 @@
 
 #include <QtTest>
 
-namespace {
-
-QStringList captured;
-
-void capture(QtMsgType, const QMessageLogContext&, const QString& message)
-{
-    captured.append(message);
-}
-
-} // namespace
+static QStringList captured;
 
 class tst_Settings : public QObject
 {
@@ -46,7 +37,8 @@ private Q_SLOTS:
         QCOMPARE(size.metaType(), QMetaType::fromType<int>()); // the ini file stores text
         QCOMPARE(reader.getUserDefaults().getSetting(QStringLiteral("units")).toString(),
             QStringLiteral("mm"));
-        QtMessageHandler testHandler = qInstallMessageHandler(capture);
+        QtMessageHandler testHandler = qInstallMessageHandler(
+            [](QtMsgType, const QMessageLogContext&, const QString& text) { captured << text; });
         MessageHandler::setMessageSuppressed(QStringLiteral("hidden"), 2);
         qWarning("hidden"); // not installed yet: nothing is filtered
         MessageHandler::install();

@@ -20,7 +20,7 @@ class tst_StyleReader : public QObject
 private Q_SLOTS:
     void init() { QTest::failOnWarning(QRegularExpression(QStringLiteral(".*"))); }
 
-    void laterFilesReferencesAndPalettes()
+    void filesPalettesAndBadInput()
     {
         const QString first = write("1.txt",
             "// colours\n"
@@ -49,22 +49,18 @@ private Q_SLOTS:
         QTest::ignoreMessage(QtWarningMsg,
             qPrintable(QStringLiteral("StyleReader : unknown palette Sepia in %1").arg(file)));
         QVERIFY(reader.convertFilesToStyleMap(QStringLiteral("Sepia"), file).isEmpty());
-    }
-
-    void badLinesFilesAndReferencesWarnAndKeepTheRest()
-    {
-        const QString file = write("bad.txt",
+        const QString bad = write("bad.txt",
             "@GOOD: 1;\nGARBAGE LINE\n@: 2;\n@A: @B;\n@B: @A;\n@C: @NOWHERE;\n@D: @A @B;\n");
         const QString missing = m_dir.filePath(QStringLiteral("missing.txt"));
         for (const QString& warning : {"cannot open file " + missing,
-                 QString("malformed line 2 in %1: GARBAGE LINE").arg(file),
-                 QString("malformed line 3 in %1: @: 2;").arg(file),
+                 QString("malformed line 2 in %1: GARBAGE LINE").arg(bad),
+                 QString("malformed line 3 in %1: @: 2;").arg(bad),
                  QString("unresolved reference @B for @A"),
                  QString("unresolved reference @A for @B"),
                  QString("unresolved reference @NOWHERE for @C")})
             QTest::ignoreMessage(QtWarningMsg, qPrintable("StyleReader : " + warning));
         // Bad references keep their text; "@A @B" is not exactly one reference but plain text.
-        QCOMPARE(StyleReader().convertFilesToStyleMap({missing, file}),
+        QCOMPARE(StyleReader().convertFilesToStyleMap({missing, bad}),
             (StyleMap {
                 {"@GOOD", "1"}, {"@A", "@B"}, {"@B", "@A"}, {"@C", "@NOWHERE"}, {"@D", "@A @B"}}));
     }

@@ -38,9 +38,8 @@ private Q_SLOTS:
         for (int value = 1; value <= 32; ++value)
             all << T(value);
         QCOMPARE(TC::getTeeth(TC::Upper) + TC::getTeeth(TC::Lower), all);
-        for (const T tooth : {TC::UnknownTooth, TC::NoTooth, T(33)})
-            QVERIFY(
-                !TC::isValidTooth(tooth) && !TC::isUpperTooth(tooth) && !TC::isLowerTooth(tooth));
+        for (const T t : {TC::UnknownTooth, TC::NoTooth, T(33)})
+            QVERIFY(!TC::isValidTooth(t) && !TC::isUpperTooth(t) && !TC::isLowerTooth(t));
         QVERIFY(
             TC::isUpperTooth(T(16)) && !TC::isLowerTooth(T(16)) && TC::getArch(T(16)) == TC::Upper);
         QVERIFY(
