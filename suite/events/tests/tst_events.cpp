@@ -31,8 +31,7 @@ private Q_SLOTS:
         gesture.handleMousePressedEvent(Qt::LeftButton, QPoint(0, 0));
         drag(Qt::RightButton, QPoint(100 + distance - 1, 100));
         drag(Qt::LeftButton, QPoint(0, distance));
-        QVERIFY(gesture.isDragging(Qt::LeftButton));
-        QVERIFY(!gesture.isDragging(Qt::RightButton));
+        QVERIFY(gesture.isDragging(Qt::LeftButton) && !gesture.isDragging(Qt::RightButton));
         drag(Qt::LeftButton, QPoint(0, 0), QPointF(1.5, 2));
         QCOMPARE(gesture.lastDragPosition(Qt::LeftButton), QPointF(1.5, 2));
         release(Qt::RightButton);

@@ -35,8 +35,7 @@ private Q_SLOTS:
     {
         const Circle circle;
         QCOMPARE(circle.getTypeName(), QStringLiteral("Circle"));
-        QVERIFY(circle.isOfType(QStringLiteral("Shape")));
-        QVERIFY(!circle.isOfType(QStringLiteral("shape")));
+        QVERIFY(circle.isOfType("Shape") && !circle.isOfType("shape"));
         const Circle copy(circle);
         QCOMPARE(copy.getInheritanceList(), QList<QString>({"Shape", "Circle"}));
         const Shape sliced(circle); // a base-level copy is just a base

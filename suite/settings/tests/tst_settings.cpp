@@ -35,8 +35,7 @@ private Q_SLOTS:
         const QVariant size = reader.getUserDefaults().getSetting(QStringLiteral("labelFontSize"));
         QCOMPARE(size.toInt(), 17);
         QCOMPARE(size.metaType(), QMetaType::fromType<int>()); // the ini file stores text
-        QCOMPARE(reader.getUserDefaults().getSetting(QStringLiteral("units")).toString(),
-            QStringLiteral("mm"));
+        QCOMPARE(reader.getUserDefaults().getSetting("units").toString(), QString("mm"));
         QtMessageHandler testHandler = qInstallMessageHandler(
             [](QtMsgType, const QMessageLogContext&, const QString& text) { captured << text; });
         MessageHandler::setMessageSuppressed(QStringLiteral("hidden"), 2);

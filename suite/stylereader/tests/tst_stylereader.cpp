@@ -43,8 +43,7 @@ private Q_SLOTS:
         StyleReader reader;
         QCOMPARE(reader.convertFilesToStyleMap(QStringLiteral("Dark"), file),
             (StyleMap {{"@BG", "#000000"}, {"@TEXT", "#000000"}}));
-        QCOMPARE(reader.convertFilesToStyleMap(QStringLiteral("Light"), file),
-            (StyleMap {{"@BG", "#ffffff"}}));
+        QCOMPARE(reader.convertFilesToStyleMap("Light", file), (StyleMap {{"@BG", "#ffffff"}}));
         QVERIFY(reader.convertFilesToStyleMap(QStringLiteral("Empty"), file).isEmpty());
         QTest::ignoreMessage(QtWarningMsg,
             qPrintable(QStringLiteral("StyleReader : unknown palette Sepia in %1").arg(file)));
@@ -52,12 +51,11 @@ private Q_SLOTS:
         const QString bad = write("bad.txt",
             "@GOOD: 1;\nGARBAGE LINE\n@: 2;\n@A: @B;\n@B: @A;\n@C: @NOWHERE;\n@D: @A @B;\n");
         const QString missing = m_dir.filePath(QStringLiteral("missing.txt"));
-        for (const QString& warning : {"cannot open file " + missing,
-                 QString("malformed line 2 in %1: GARBAGE LINE").arg(bad),
-                 QString("malformed line 3 in %1: @: 2;").arg(bad),
-                 QString("unresolved reference @B for @A"),
-                 QString("unresolved reference @A for @B"),
-                 QString("unresolved reference @NOWHERE for @C")})
+        for (const QString& warning :
+            QStringList {"cannot open file " + missing,
+                QString("malformed line 2 in %1: GARBAGE LINE").arg(bad),
+                QString("malformed line 3 in %1: @: 2;").arg(bad), "unresolved reference @B for @A",
+                "unresolved reference @A for @B", "unresolved reference @NOWHERE for @C"})
             QTest::ignoreMessage(QtWarningMsg, qPrintable("StyleReader : " + warning));
         // Bad references keep their text; "@A @B" is not exactly one reference but plain text.
         QCOMPARE(StyleReader().convertFilesToStyleMap({missing, bad}),

@@ -16,7 +16,9 @@ private Q_SLOTS:
     // Every name, both ways, is pinned where the application reads it: tst_utility.
     void notationsArchesAndWalks()
     {
+        QList<T> all;
         for (int value = 1; value <= 32; ++value) {
+            all << T(value);
             const bool child
                 = ToothChart::getTeethForChild(ToothChart::getArch(T(value))).contains(T(value));
             QCOMPARE(Convertor::getFdiNotationForToothType(T(value), true).isEmpty(), !child);
@@ -34,9 +36,6 @@ private Q_SLOTS:
             QCOMPARE(Convertor::getFdiNotationForToothType(T(text.toInt() + 40), false), QString());
         }
         using TC = ToothChart;
-        QList<T> all;
-        for (int value = 1; value <= 32; ++value)
-            all << T(value);
         QCOMPARE(TC::getTeeth(TC::Upper) + TC::getTeeth(TC::Lower), all);
         for (const T t : {TC::UnknownTooth, TC::NoTooth, T(33)})
             QVERIFY(!TC::isValidTooth(t) && !TC::isUpperTooth(t) && !TC::isLowerTooth(t));
