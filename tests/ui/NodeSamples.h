@@ -47,18 +47,14 @@ inline const QStringList& kinds()
 /// The version of a kind's own level: the kinds that gained properties are at 1.1.
 inline QVersionNumber ownVersion(const QString& typeId)
 {
-    const QStringList newer {"DentalScanComparisonOptionsNode", "Viewer3DNode",
-        "ImplantVisualizationOptionsNode"};
+    const QStringList newer {
+        "DentalScanComparisonOptionsNode", "Viewer3DNode", "ImplantVisualizationOptionsNode"};
     return QVersionNumber(1, newer.contains(typeId) ? 1 : 0);
 }
 
 /// Sets one property to a fixed value other than its default; false when the node is not of
 /// kind K. Applying a change twice is no second change (except adding a bookmark dependency).
-struct Change
-{
-    QString name;
-    std::function<bool(ui::Node&)> apply;
-};
+using Change = std::pair<QString, std::function<bool(ui::Node&)>>; // name, apply
 
 #define C(K, ...)                                                                                  \
     Change { #__VA_ARGS__, [](ui::Node& node) {                                                    \
@@ -127,7 +123,7 @@ inline std::unique_ptr<ui::Node> populated(const QString& typeId)
 {
     std::unique_ptr<ui::Node> node = ui::NodeFactory::createSpecificNode(typeId);
     for (const Change& c : allChanges())
-        c.apply(*node);
+        c.second(*node);
     return node;
 }
 

@@ -26,11 +26,11 @@ private Q_SLOTS:
     {
         for (const QString& typeId : samples::kinds()) {
             const auto pristine = ui::NodeFactory::createSpecificNode(typeId);
-            for (const samples::Change& change : samples::allChanges()) {
+            for (const auto& [name, apply] : samples::allChanges()) {
                 const auto node = ui::NodeFactory::createSpecificNode(typeId);
-                if (!change.apply(*node))
+                if (!apply(*node))
                     continue;
-                QVERIFY2(node->isAltered(), qPrintable(typeId + ": " + change.name));
+                QVERIFY2(node->isAltered(), qPrintable(typeId + ": " + name));
                 // A property left out of the comparison would make the changed node equal a
                 // default one.
                 QVERIFY(!node->isEqual(*pristine) && !pristine->isEqual(*node));
@@ -39,8 +39,8 @@ private Q_SLOTS:
                 QVERIFY(!copy->isAltered() && copy->isEqual(*node));
                 // The same value again is no change; dependencies are added, so they always are.
                 node->clearAlteredRecursively();
-                QVERIFY(change.apply(*node));
-                QCOMPARE(node->isAltered(), change.name.startsWith("addDependency"));
+                QVERIFY(apply(*node));
+                QCOMPARE(node->isAltered(), name.startsWith("addDependency"));
             }
         }
     }
