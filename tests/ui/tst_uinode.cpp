@@ -120,6 +120,17 @@ private Q_SLOTS:
 
         static_cast<ui::DataObjectNode*>(left.getNodes().front())->setDataObjectUUID("elsewhere");
         QVERIFY(!left.isEqual(right));
+
+        // Among many siblings too, one identical twin cannot pair with two children.
+        ui::ViewNode twice, once;
+        for (int i = 0; i < 10; ++i) {
+            for (auto [tree, x] : {std::pair {&twice, i == 1 ? 0 : i}, {&once, i == 1 ? 42 : i}}) {
+                auto measurement = std::make_unique<ui::Measurement2DNode>();
+                measurement->setLabelRelativePositions({{double(x), 1.0}});
+                tree->addNode(std::move(measurement));
+            }
+        }
+        QVERIFY(!twice.isEqual(once) && !once.isEqual(twice));
     }
 
     void editingChildren()
