@@ -73,7 +73,9 @@ private Q_SLOTS:
         scene->setBackgroundBrush(Qt::white);
         view->show();
         QVERIFY(QTest::qWaitForWindowExposed(view.get()));
-        QTRY_VERIFY(qobject_cast<QOpenGLWidget*>(view->viewport())->isValid());
+        auto* gl = qobject_cast<QOpenGLWidget*>(view->viewport());
+        QVERIFY(gl);
+        QTRY_VERIFY(gl->isValid());
         // What reached the screen: the viewport's framebuffer composed into the window.
         const auto grabbed = [&](const QPointF& scenePos) {
             const QImage image = view->screen()->grabWindow(view->winId()).toImage();
